@@ -45,13 +45,13 @@ struct SampleCareer {
     int starts = 0, wins = 0, poles = 0, podiums = 0;
     std::string points;
     int seasons = 0;
-    std::string firstSeason;         // empty for a driver who hasn't started
+    std::string firstSeason; // empty for a driver who hasn't started
     std::vector<std::string> titles; // years, in order
 };
 
 struct SampleChampion {
     std::string year, name, team;
-    std::string points;       // with a decimal point
+    std::string points; // with a decimal point
     std::string constructors; // champion team, empty before there was one
 };
 
