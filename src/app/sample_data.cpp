@@ -53,7 +53,7 @@ bool eachLine(std::string_view text, std::string &error, const Handler &handler)
         text.remove_prefix(std::min(end + 1, text.size()));
         if (content.empty() || content.front() == '#')
             continue;
-        if (const std::string wrong = handler(split(content)); !wrong.empty()) {
+        if (std::string wrong = handler(split(content)); !wrong.empty()) {
             error = "line " + std::to_string(number) + ": " + wrong;
             return false;
         }
@@ -160,7 +160,7 @@ public:
 private:
     std::string year(const Line &line)
     {
-        if (const std::string wrong = shape(line, 1, 1); !wrong.empty())
+        if (std::string wrong = shape(line, 1, 1); !wrong.empty())
             return wrong;
         if (!m_season.year.empty() || !isYear(line.fields[0]))
             return bad("season", line.fields[0]);
@@ -170,7 +170,7 @@ private:
 
     std::string scale(const Line &line)
     {
-        if (const std::string wrong = shape(line, m_season.scale.size(), m_season.scale.size()); !wrong.empty())
+        if (std::string wrong = shape(line, m_season.scale.size(), m_season.scale.size()); !wrong.empty())
             return wrong;
         for (std::size_t place = 0; place < m_season.scale.size(); ++place) {
             if (!isPoints(line.fields[place]))
@@ -182,7 +182,7 @@ private:
 
     std::string driver(const Line &line)
     {
-        if (const std::string wrong = shape(line, 5, 5); !wrong.empty())
+        if (std::string wrong = shape(line, 5, 5); !wrong.empty())
             return wrong;
         const int next = static_cast<int>(m_season.drivers.size()) + 1;
         const auto slot = number(line.fields[0], 1, 26);
@@ -198,7 +198,7 @@ private:
 
     std::string move(const Line &line)
     {
-        if (const std::string wrong = shape(line, 3, 3); !wrong.empty())
+        if (std::string wrong = shape(line, 3, 3); !wrong.empty())
             return wrong;
         const auto slot = number(line.fields[0], 1, static_cast<int>(m_season.drivers.size()));
         const auto gp = number(line.fields[2], 0, 19);
@@ -212,9 +212,9 @@ private:
 
     std::string race(const Line &line)
     {
-        if (const std::string wrong = shape(line, 3, 3); !wrong.empty())
+        if (std::string wrong = shape(line, 3, 3); !wrong.empty())
             return wrong;
-        if (const std::string wrong = incompleteRace(); !wrong.empty())
+        if (std::string wrong = incompleteRace(); !wrong.empty())
             return wrong;
         const int next = static_cast<int>(m_season.races.size());
         const auto gp = number(line.fields[0], 0, 19);
@@ -230,7 +230,7 @@ private:
 
     std::string pole(const Line &line)
     {
-        if (const std::string wrong = shape(line, 1, 1); !wrong.empty())
+        if (std::string wrong = shape(line, 1, 1); !wrong.empty())
             return wrong;
         if (!known(line.fields[0]))
             return bad("driver", line.fields[0]);
@@ -240,7 +240,7 @@ private:
 
     std::string grid(const Line &line)
     {
-        if (const std::string wrong = shape(line, 2, 27); !wrong.empty())
+        if (std::string wrong = shape(line, 2, 27); !wrong.empty())
             return wrong;
         auto &places = m_season.races.back().grid;
         const auto first = number(line.fields[0], 1, static_cast<int>(places.size()));
@@ -251,7 +251,7 @@ private:
 
     std::string finish(const Line &line)
     {
-        if (const std::string wrong = shape(line, 1, 8); !wrong.empty())
+        if (std::string wrong = shape(line, 1, 8); !wrong.empty())
             return wrong;
         return fill(m_season.races.back().finish, 0, line, 0);
     }
