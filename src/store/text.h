@@ -1,0 +1,17 @@
+#pragma once
+// Text is UTF-8 inside the program and Windows-1252 in the data files. All 256 bytes survive the way to UTF-8 and back:
+// the five that the code page leaves open (81 8D 8F 90 9D) stand for the control characters of the same number.
+#include <string>
+#include <string_view>
+
+namespace circuidex {
+
+std::string toUtf8(std::string_view codePage);
+
+// A character that the code page lacks becomes '?', and so does each byte that isn't valid UTF-8.
+std::string toCodePage(std::string_view utf8);
+
+// The same without a copy: ASCII comes back as it is, other text as a view of the scratch string.
+std::string_view toCodePage(std::string_view utf8, std::string &scratch);
+
+}
