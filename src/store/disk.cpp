@@ -1,0 +1,286 @@
+#include "store/disk.h"
+
+#include <atomic>
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace circuidex::disk {
+
+namespace {
+
+constexpr std::string_view ours = ".circuidex-"; // data files begin with "f1", or are the year marker
+constexpr std::string_view beingWritten = ".new";
+constexpr std::string_view keptOld = ".old";
+
+class Descriptor {
+public:
+    Descriptor(const std::string &path, int flags, mode_t mode = 0)
+    {
+        do
+            m_number = ::open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY, mode);
+        while (m_number < 0 && errno == EINTR);
+    }
+    ~Descriptor() { close(); }
+    Descriptor(const Descriptor &) = delete;
+    Descriptor &operator=(const Descriptor &) = delete;
+
+    explicit operator bool() const { return m_number >= 0; }
+    int number() const { return m_number; }
+    bool close()
+    {
+        const bool closed = m_number < 0 || ::close(m_number) == 0;
+        m_number = -1;
+        return closed;
+    }
+
+private:
+    int m_number = -1;
+};
+
+std::int64_t modifiedAt(const struct stat &info)
+{
+#ifdef __APPLE__
+    const timespec &at = info.st_mtimespec;
+#else
+    const timespec &at = info.st_mtim;
+#endif
+    return std::int64_t(at.tv_sec) * 1'000'000'000 + at.tv_nsec;
+}
+
+Stamp stampOf(const struct stat &info)
+{
+    const bool usable = S_ISREG(info.st_mode) && static_cast<std::uint64_t>(info.st_size) <= largest;
+    return {usable ? Kind::file : Kind::refused, static_cast<std::uint64_t>(info.st_size),
+            static_cast<std::uint64_t>(info.st_ino), modifiedAt(info)};
+}
+
+Stamp stampOfError(int error)
+{
+    const bool absent = error == ENOENT || error == ENOTDIR || error == ENAMETOOLONG;
+    return {absent ? Kind::missing : Kind::refused, 0, 0, 0};
+}
+
+Stamp refused(Stamp stamp)
+{
+    stamp.kind = Kind::refused;
+    return stamp;
+}
+
+bool writeAll(int descriptor, std::string_view bytes)
+{
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written <= 0)
+            return false;
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+bool readAll(int descriptor, std::size_t expected, std::string &bytes)
+{
+    bytes.resize(expected + 1); // one more, to see the end without another round
+    std::size_t filled = 0;
+    for (;;) {
+        const ssize_t got = ::read(descriptor, bytes.data() + filled, bytes.size() - filled);
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0)
+            return false;
+        if (got == 0)
+            break;
+        filled += static_cast<std::size_t>(got);
+        if (filled > largest)
+            return false;
+        if (filled == bytes.size())
+            bytes.resize(bytes.size() * 2);
+    }
+    bytes.resize(filled);
+    return true;
+}
+
+bool hollow(std::string_view bytes)
+{
+    return bytes.find_first_not_of('\0') == bytes.npos;
+}
+
+int syncData(int descriptor)
+{
+#ifdef __linux__
+    return ::fdatasync(descriptor);
+#else
+    return ::fsync(descriptor);
+#endif
+}
+
+std::string nameOf(const std::string &path)
+{
+    return path.substr(path.find_last_of('/') + 1);
+}
+
+std::string beside(const std::string &path, std::string_view name)
+{
+    return folderOf(path).append("/").append(ours).append(name);
+}
+
+std::string newName(const std::string &path)
+{
+    static std::atomic<unsigned> count = 0;
+    return beside(path, std::to_string(::getpid()) + "-" + std::to_string(++count)).append(beingWritten);
+}
+
+std::string oldName(const std::string &path)
+{
+    return beside(path, nameOf(path)).append(keptOld);
+}
+
+// A process that had our number may have been killed before its rename; its file is in the way.
+bool create(const std::string &path, std::string_view bytes, const struct stat *old, Stamp &after)
+{
+    ::unlink(path.c_str());
+    Descriptor file(path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, 0666);
+    struct stat info;
+    if (!file || ::fstat(file.number(), &info) != 0)
+        return false;
+    if (old && (old->st_uid != info.st_uid || old->st_gid != info.st_gid) &&
+        ::fchown(file.number(), old->st_uid, old->st_gid) != 0)
+        errno = 0; // the file then belongs to who writes it
+    if (old && (old->st_mode & 07777) != (info.st_mode & 07777) && ::fchmod(file.number(), old->st_mode & 07777) != 0)
+        return false;
+    if (!writeAll(file.number(), bytes) || ::fstat(file.number(), &info) != 0)
+        return false;
+    after = stampOf(info);
+    return file.close();
+}
+
+}
+
+Stamp look(const std::string &path)
+{
+    struct stat info;
+    return ::stat(path.c_str(), &info) == 0 ? stampOf(info) : stampOfError(errno);
+}
+
+Stamp read(const std::string &path, std::string &bytes)
+{
+    bytes.clear();
+    Descriptor file(path, O_RDONLY | O_NONBLOCK);
+    if (!file)
+        return errno == ENOENT || errno == ENOTDIR || errno == ENAMETOOLONG ? Stamp() : refused(look(path));
+    struct stat info;
+    if (::fstat(file.number(), &info) != 0)
+        return refused(Stamp());
+    const Stamp stamp = stampOf(info);
+    if (stamp.kind != Kind::file || readAll(file.number(), stamp.size, bytes))
+        return stamp;
+    bytes.clear();
+    return refused(stamp);
+}
+
+bool young(const Stamp &stamp)
+{
+    timespec now = {};
+    ::clock_gettime(CLOCK_REALTIME, &now);
+    const std::int64_t age = std::int64_t(now.tv_sec) * 1'000'000'000 + now.tv_nsec - stamp.modified;
+    return stamp.kind == Kind::file && std::llabs(age) < 100'000'000;
+}
+
+std::string target(const std::string &path)
+{
+    std::string at = path;
+    for (int step = 0; step < 40; ++step) {
+        char link[4096];
+        const ssize_t length = ::readlink(at.c_str(), link, sizeof link);
+        if (length <= 0 || static_cast<std::size_t>(length) == sizeof link)
+            return at;
+        const std::string_view to(link, static_cast<std::size_t>(length));
+        at = to.front() == '/' ? std::string(to) : folderOf(at).append("/").append(to);
+    }
+    return path; // links in a circle: opening it fails
+}
+
+bool replace(const std::string &path, std::string_view bytes, Stamp &after)
+{
+    struct stat old;
+    const bool exists = ::stat(path.c_str(), &old) == 0;
+    if (exists ? !S_ISREG(old.st_mode) || ::access(path.c_str(), W_OK) != 0 : errno != ENOENT)
+        return false;
+    const std::string fresh = newName(path);
+    if (create(fresh, bytes, exists ? &old : nullptr, after) && ::rename(fresh.c_str(), path.c_str()) == 0)
+        return true;
+    ::unlink(fresh.c_str());
+    return false;
+}
+
+bool keepOld(const std::string &path)
+{
+    const std::string old = oldName(path);
+    if (::link(path.c_str(), old.c_str()) == 0)
+        return true;
+    // What a killed program held on to gives way to what is in the file now, once that is surely on the disk.
+    std::string bytes;
+    return errno == EEXIST && read(path, bytes).kind == Kind::file && !hollow(bytes) && syncFile(path) &&
+        ::unlink(old.c_str()) == 0 && ::link(path.c_str(), old.c_str()) == 0;
+}
+
+void dropOld(const std::string &path)
+{
+    ::unlink(oldName(path).c_str());
+}
+
+Stamp readOrOld(const std::string &path, std::string &bytes, bool &fromOld)
+{
+    const Stamp stamp = read(path, bytes);
+    std::string old;
+    fromOld = stamp.kind == Kind::file && hollow(bytes) && read(oldName(target(path)), old).kind == Kind::file &&
+        !hollow(old);
+    if (fromOld)
+        bytes = std::move(old);
+    return stamp;
+}
+
+bool syncFile(const std::string &path)
+{
+    const Descriptor file(path, O_RDONLY | O_NONBLOCK);
+    return file && syncData(file.number()) == 0;
+}
+
+bool syncFolder(const std::string &path)
+{
+    const Descriptor folder(path, O_RDONLY | O_DIRECTORY);
+    return folder && ::fsync(folder.number()) == 0;
+}
+
+std::string folderOf(const std::string &path)
+{
+    const auto slash = path.find_last_of('/');
+    return slash == path.npos ? "." : slash == 0 ? "/" : path.substr(0, slash);
+}
+
+void tidy(const std::string &folder)
+{
+    DIR *const open = ::opendir(folder.c_str());
+    if (!open)
+        return;
+    while (const dirent *entry = ::readdir(open)) {
+        const std::string_view name = entry->d_name;
+        const std::string path = std::string(folder).append("/").append(name);
+        struct stat info;
+        // Another program that runs now needs its own for a moment only.
+        if (name.starts_with(ours) && name.ends_with(beingWritten) && ::lstat(path.c_str(), &info) == 0 &&
+            S_ISREG(info.st_mode) && std::time(nullptr) - info.st_mtime > 60)
+            ::unlink(path.c_str());
+    }
+    ::closedir(open);
+}
+
+}

@@ -1,0 +1,55 @@
+#pragma once
+// Whole files: read at once, replaced at once, carried through to the disk. What a kill and a power cut leave behind
+// is told in docs/durability.md. Paths are of the system's own bytes; no function throws or blocks on a device.
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace circuidex::disk {
+
+inline constexpr std::size_t largest = std::size_t(64) << 20; // bytes; a file beyond that is refused
+
+enum class Kind { missing, file, refused }; // refused: a folder, a device, too large, or not to be read
+
+// What tells one content of a file from the next without reading it.
+struct Stamp {
+    Kind kind = Kind::missing;
+    std::uint64_t size = 0;
+    std::uint64_t inode = 0;
+    std::int64_t modified = 0; // nanoseconds
+    bool operator==(const Stamp &) const = default;
+};
+
+Stamp look(const std::string &path);
+
+// `bytes` is empty unless the answer is a file.
+Stamp read(const std::string &path, std::string &bytes);
+
+// True for a stamp so young that the file may change again without changing the stamp: the clock of a file system ticks
+// every few milliseconds.
+bool young(const Stamp &stamp);
+
+// The file that a path stands for when it is a symbolic link, also one that leads nowhere yet; otherwise the path.
+std::string target(const std::string &path);
+
+// Puts a new file with these bytes in the place of the old one, which stays whole when a step fails; keeps its access
+// mode. A file that may not be written is not replaced either.
+bool replace(const std::string &path, std::string_view bytes, Stamp &after);
+
+// Holds on to the present content beside the file, at no cost, until dropOld(). False when there is nothing to hold on
+// to or no way to; what is held already stays when the file itself is hollow.
+bool keepOld(const std::string &path);
+void dropOld(const std::string &path);
+
+// Reads the file; one that a power cut left hollow, empty or nothing but zeros, as the content held on to.
+Stamp readOrOld(const std::string &path, std::string &bytes, bool &fromOld);
+
+bool syncFile(const std::string &path);
+bool syncFolder(const std::string &path);
+
+std::string folderOf(const std::string &path);
+
+// Removes what a killed program left of a write in this folder.
+void tidy(const std::string &folder);
+
+}

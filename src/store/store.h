@@ -1,0 +1,78 @@
+#pragma once
+// The data files of the program folder: f1<stem>.ini, one a season and a few of other roles. There is no other memory:
+// a screen reads a key when it needs it and writes a changed key at once.
+//
+// Text is UTF-8 here and Windows-1252 in the files; a character that the code page lacks becomes '?'.
+#include "store/disk.h"
+#include "store/key_file.h"
+#include "store/number.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace circuidex {
+
+class Store {
+public:
+    explicit Store(std::filesystem::path folder, Numbers numbers = Numbers());
+    ~Store();
+    Store(const Store &) = delete;
+    Store &operator=(const Store &) = delete;
+
+    // The value, cut to 254 characters; empty for a key, section or file that doesn't exist or can't be read, and for a
+    // stem with a path separator or "..". Never creates anything.
+    std::string LireINI(std::string_view stem, std::string_view section, std::string_view key) const;
+
+    // The file holds the value when the call returns; the first write creates it. A write that can't be made leaves the
+    // file as it was and raises writesLost(). Line breaks in a value become blanks: a value is one line.
+    void EcrireINI(std::string_view stem, std::string_view section, std::string_view key, std::string_view value);
+
+    // The season that the next start opens: the text of the file "Année" up to the first comma, empty without one.
+    std::string yearMarker() const;
+    void setYearMarker(std::string_view year);
+
+    // The same two for a section, a key and a value that are bytes of the code page already. The bytes are stored as
+    // they are, line breaks included.
+    std::string readBytes(std::string_view stem, std::string_view section, std::string_view key) const;
+    void writeBytes(std::string_view stem, std::string_view section, std::string_view key, std::string_view value);
+
+    // True from a write that failed until the next one that succeeds: the main screen then says that changes aren't
+    // kept.
+    bool writesLost() const { return m_writesLost; }
+
+    // Files are parsed once and kept. A change made by another program is seen at the first read of the next moment; a
+    // moment ends by itself after a tick of the system's coarse clock (4 ms or less), or by this call.
+    void newMoment() { m_moment++; }
+
+    // Carries what was written since the last call through to the disk itself, so that a power cut can't take it.
+    // Called at the end of each user action; the writes themselves only reach the operating system.
+    void settle();
+
+    const std::filesystem::path &folder() const { return m_folder; }
+    const Numbers &numbers() const { return m_numbers; }
+    void setNumbers(Numbers numbers) { m_numbers = numbers; }
+
+private:
+    struct Entry;
+    Entry *entry(std::string_view stem) const;
+    void refresh(Entry &entry, bool beforeWrite) const;
+    std::string_view value(std::string_view stem, std::string_view section, std::string_view key) const;
+    bool replace(const std::string &path, std::string_view bytes, disk::Stamp &after);
+
+    std::filesystem::path m_folder;
+    Numbers m_numbers;
+    mutable std::map<std::string, std::unique_ptr<Entry>, std::less<>> m_files; // by stem
+    mutable Entry *m_lastUsed = nullptr; // nearly always the one asked for
+    mutable std::string m_section, m_key; // room for the names of one call in the code page
+    std::vector<std::string> m_unsettled; // paths of the files written since settle()
+    std::uint64_t m_moment = 1;
+    bool m_writesLost = false;
+    bool m_tidied = false;
+};
+
+}
