@@ -1,0 +1,354 @@
+#include "app/driver.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QFile>
+#include <QPixmap>
+#include <QRegularExpression>
+
+#include <functional>
+#include <map>
+
+namespace circuidex {
+
+namespace {
+
+const QString ok = QStringLiteral("ok");
+
+QString error(const QString &reason)
+{
+    return QStringLiteral("error: ") + reason;
+}
+
+// A text in one line.
+QString escaped(QString text)
+{
+    return text.replace(u'\\', QLatin1String("\\\\"))
+        .replace(u'\n', QLatin1String("\\n"))
+        .replace(u'\r', QLatin1String("\\r"))
+        .replace(u'\t', QLatin1String("\\t"));
+}
+
+QString unescaped(const QString &text)
+{
+    QString plain;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text.at(i) != u'\\' || i + 1 == text.size()) {
+            plain += text.at(i);
+            continue;
+        }
+        const QChar next = text.at(++i);
+        plain += next == u'n' ? u'\n' : next == u't' ? u'\t' : next == u'r' ? u'\r' : next;
+    }
+    return plain;
+}
+
+QString list(QStringList texts)
+{
+    for (QString &text : texts)
+        text = escaped(text);
+    return texts.join(u'\t');
+}
+
+QString number(double value)
+{
+    return QString::number(value, 'g', 12);
+}
+
+QString colour(const std::optional<QColor> &colour)
+{
+    return colour ? colour->name().toUpper() : QStringLiteral("default");
+}
+
+// "f12005.ini" is the file of the stem "2005".
+std::optional<std::string> stemOf(const QString &file)
+{
+    if (!file.startsWith(u"f1") || !file.endsWith(u".ini"))
+        return std::nullopt;
+    return file.mid(2, file.size() - 6).toStdString();
+}
+
+void runEvents(int milliseconds)
+{
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, Qt::PreciseTimer, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+// The command, the first word of the argument, and what follows it.
+struct Words {
+    QString first, rest;
+};
+
+Words split(const QString &text)
+{
+    const qsizetype blank = text.indexOf(u' ');
+    return blank < 0 ? Words{text, {}} : Words{text.left(blank), text.mid(blank + 1)};
+}
+
+bool saveTables(const Screen &screen, const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        return false;
+    file.write((screen.title() + u'\n').toUtf8());
+    for (const Table *table : screen.tables())
+        file.write((u'\n' + table->asText()).toUtf8());
+    return true;
+}
+
+}
+
+void QueuedDialogs::message(const std::string &text)
+{
+    shown << QString::fromStdString(text);
+}
+
+bool QueuedDialogs::question(const std::string &text)
+{
+    shown << QString::fromStdString(text);
+    if (answers.empty())
+        return false;
+    const QString answer = answers.front();
+    answers.pop_front();
+    return answer.compare(u"oui", Qt::CaseInsensitive) == 0 || answer.compare(u"yes", Qt::CaseInsensitive) == 0;
+}
+
+std::optional<std::string> QueuedDialogs::chooseFile(const std::string &, const std::string &)
+{
+    if (answers.empty())
+        return std::nullopt;
+    const QString answer = answers.front();
+    answers.pop_front();
+    return answer.isEmpty() ? std::nullopt : std::optional(answer.toStdString());
+}
+
+void RecordingPlatform::print(QWidget &, const QString &name)
+{
+    calls << QStringLiteral("print ") + name;
+}
+
+void RecordingPlatform::play(const QString &path)
+{
+    calls << QStringLiteral("play ") + path;
+}
+
+void RecordingPlatform::startProgram(const QString &path)
+{
+    calls << QStringLiteral("start ") + path;
+}
+
+void RecordingPlatform::openAddress(const QString &address)
+{
+    calls << QStringLiteral("open ") + address;
+}
+
+Driver::Driver(const std::filesystem::path &folder, Numbers numbers) :
+    m_program(folder, numbers, m_dialogs, m_platform)
+{
+}
+
+std::optional<QString> Driver::execute(const QString &line)
+{
+    if (line.trimmed().isEmpty() || line.startsWith(u'#'))
+        return std::nullopt;
+    const Words words = split(line);
+    QString answer;
+    if (auto found = dispatch(words.first, words.rest))
+        answer = *std::move(found);
+    else if (auto onScreen = onScreens(words.first, words.rest))
+        answer = *std::move(onScreen);
+    else if (auto onFile = onFiles(words.first, words.rest))
+        answer = *std::move(onFile);
+    else
+        answer = onControl(words.first, words.rest).value_or(error(QStringLiteral("no such command: ") + words.first));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // screens that closed are gone
+    m_program.settle();
+    return answer;
+}
+
+std::optional<QString> Driver::dispatch(const QString &command, const QString &arguments)
+{
+    if (command == u"start") {
+        m_program.start();
+        return ok;
+    }
+    if (command == u"quit") {
+        m_ended = true;
+        return ok;
+    }
+    if (command == u"windows")
+        return m_program.screens().openNames().join(u'\t');
+    if (command == u"screens") {
+        QStringList names;
+        for (const ScreenRow &row : m_program.screens().rows())
+            names << row.name;
+        return names.join(u'\t');
+    }
+    if (command == u"messages")
+        return list(std::exchange(m_dialogs.shown, {}));
+    if (command == u"calls")
+        return list(std::exchange(m_platform.calls, {}));
+    if (command == u"answer") {
+        m_dialogs.answers.push_back(unescaped(arguments));
+        return ok;
+    }
+    if (command == u"wait") {
+        runEvents(std::clamp(arguments.toInt(), 0, 600000));
+        return ok;
+    }
+    if (command == u"settle") {
+        QElapsedTimer elapsed;
+        elapsed.start();
+        QCoreApplication::processEvents();
+        while (m_program.screens().timersPending()) {
+            if (elapsed.hasExpired(60000))
+                return error(QStringLiteral("timers don't come to rest"));
+            QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+        }
+        return ok;
+    }
+    return std::nullopt;
+}
+
+std::optional<QString> Driver::onScreens(const QString &command, const QString &argument)
+{
+    static const QStringList commands{QStringLiteral("open"),     QStringLiteral("close"), QStringLiteral("isopen"),
+                                      QStringLiteral("controls"), QStringLiteral("title"), QStringLiteral("shot"),
+                                      QStringLiteral("tables"),   QStringLiteral("pointer")};
+    if (!commands.contains(command))
+        return std::nullopt;
+    const Words words = split(argument);
+    Screens &screens = m_program.screens();
+    if (!screens.exists(words.first))
+        return error(QStringLiteral("no such screen: ") + words.first);
+    if (command == u"open") {
+        screens.openFromMenu(words.first);
+        return ok;
+    }
+    if (command == u"close") {
+        screens.close(words.first);
+        return ok;
+    }
+    Screen *screen = screens.find(words.first);
+    if (command == u"isopen")
+        return screen ? QStringLiteral("yes") : QStringLiteral("no");
+    if (command == u"title")
+        for (const ScreenRow &row : screens.rows())
+            if (row.name == words.first && !screen)
+                return escaped(row.title);
+    if (!screen)
+        return error(QStringLiteral("not open: ") + words.first);
+    if (command == u"title")
+        return escaped(screen->title());
+    if (command == u"controls")
+        return screen->controlNames().join(u'\t');
+    if (command == u"pointer")
+        return screen->waiting() ? QStringLiteral("wait") : QStringLiteral("normal");
+    if (command == u"tables")
+        return saveTables(*screen, words.rest) ? ok : error(QStringLiteral("can't write ") + words.rest);
+    return screen->grab().save(words.rest, "PNG") ? ok : error(QStringLiteral("can't write ") + words.rest);
+}
+
+std::optional<QString> Driver::onFiles(const QString &command, const QString &argument)
+{
+    if (command != u"read" && command != u"write")
+        return std::nullopt;
+    static const QRegularExpression form(QStringLiteral(R"(^(\S+) \[([^\]]*)\] (.*)$)"));
+    const auto match = form.match(argument);
+    const auto stem = stemOf(match.captured(1));
+    if (!match.hasMatch() || !stem)
+        return error(QStringLiteral("expected: f1<stem>.ini [section] key"));
+    const std::string section = unescaped(match.captured(2)).toStdString();
+    const QString key = match.captured(3);
+    if (command == u"read")
+        return escaped(QString::fromStdString(m_program.store().LireINI(*stem, section, unescaped(key).toStdString())));
+    const qsizetype equals = key.indexOf(u'=');
+    if (equals < 0)
+        return error(QStringLiteral("expected: key=value"));
+    m_program.store().EcrireINI(*stem, section, unescaped(key.left(equals)).toStdString(),
+                                unescaped(key.mid(equals + 1)).toStdString());
+    return ok;
+}
+
+Control *Driver::find(const QString &reference, QString &reason) const
+{
+    static const QRegularExpression form(QStringLiteral(R"(^(\w+)\.([^(]+)(?:\((-?\d+)\))?$)"));
+    const auto match = form.match(reference);
+    const Screens &screens = m_program.screens();
+    if (!match.hasMatch() || !screens.exists(match.captured(1))) {
+        reason = error(QStringLiteral("no such screen or control: ") + reference);
+        return nullptr;
+    }
+    const Screen *screen = screens.find(match.captured(1));
+    if (!screen) {
+        reason = error(QStringLiteral("not open: ") + match.captured(1));
+        return nullptr;
+    }
+    const auto index = match.capturedLength(3) > 0 ? std::optional(match.captured(3).toInt()) : std::nullopt;
+    Control *control = screen->control(match.captured(2), index);
+    if (!control)
+        reason = error(QStringLiteral("no such control: ") + reference);
+    return control;
+}
+
+// "FormN.Name(a..b)": the texts of the cells a to b.
+QString Driver::run(const QString &reference) const
+{
+    static const QRegularExpression form(QStringLiteral(R"(^(.+)\((-?\d+)\.\.(-?\d+)\)$)"));
+    const auto match = form.match(reference);
+    QStringList texts;
+    for (int i = match.captured(2).toInt(); i <= match.captured(3).toInt() && texts.size() < 10000; ++i) {
+        QString reason;
+        const Control *control = find(QStringLiteral("%1(%2)").arg(match.captured(1)).arg(i), reason);
+        if (!control)
+            return reason;
+        texts << control->text();
+    }
+    return list(texts);
+}
+
+std::optional<QString> Driver::onControl(const QString &command, const QString &argument)
+{
+    using Handler = std::function<QString(Control &, const QString &)>;
+    static const std::map<QString, Handler> handlers{
+        {QStringLiteral("get"), [](Control &c, const QString &) { return escaped(c.text()); }},
+        {QStringLiteral("tag"), [](Control &c, const QString &) { return escaped(c.tag); }},
+        {QStringLiteral("tip"), [](Control &c, const QString &) { return escaped(c.tip()); }},
+        {QStringLiteral("back"), [](Control &c, const QString &) { return colour(c.back()); }},
+        {QStringLiteral("fore"), [](Control &c, const QString &) { return colour(c.fore()); }},
+        {QStringLiteral("press"), [](Control &c, const QString &) { c.press(); return ok; }},
+        {QStringLiteral("double"), [](Control &c, const QString &) { c.doubleClick(); return ok; }},
+        {QStringLiteral("hover"), [](Control &c, const QString &) { c.hover(); return ok; }},
+        {QStringLiteral("key"), [](Control &c, const QString &key) { c.key(key); return ok; }},
+        {QStringLiteral("set"), [](Control &c, const QString &text) { c.setText(unescaped(text)); return ok; }},
+        {QStringLiteral("geom"),
+         [](Control &c, const QString &) {
+             const TwipRect r = c.geometry();
+             return QStringList{number(r.left), number(r.top), number(r.width), number(r.height)}.join(u'\t');
+         }},
+        {QStringLiteral("line"),
+         [](Control &c, const QString &) {
+             const auto l = c.line();
+             if (!l)
+                 return error(QStringLiteral("not a line"));
+             return QStringList{number(l->x1), number(l->y1), number(l->x2), number(l->y2), number(l->width)}.join(u'\t');
+         }},
+    };
+    const auto handler = handlers.find(command);
+    if (handler == handlers.end())
+        return std::nullopt;
+    const Words words = split(argument);
+    if (command == u"get" && words.first.contains(QLatin1String("..")))
+        return run(words.first);
+    if (command == u"geom" && m_program.screens().isOpen(words.first)) { // of the window itself
+        const TwipRect r = m_program.screens().find(words.first)->place();
+        return QStringList{number(r.left), number(r.top), number(r.width), number(r.height)}.join(u'\t');
+    }
+    QString reason;
+    Control *control = find(words.first, reason);
+    return control ? handler->second(*control, words.rest) : reason;
+}
+
+}

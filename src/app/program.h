@@ -1,0 +1,40 @@
+#pragma once
+// The running program: the store of its folder, the main screen's record, and all its screens.
+#include "results/main_screen.h"
+#include "shell/screens.h"
+
+#include <filesystem>
+#include <memory>
+
+namespace circuidex {
+
+class Program {
+public:
+    Program(std::filesystem::path folder, Numbers numbers, Dialogs &dialogs, Platform &platform);
+    ~Program();
+
+    Store &store() { return m_store; }
+    Screens &screens() { return m_screens; }
+    Context &context() { return m_context; }
+
+    // Loads the main screen, as a start does.
+    void start();
+
+    // Between two actions of the user: what was written goes to the disk itself, and the main screen says so if a write
+    // was lost.
+    void settle();
+
+private:
+    Store m_store;
+    MainScreen m_main;
+    Screens m_screens;
+    Context m_context;
+};
+
+// The folder of the executable when it can be written, otherwise "Circuidex" in the user's data folder, made if need be.
+std::filesystem::path programFolder();
+
+// The user's decimal separator, from LC_ALL, LC_NUMERIC and LANG.
+Numbers userNumbers();
+
+}

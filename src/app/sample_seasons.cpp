@@ -1,0 +1,193 @@
+// Makes the sample program folder: records the real results of data/ race by race through the program's own recording,
+// careers and past winners included. 2005 lacks its last race, so that a newcomer has a real one to record.
+//
+//     sample-seasons DATA FOLDER
+#include "app/sample_data.h"
+#include "results/grid.h"
+#include "results/navigation.h"
+#include "results/recording.h"
+#include "store/archive.h"
+
+#include <cstdio>
+#include <fstream>
+#include <map>
+#include <sstream>
+
+using namespace circuidex;
+
+namespace {
+
+// A sample recording has nothing to ask; whatever is said is a fault of the data.
+class Faults : public Dialogs {
+public:
+    void message(const std::string &text) override { said += text + "\n"; }
+    bool question(const std::string &) override { return false; }
+    std::optional<std::string> chooseFile(const std::string &, const std::string &) override { return std::nullopt; }
+    std::string said;
+};
+
+std::string fileText(const std::string &path)
+{
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+template <class T>
+T parsed(const std::string &path, std::optional<T> (*parse)(std::string_view, std::string &))
+{
+    std::string error;
+    auto result = parse(fileText(path), error);
+    if (!result) {
+        std::fprintf(stderr, "%s: %s\n", path.c_str(), error.c_str());
+        std::exit(1);
+    }
+    return *std::move(result);
+}
+
+// What a driver brings into a season, by his name.
+using Careers = std::map<std::string, SampleCareer>;
+
+void enterPast(Store &store, const std::string &data)
+{
+    for (const SampleWin &win : parsed(data + "/vainqueurs.txt", parseSampleWins))
+        archiveWinner(store, win.race, win.year, win.name);
+    const Season archive(store, std::string(keys::ARCHIVES));
+    for (const SampleChampion &champion : parsed(data + "/champions.txt", parseSampleChampions))
+        archive.write(keys::GP, keys::join("championdumd", champion.year), champion.name);
+}
+
+void enterDriver(const Season &season, const SampleDriver &driver, const SampleCareer &career)
+{
+    const auto write = [&](std::string_view prefix, const std::string &text) {
+        season.write(keys::N, keys::driver(prefix, driver.slot), text);
+    };
+    std::string titles;
+    for (const std::string &year : career.titles)
+        titles += "-" + year;
+    write("N°", std::to_string(driver.slot));
+    write("age", driver.birth);
+    write("nom", driver.name);
+    write("nbpts", "0");
+    write("champion", titles);
+    write("vic", std::to_string(career.wins));
+    write("pol", std::to_string(career.poles));
+    write("natio", driver.nationality);
+    write("ptstot", career.points.empty() ? "0" : career.points);
+    write("ecurie", driver.team);
+    write("nbgp", std::to_string(career.starts));
+    write("podiums", std::to_string(career.podiums));
+    season.write(keys::gp, keys::noo(driver.name), std::to_string(career.seasons + 1));
+}
+
+void enterCalendar(const Season &season, const SampleSeason &sample)
+{
+    for (std::size_t k = 0; k < sample.races.size(); ++k) {
+        season.write(keys::gp, keys::namegp(static_cast<int>(k)), sample.races[k].name);
+        season.write(keys::gp, keys::dategp(sample.races[k].name), sample.races[k].date);
+    }
+}
+
+void record(MainScreen &main, const SampleSeason &sample, int slot)
+{
+    const Season season = main.season();
+    const SampleRace &race = sample.races[static_cast<std::size_t>(slot)];
+    const auto number = [&](const std::string &name) {
+        const auto found = driverNamed(season, name);
+        return found ? std::to_string(*found) : std::string();
+    };
+    for (const SampleMove &move : sample.moves)
+        if (move.gp == slot)
+            season.write(keys::N, keys::driver("ecurie", move.slot), move.team);
+    main.Label40.set(std::to_string(slot));
+    main.gp.set(race.name);
+    main.dat.set(race.date);
+    main.Text41.set("");
+    for (int place = 1; place <= classifiedPlaces; ++place)
+        main.number(place).set(number(race.finish[static_cast<std::size_t>(place - 1)]));
+    main.Text39.set(number(race.pole));
+    storeGrid(season, race.name, race.grid);
+    recordGrandPrix(main);
+}
+
+// The careers after a season, with one more season behind each driver.
+Careers careersAfter(const Season &season, const SampleSeason &sample, Careers before)
+{
+    for (const SampleDriver &driver : sample.drivers) {
+        const auto whole = [&](std::string_view prefix) {
+            return static_cast<int>(season.numbers().value(season.driver(prefix, driver.slot)).value_or(0));
+        };
+        SampleCareer &career = before[driver.name];
+        career.starts = whole("nbgp");
+        career.wins = whole("vic");
+        career.poles = whole("pol");
+        career.podiums = whole("podiums");
+        career.points = season.driver("ptstot", driver.slot);
+        career.seasons += 1;
+    }
+    return before;
+}
+
+// The leader of the points takes the title of a complete season.
+void crown(const Season &season, const SampleSeason &sample, Careers &careers)
+{
+    const SampleDriver *leader = nullptr;
+    double most = -1;
+    for (const SampleDriver &driver : sample.drivers) {
+        const double points = season.numbers().value(season.driver("nbpts", driver.slot)).value_or(0);
+        if (points > most) {
+            most = points;
+            leader = &driver;
+        }
+    }
+    if (!leader)
+        return;
+    const std::string titles = season.driver("champion", leader->slot) + "-" + sample.year;
+    season.write(keys::N, keys::driver("champion", leader->slot), titles);
+    Season(season.store(), std::string(keys::ARCHIVES))
+        .write(keys::GP, keys::join("championdumd", sample.year), leader->name);
+    careers[leader->name].titles.push_back(sample.year);
+}
+
+}
+
+int main(int argc, char **argv)
+{
+    if (argc != 3) {
+        std::fputs("usage: sample-seasons DATA FOLDER\n", stderr);
+        return 2;
+    }
+    const std::string data = argv[1];
+    Store store(argv[2]);
+    Faults faults;
+    enterPast(store, data);
+    Careers careers;
+    for (const SampleCareer &career : parsed(data + "/carrieres.txt", parseSampleCareers))
+        careers[career.name] = career;
+    for (const std::string year : {"2003", "2004", "2005"}) {
+        const SampleSeason sample = parsed(data + "/" + year + ".saison", parseSampleSeason);
+        MainScreen main(store, faults);
+        main.an.set(year);
+        const Season season = main.season();
+        storeScale(season, sample.scale);
+        for (const SampleDriver &driver : sample.drivers)
+            enterDriver(season, driver, careers[driver.name]);
+        enterCalendar(season, sample);
+        const bool complete = year != "2005";
+        const int races = static_cast<int>(sample.races.size()) - (complete ? 0 : 1);
+        for (int slot = 0; slot < races; ++slot)
+            record(main, sample, slot);
+        if (complete) {
+            careers = careersAfter(season, sample, std::move(careers));
+            crown(season, sample, careers);
+        }
+    }
+    store.setYearMarker("2005");
+    store.settle();
+    if (!faults.said.empty() || store.writesLost()) {
+        std::fprintf(stderr, "the sample seasons are not whole: %s\n", faults.said.c_str());
+        return 1;
+    }
+    return 0;
+}

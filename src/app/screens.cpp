@@ -1,0 +1,36 @@
+#include "app/screens.h"
+
+#include "results/form12_podium.h"
+#include "results/form1_main.h"
+#include "results/form30_scale.h"
+#include "results/form48_grid.h"
+#include "results/form49_assistants.h"
+#include "results/form4_open_grand_prix.h"
+
+namespace circuidex {
+
+namespace {
+
+template <class S>
+Screen *make(Context &context, const QString &name, const QString &title)
+{
+    return new S(context, name, title);
+}
+
+}
+
+std::vector<ScreenRow> screenRows()
+{
+    const auto text = [](const char *utf8) { return QString::fromUtf8(utf8); };
+    return {
+        {text("Form1"), text(" .:Circuidex:. "), make<Form1>},
+        {text("Form4"), text("Ouverture de Grand-Prix"), make<Form4>},
+        {text("Form12"), text("Podium"), make<Form12>},
+        {text("Form30"), text("Barème d'attribution des points des 8 premiers"), make<Form30>},
+        {text("Form40"), text("Eenregistrement de Grand-Prix"), make<Form40>},
+        {text("Form48"), text("Grille de Départ"), make<Form48>},
+        {text("Form49"), text("Enregistrement de la Grille de Départ"), make<Form49>},
+    };
+}
+
+}

@@ -1,0 +1,9 @@
+#pragma once
+// The table of all screens of the program.
+#include "shell/screens.h"
+
+namespace circuidex {
+
+std::vector<ScreenRow> screenRows();
+
+}

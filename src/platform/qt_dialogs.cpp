@@ -1,0 +1,48 @@
+#include "platform/qt_dialogs.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+
+namespace circuidex {
+
+namespace {
+
+void present(QMessageBox &box, const std::string &text)
+{
+    box.setWindowTitle(QStringLiteral("Circuidex"));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(QString::fromStdString(text));
+    box.setWindowFlag(Qt::WindowStaysOnTopHint);
+}
+
+}
+
+void QtDialogs::message(const std::string &text)
+{
+    QMessageBox box(QApplication::activeWindow());
+    present(box, text);
+    box.setIcon(QMessageBox::Information);
+    box.addButton(QStringLiteral("OK"), QMessageBox::AcceptRole);
+    box.exec();
+}
+
+bool QtDialogs::question(const std::string &text)
+{
+    QMessageBox box(QApplication::activeWindow());
+    present(box, text);
+    box.setIcon(QMessageBox::Question);
+    const auto *yes = box.addButton(QStringLiteral("Oui"), QMessageBox::YesRole);
+    box.addButton(QStringLiteral("Non"), QMessageBox::NoRole);
+    box.exec();
+    return box.clickedButton() == yes;
+}
+
+std::optional<std::string> QtDialogs::chooseFile(const std::string &title, const std::string &filter)
+{
+    const QString path = QFileDialog::getOpenFileName(QApplication::activeWindow(), QString::fromStdString(title), {},
+                                                      QString::fromStdString(filter));
+    return path.isEmpty() ? std::nullopt : std::optional(path.toStdString());
+}
+
+}

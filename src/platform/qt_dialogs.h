@@ -1,0 +1,14 @@
+#pragma once
+// Message boxes, questions and file choices of the window system, in French, above the program's own windows.
+#include "shell/dialogs.h"
+
+namespace circuidex {
+
+class QtDialogs : public Dialogs {
+public:
+    void message(const std::string &text) override;
+    bool question(const std::string &text) override;
+    std::optional<std::string> chooseFile(const std::string &title, const std::string &filter) override;
+};
+
+}

@@ -1,0 +1,54 @@
+#include "platform/qt_platform.h"
+
+#include <QDesktopServices>
+#include <QPageLayout>
+#include <QPainter>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QProcess>
+#include <QUrl>
+#include <QWidget>
+
+namespace circuidex {
+
+bool printScreen(QWidget &screen, const QString &pdfFile)
+{
+    if (pdfFile.isEmpty() && QPrinterInfo::defaultPrinter().isNull())
+        return false;
+    QPrinter printer(QPrinter::HighResolution);
+    if (!pdfFile.isEmpty()) {
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(pdfFile);
+    }
+    printer.setPageOrientation(screen.width() > screen.height() ? QPageLayout::Landscape : QPageLayout::Portrait);
+    QPainter painter;
+    if (!painter.begin(&printer))
+        return false;
+    const QRectF page = printer.pageRect(QPrinter::DevicePixel);
+    const double scale = std::min(page.width() / screen.width(), page.height() / screen.height());
+    painter.scale(scale, scale);
+    screen.render(&painter);
+    return painter.end();
+}
+
+void QtPlatform::print(QWidget &screen, const QString &)
+{
+    printScreen(screen);
+}
+
+void QtPlatform::play(const QString &path)
+{
+    QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+}
+
+void QtPlatform::startProgram(const QString &path)
+{
+    QProcess::startDetached(path, {});
+}
+
+void QtPlatform::openAddress(const QString &address)
+{
+    QDesktopServices::openUrl(QUrl(address));
+}
+
+}

@@ -1,0 +1,29 @@
+#include "results/grid.h"
+
+namespace circuidex {
+
+Grid loadGrid(const Season &season, std::string_view gpName)
+{
+    Grid grid;
+    for (int place = 1; place <= gridPlaces; ++place)
+        grid[static_cast<std::size_t>(place - 1)] = season.grille(place, gpName);
+    return grid;
+}
+
+void storeGrid(const Season &season, std::string_view gpName, const Grid &grid)
+{
+    for (int place = 1; place <= gridPlaces; ++place)
+        season.write(keys::N, keys::grilledepart(gpName, place), grid[static_cast<std::size_t>(place - 1)]);
+}
+
+std::optional<int> driverNamed(const Season &season, std::string_view name)
+{
+    if (name.empty())
+        return std::nullopt;
+    for (int number = 0; number <= driverSlots + 1; ++number)
+        if (season.nom(number) == name)
+            return number;
+    return std::nullopt;
+}
+
+}

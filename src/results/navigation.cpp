@@ -1,0 +1,141 @@
+#include "results/navigation.h"
+
+#include <algorithm>
+
+namespace circuidex {
+
+namespace {
+
+constexpr int lastSlot = gpSlots - 1;
+
+void showCircuitPicture(MainScreen &main)
+{
+    const std::string &gpName = main.gp.text();
+    main.Labell.set(main.store.LireINI(keys::galerie, keys::gp, keys::picgp(gpName)));
+    std::string shown = main.surroundings.findPicture(main.Labell.text());
+    if (shown.empty()) {
+        // The circuit of this one race bears the file name that an old code page gave it.
+        const std::string file = gpName == "Brésil" ? "Br‚sil" : gpName;
+        main.Labell.set(main.folder() + "\\Photos\\Circuits\\" + file + ".JPG");
+        shown = main.surroundings.findPicture(main.Labell.text());
+    }
+    main.Image1.set(gpName.empty() ? "" : shown);
+}
+
+void showRacePicture(MainScreen &main)
+{
+    const std::string &gpName = main.gp.text();
+    const std::string &year = main.an.text();
+    const std::string beside = main.folder() + "\\Photos\\Actu\\";
+    main.Label50.set(main.store.LireINI(keys::galerie, keys::gp, keys::img(gpName, year)));
+    if (gpName == "Brésil")
+        main.Label50.set(beside + "Br‚sil" + year + ".JPG");
+    if (main.Label50.empty())
+        main.Label50.set(beside + gpName + year + ".JPG");
+    main.Image2.set(gpName.empty() ? "" : main.surroundings.findPicture(main.Label50.text()));
+}
+
+void showFilm(MainScreen &main)
+{
+    const std::string key = keys::vid(main.gp.text(), main.an.text());
+    main.a.set(main.store.LireINI(keys::galerie, keys::gp, key));
+    const std::string path = main.folder() + "\\" + main.gp.text() + main.an.text() + ".avi";
+    main.filmBeside = !main.surroundings.findFile(path).empty();
+    if (main.filmBeside)
+        main.season().write(keys::gp, key, path);
+}
+
+void showSlot(MainScreen &main)
+{
+    main.gp.set(main.season().read(keys::gp, keys::namegp(main.Label40.text())));
+    showGrandPrix(main);
+}
+
+// From one end of the calendar the cursor goes on at the other.
+void moveCursor(MainScreen &main, std::string_view end, std::string_view beforeStart, double step)
+{
+    if (main.Label40.text() == end)
+        main.Label40.set(std::string(beforeStart));
+    if (const auto slot = main.store.numbers().value(main.Label40.text()))
+        main.Label40.set(main.store.numbers().text(*slot + step));
+}
+
+void changeSeason(MainScreen &main, double step)
+{
+    if (const auto year = main.store.numbers().value(main.an.text()))
+        main.an.set(main.store.numbers().text(*year + step));
+    main.gp.set(main.season().read(keys::gp, keys::namegp(main.Label40.text())));
+    showGrandPrix(main);
+}
+
+}
+
+void showGrandPrix(MainScreen &main)
+{
+    const Season season = main.season();
+    showResult(main, season);
+    main.dat.set(season.read(keys::gp, keys::dategp(main.gp.text())));
+    showCircuitPicture(main);
+    showRacePicture(main);
+    showFilm(main);
+}
+
+void nextGrandPrix(MainScreen &main)
+{
+    moveCursor(main, "19", "-1", 1);
+    showSlot(main);
+}
+
+void previousGrandPrix(MainScreen &main)
+{
+    moveCursor(main, "0", "20", -1);
+    showSlot(main);
+}
+
+void nextSeason(MainScreen &main)
+{
+    changeSeason(main, 1);
+}
+
+void previousSeason(MainScreen &main)
+{
+    changeSeason(main, -1);
+}
+
+int firstFreeSlot(const Season &season)
+{
+    int slot = 0;
+    while (slot < gpSlots && season.recorded(season.namegp(slot)))
+        ++slot;
+    return slot;
+}
+
+void goToFirstFreeSlot(MainScreen &main)
+{
+    main.Label40.set(std::to_string(std::min(firstFreeSlot(main.season()), lastSlot)));
+    showSlot(main);
+}
+
+void rebuildNogp(const Season &season)
+{
+    season.write(keys::gp, "nogp", std::to_string(firstFreeSlot(season)));
+}
+
+void openOnLastRecorded(MainScreen &main)
+{
+    main.Label40.set(std::to_string(std::max(firstFreeSlot(main.season()) - 1, 0)));
+    showSlot(main);
+    main.refreshScale();
+    rebuildNogp(main.season());
+}
+
+bool openMarkedSeason(MainScreen &main)
+{
+    main.an.set(main.store.yearMarker());
+    if (!main.an.empty())
+        return false;
+    main.an.set("2005");
+    return true;
+}
+
+}

@@ -1,0 +1,92 @@
+#include "results/race_fields.h"
+
+#include <algorithm>
+
+namespace circuidex {
+
+namespace {
+
+constexpr int lastKeptSlot = 29;
+
+void count(const Season &season, std::string_view key, std::string_view amount, Count direction)
+{
+    if (direction == Count::add)
+        season.add(keys::N, key, amount);
+    else
+        season.subtract(keys::N, key, amount);
+}
+
+void countFromZero(const Season &season, std::string_view key, std::string_view amount, Count direction)
+{
+    if (direction == Count::add)
+        season.addFromZero(keys::N, key, amount);
+    else
+        season.subtractFromZero(keys::N, key, amount);
+}
+
+}
+
+void showResult(RaceFields &fields, const Season &season)
+{
+    const std::string &gpName = fields.gp.text();
+    for (int place = 1; place <= classifiedPlaces; ++place)
+        fields.number(place).set(season.podium(place, gpName));
+    fields.Text41.set(season.read(keys::podiums, keys::rem(gpName)));
+    fields.Text39.set(season.read(keys::N, keys::pol(gpName)));
+    for (int place = 1; place <= classifiedPlaces; ++place)
+        fields.name(place).set(season.nom(fields.number(place).text()));
+}
+
+void countTeams(RaceFields &fields, const Season &season, const Scale &scale, Count direction)
+{
+    for (int place = 1; place <= classifiedPlaces; ++place) {
+        const std::string team = season.ecurie(fields.number(place).text());
+        if (!team.empty())
+            countFromZero(season, keys::ptsecurie(team), scale[static_cast<std::size_t>(place - 1)], direction);
+    }
+}
+
+void countPole(RaceFields &fields, const Season &season, Count direction)
+{
+    count(season, keys::driver("pol", fields.Text39.text()), "1", direction);
+}
+
+void countDrivers(RaceFields &fields, const Season &season, const Scale &scale, Count direction)
+{
+    for (int place = 1; place <= classifiedPlaces; ++place) {
+        const std::string number = fields.number(place).text();
+        const std::string &points = scale[static_cast<std::size_t>(place - 1)];
+        fields.name(place).set(season.nom(number));
+        count(season, keys::driver("nbpts", number), points, direction);
+        count(season, keys::driver("ptstot", number), points, direction);
+        if (place == 1)
+            count(season, keys::driver("vic", number), "1", direction);
+        if (place <= 3)
+            count(season, keys::driver("podiums", number), "1", direction);
+    }
+}
+
+void countStarts(const Season &season, Count direction)
+{
+    for (int slot = 1; slot <= driverSlots; ++slot)
+        countFromZero(season, keys::driver("nbgp", slot), "1", direction);
+}
+
+std::vector<std::string> teams(const Season &season)
+{
+    std::vector<std::string> found;
+    for (int slot = 0; slot <= lastKeptSlot; ++slot) {
+        std::string team = season.ecurie(slot);
+        if (!team.empty() && std::find(found.begin(), found.end(), team) == found.end())
+            found.push_back(std::move(team));
+    }
+    return found;
+}
+
+void resetTeamPoints(const Season &season, std::string_view slot, std::string_view text)
+{
+    for (const std::string &team : teams(season))
+        season.write(keys::N, keys::ecuriepts(team, slot), text);
+}
+
+}

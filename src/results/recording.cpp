@@ -1,0 +1,113 @@
+#include "results/recording.h"
+
+#include "store/archive.h"
+
+namespace circuidex {
+
+namespace {
+
+bool refused(MainScreen &main)
+{
+    if (main.gp.empty()) {
+        main.dialogs.message("Entrez le nom du grand prix");
+        return true;
+    }
+    if (hasResult(main.season(), main.gp.text())) {
+        main.dialogs.message("Le grand prix est déja enregistré. Pour pouvoir le modifier cliquez sur le bouton "
+                             "'Enregistrer Modifications'.");
+        return true;
+    }
+    return false;
+}
+
+void enterCalendar(const Season &season, const MainScreen &main)
+{
+    if (const auto recorded = season.numbers().sum(main.Label40.text(), "1"))
+        season.write(keys::gp, "nogp", *recorded);
+    season.write(keys::gp, keys::namegp(std::string_view(main.Label40.text())), main.gp.text());
+}
+
+void enterPlaces(const Season &season, MainScreen &main)
+{
+    for (int place = 1; place <= classifiedPlaces; ++place)
+        season.write(keys::podiums, keys::podium(place, main.gp.text()), main.number(place).text());
+    season.write(keys::podiums, keys::rem(main.gp.text()), main.Text41.text());
+}
+
+// The points of this race alone, by team.
+void enterTeamPoints(const Season &season, MainScreen &main, const Scale &scale)
+{
+    for (int place = 1; place <= classifiedPlaces; ++place) {
+        const std::string team = season.ecurie(main.number(place).text());
+        season.add(keys::N, keys::ecuriepts(team, main.Label40.text()), scale[static_cast<std::size_t>(place - 1)]);
+    }
+}
+
+}
+
+bool hasResult(const Season &season, std::string_view gpName)
+{
+    for (int place = 1; place <= classifiedPlaces; ++place)
+        if (!season.podium(place, gpName).empty())
+            return true;
+    return false;
+}
+
+void enterResult(MainScreen &main)
+{
+    const Season season = main.season();
+    const Scale scale = main.scale();
+    enterCalendar(season, main);
+    countStarts(season, Count::add);
+    enterPlaces(season, main);
+    countTeams(main, season, scale, Count::add);
+    enterTeamPoints(season, main, scale);
+    countPole(main, season, Count::add);
+    season.write(keys::N, keys::pol(main.gp.text()), main.Text39.text());
+    countDrivers(main, season, scale, Count::add);
+}
+
+void proposeRecords(MainScreen &main)
+{
+    const Season season = main.season();
+    main.pol.set(season.driver("pol", main.Text39.text()));
+    main.vic.set(season.driver("vic", main.number(1).text()));
+    main.pts.set(season.driver("ptstot", main.number(1).text()));
+    main.lblrec.set(season.nom(main.Text39.text()));
+    const std::string winner = main.name(1).text();
+    archiveCandidates(main.store, {main.lblrec.text(), main.pol.text(), winner, main.vic.text(), main.pts.text()});
+}
+
+Recording recordSimulatedGrandPrix(MainScreen &main)
+{
+    const Season season = main.season();
+    season.write(keys::gp, keys::dategp(main.gp.text()), main.dat.text());
+    main.refreshScale();
+    if (refused(main))
+        return Recording::refused;
+    resetTeamPoints(season, main.Label40.text(), "0");
+    enterResult(main);
+    return Recording::done;
+}
+
+Recording recordGrandPrix(MainScreen &main)
+{
+    if (recordSimulatedGrandPrix(main) == Recording::refused)
+        return Recording::refused;
+    archiveWinner(main.store, main.gp.text(), main.an.text(), main.name(1).text());
+    proposeRecords(main);
+    main.Label11.set("Grand prix enregistré!");
+    return Recording::done;
+}
+
+bool mayStartAssistant(MainScreen &main)
+{
+    if (!hasResult(main.season(), main.gp.text()))
+        return true;
+    main.dialogs.message("Le grand prix est déja enregistré. Pour accéder au nouveau GP, cliquez sur ''Nouveau GP'' sur "
+                         "la page principale, autrement, utilisez la commande ''Enregistrer modifications'' pour "
+                         "modifier le GP");
+    return false;
+}
+
+}

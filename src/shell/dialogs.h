@@ -1,0 +1,22 @@
+#pragma once
+// How the logic speaks to the user: message boxes, questions and file choices. The window system answers in the program,
+// queued answers in tests and in the driver.
+#include <optional>
+#include <string>
+
+namespace circuidex {
+
+class Dialogs {
+public:
+    virtual ~Dialogs() = default;
+
+    virtual void message(const std::string &text) = 0;
+
+    // A question with Yes and No; true for Yes.
+    virtual bool question(const std::string &text) = 0;
+
+    // The chosen path, absent when the user cancels. The filter is in the form "Images (*.jpg *.png)".
+    virtual std::optional<std::string> chooseFile(const std::string &title, const std::string &filter) = 0;
+};
+
+}

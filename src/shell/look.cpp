@@ -1,0 +1,71 @@
+#include "shell/look.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QPalette>
+#include <QStyleFactory>
+
+namespace circuidex::look {
+
+void dress(QApplication &application)
+{
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QFont font(QStringLiteral("Liberation Sans"));
+    font.setPixelSize(13); // 10 points on the display the screens are made for
+    QApplication::setFont(font);
+    QPalette palette;
+    palette.setColor(QPalette::Window, ground);
+    palette.setColor(QPalette::Base, card);
+    palette.setColor(QPalette::AlternateBase, stripe);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(role, ink);
+    palette.setColor(QPalette::Highlight, chosen);
+    palette.setColor(QPalette::HighlightedText, ink);
+    palette.setColor(QPalette::PlaceholderText, quiet);
+    application.setPalette(palette);
+}
+
+QString styleSheet(const Skin &skin)
+{
+    static const QString sheet = QStringLiteral(R"(
+#body { background:#F4F5F7; }
+QToolTip { background:#FFFFFF; color:#1F2733; border:1px solid #D9DDE3; padding:4px; }
+#card { background:#FFFFFF; border:1px solid #D9DDE3; border-radius:6px; }
+#caption { font-weight:bold; font-size:12px; color:#3D4755; }
+#hint { color:#6B7482; font-size:12px; }
+#large { font-weight:bold; font-size:18px; }
+#place { color:#6B7482; }
+QLabel[command="true"] { color:#000000; padding:2px 4px; border-radius:3px; }
+QLabel[command="true"]:focus { border:1px solid MAIN; }
+QLineEdit, QPlainTextEdit { background:#FFFFFF; border:1px solid #C9CFD8; border-radius:3px; padding:1px 4px;
+    selection-background-color:#C0C0FF; selection-color:#1F2733; }
+QLineEdit { min-height:20px; max-height:20px; }
+QLineEdit:focus, QPlainTextEdit:focus { border:1px solid MAIN; }
+QLineEdit:read-only { background:#FAFBFC; border-color:#E3E6EB; }
+QPushButton { background:#FFFFFF; border:1px solid #C9CFD8; border-radius:4px; padding:3px 10px; min-height:20px; }
+QPushButton:hover { background:#EEF1F5; border-color:#AEB7C4; }
+QPushButton:pressed { background:#E2E6EC; }
+QPushButton:focus { border:1px solid MAIN; }
+QPushButton:disabled { color:#A0A7B2; background:#F7F8FA; }
+QPushButton[main="true"] { background:MAIN; color:#FFFFFF; border:1px solid EDGE; font-weight:bold; }
+QPushButton[main="true"]:hover { background:EDGE; }
+QPushButton[quietly="true"] { text-align:left; }
+QPushButton[name="true"] { text-align:left; padding:2px 8px; }
+QTableView { background:#FFFFFF; alternate-background-color:#FAFBFC; border:1px solid #D9DDE3; border-radius:4px;
+    gridline-color:#EDEFF2; selection-background-color:#E4E7FF; selection-color:#1F2733; }
+QTableView::item { padding:0 6px; }
+QHeaderView { background:#FFFFFF; }
+QHeaderView::section { background:#F4F5F7; color:#3D4755; border:0; border-bottom:1px solid #D9DDE3; padding:3px 6px;
+    font-weight:bold; font-size:12px; }
+QScrollBar:vertical { background:transparent; width:10px; margin:0; }
+QScrollBar::handle:vertical { background:#C9CFD8; border-radius:5px; min-height:24px; }
+QScrollBar:horizontal { background:transparent; height:10px; margin:0; }
+QScrollBar::handle:horizontal { background:#C9CFD8; border-radius:5px; min-width:24px; }
+QScrollBar::add-line, QScrollBar::sub-line { width:0; height:0; }
+)");
+    return QString(sheet)
+        .replace(QLatin1String("MAIN"), colour(skin.main).name())
+        .replace(QLatin1String("EDGE"), colour(skin.edge).name());
+}
+
+}

@@ -1,0 +1,37 @@
+#pragma once
+// The one identity of the program: colours, font and the style sheet of all screens. A screen gets its looks from here
+// and chooses none of its own.
+#include "shell/skin.h"
+
+#include <QColor>
+#include <QString>
+
+class QApplication;
+
+namespace circuidex::look {
+
+inline const QColor ground{0xF4, 0xF5, 0xF7};   // behind everything
+inline const QColor card{0xFF, 0xFF, 0xFF};     // groups of fields, tables
+inline const QColor line{0xD9, 0xDD, 0xE3};     // borders
+inline const QColor ink{0x1F, 0x27, 0x33};      // text
+inline const QColor quiet{0x6B, 0x74, 0x82};    // captions, hints
+inline const QColor stripe{0xFA, 0xFB, 0xFC};   // every second row
+
+// The tables' colours, the same on all screens.
+inline const QColor chosen{192, 192, 255};      // the selected row, no change
+inline const QColor gain{192, 255, 192};        // gain or best
+inline const QColor loss{255, 192, 192};        // loss or worst
+inline const QColor pointed{255, 0, 0};         // a command label under the pointer
+
+inline constexpr int rowHeight = 22; // pixels
+inline constexpr int gap = 8;        // pixels, the grid that everything stands on
+
+inline QColor colour(const Colour &c) { return {c.red, c.green, c.blue}; }
+
+// Font and palette, once for the program.
+void dress(QApplication &application);
+
+// The style sheet of a screen in the given skin.
+QString styleSheet(const Skin &skin);
+
+}

@@ -1,0 +1,355 @@
+#include "shell/screen.h"
+
+#include "platform/platform.h"
+#include "shell/chrome.h"
+#include "shell/look.h"
+#include "shell/screens.h"
+#include "shell/title_bar.h"
+
+#include <QCloseEvent>
+#include <QFrame>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace circuidex {
+
+namespace {
+
+constexpr int single = -1;
+
+// What a widget does under the mouse is what its control does.
+void wire(Control &control, QWidget *widget)
+{
+    if (auto *label = dynamic_cast<Label *>(widget)) {
+        control.onPress = [label] { if (label->onClick) label->onClick(); };
+        control.onDoubleClick = [label] { if (label->onDoubleClick) label->onDoubleClick(); };
+        control.onHover = [label] { if (label->onHover) label->onHover(); };
+    } else if (auto *edit = dynamic_cast<Edit *>(widget)) {
+        control.onPress = [edit] { if (edit->onClick) edit->onClick(); };
+        control.onDoubleClick = [edit] { if (edit->onDoubleClick) edit->onDoubleClick(); };
+    } else if (auto *picture = dynamic_cast<Picture *>(widget)) {
+        control.onPress = [picture] { if (picture->onClick) picture->onClick(); };
+        control.onDoubleClick = [picture] { if (picture->onDoubleClick) picture->onDoubleClick(); };
+    }
+}
+
+}
+
+Screen::Screen(Context &theContext, const QString &name, const QString &title, Chrome chrome) :
+    QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint), context(theContext), m_name(name), m_skin(theContext.skin)
+{
+    setAttribute(Qt::WA_DeleteOnClose);
+    if (chrome == Chrome::standard)
+        setWindowFlag(Qt::WindowStaysOnTopHint);
+    setObjectName(name);
+    setWindowTitle(title);
+    setStyleSheet(look::styleSheet(m_skin));
+    auto *layout = new QVBoxLayout(this);
+    layout->setSpacing(0);
+    layout->setContentsMargins(1, 0, 1, 1);
+    if (chrome != Chrome::none) {
+        m_bar = new TitleBar(m_skin, chrome == Chrome::mainWindow, this);
+        layout->addWidget(m_bar);
+        connect(m_bar, &TitleBar::closeClicked, this, &QWidget::close);
+        connect(m_bar, &TitleBar::minimiseClicked, this, &QWidget::showMinimized);
+    }
+    m_body = new QWidget(this);
+    m_body->setObjectName(QStringLiteral("body"));
+    layout->addWidget(m_body, 1);
+    if (chrome == Chrome::standard)
+        registerChrome();
+    else if (m_bar)
+        m_bar->setTitle(title);
+}
+
+Screen::~Screen()
+{
+    for (auto &[field, listener] : m_listeners)
+        field->forget(listener);
+    context.screens.closed(*this);
+}
+
+void Screen::registerChrome()
+{
+    const auto shape = [this](const char *name, std::function<TwipRect(const TwipRect &)> geometry) -> ShapeControl & {
+        auto made = std::make_unique<ShapeControl>();
+        made->geometryNow = [this, geometry = std::move(geometry)] { return geometry(place()); };
+        ShapeControl &control = *made;
+        keep(QString::fromLatin1(name), std::nullopt, std::move(made));
+        return control;
+    };
+    shape("Image1apa", [](const TwipRect &) { return chrome::image1apa(); });
+    shape("Image2apa", [](const TwipRect &) { return chrome::image2apa(); });
+    shape("Image3apa", [](const TwipRect &w) { return chrome::image3apa(w.width); });
+    shape("Image4apa", [](const TwipRect &w) { return chrome::image4apa(w.width); }).onPress = [this] { close(); };
+    shape("Label1apa", [](const TwipRect &) { return chrome::label1apa(); });
+    shape("Label2apa", [](const TwipRect &) { return chrome::label2apa(); }).textNow = [this] { return m_bar->title(); };
+    const auto edge = [this](const char *name, std::function<TwipLine(const TwipRect &)> line) {
+        auto made = std::make_unique<ShapeControl>();
+        made->lineNow = [this, line = std::move(line)] { return line(place()); };
+        keep(QString::fromLatin1(name), std::nullopt, std::move(made));
+    };
+    edge("Line1apa", [](const TwipRect &w) { return chrome::line1apa(w.height); });
+    edge("Line2apa", [](const TwipRect &w) { return chrome::line2apa(w.width, w.height); });
+    edge("Line3apa", [](const TwipRect &w) { return chrome::line3apa(w.width, w.height); });
+    timer(QStringLiteral("Timeraparence"), 1, TimerControl::Kind::once, [this] { m_bar->setTitle(title()); });
+}
+
+void Screen::keep(const QString &name, std::optional<int> index, std::unique_ptr<Control> control)
+{
+    Q_ASSERT(!m_controls[name].contains(index.value_or(single)));
+    m_controls[name][index.value_or(single)] = std::move(control);
+}
+
+void Screen::registerWidget(const QString &name, QWidget *widget, std::optional<int> index)
+{
+    auto control = std::make_unique<WidgetControl>(widget);
+    wire(*control, widget);
+    widget->setObjectName(widget->objectName().isEmpty() ? name : widget->objectName());
+    keep(name, index, std::move(control));
+}
+
+Control *Screen::control(const QString &name, std::optional<int> index) const
+{
+    const auto array = m_controls.find(name);
+    if (array != m_controls.end()) {
+        const auto found = array->second.find(index.value_or(single));
+        return found == array->second.end() ? nullptr : found->second.get();
+    }
+    for (const Table *table : m_tables)
+        if (table->has(name))
+            return index ? table->cell(name, *index) : nullptr;
+    return nullptr;
+}
+
+QStringList Screen::controlNames() const
+{
+    QStringList names;
+    for (const auto &[name, elements] : m_controls)
+        for (const auto &[index, control] : elements)
+            names << (index == single ? name : QStringLiteral("%1(%2)").arg(name).arg(index));
+    for (const Table *table : m_tables)
+        for (const Column &column : table->model().columns())
+            for (int row = 0; !column.name.isEmpty() && row < table->model().rowCount(); ++row)
+                names << QStringLiteral("%1(%2)").arg(column.name).arg(row + column.firstIndex);
+    return names;
+}
+
+std::vector<TimerControl *> Screen::timers() const
+{
+    std::vector<TimerControl *> found;
+    for (const auto &[name, elements] : m_controls)
+        for (const auto &[index, control] : elements)
+            if (auto *timer = dynamic_cast<TimerControl *>(control.get()))
+                found.push_back(timer);
+    return found;
+}
+
+void Screen::press(const QString &name, std::optional<int> index) const
+{
+    if (Control *found = control(name, index))
+        found->press();
+}
+
+void Screen::setText(const QString &name, const QString &text, std::optional<int> index) const
+{
+    if (Control *found = control(name, index))
+        found->setText(text);
+}
+
+QString Screen::text(const QString &name, std::optional<int> index) const
+{
+    const Control *found = control(name, index);
+    return found ? found->text() : QString();
+}
+
+TwipRect Screen::place() const
+{
+    const TwipRect size{0, 0, width() * twipsPerPixel, height() * twipsPerPixel};
+    if (m_outOfSight)
+        return {m_left, m_top, size.width, size.height};
+    return {x() * twipsPerPixel, y() * twipsPerPixel, size.width, size.height};
+}
+
+void Screen::setPlace(double left, double top)
+{
+    m_left = left;
+    m_top = top;
+    m_outOfSight = left >= outOfSight || top >= outOfSight;
+    if (!m_outOfSight)
+        move(static_cast<int>(left / twipsPerPixel), static_cast<int>(top / twipsPerPixel));
+    setVisible(!m_outOfSight);
+}
+
+void Screen::present()
+{
+    if (m_outOfSight)
+        return;
+    show();
+    raise();
+    activateWindow();
+}
+
+void Screen::setWaiting(bool on)
+{
+    m_waiting += on ? 1 : -1;
+    if (m_waiting > 0)
+        setCursor(Qt::WaitCursor);
+    else
+        unsetCursor();
+}
+
+void Screen::print()
+{
+    context.platform.print(*this, m_name);
+}
+
+Button *Screen::button(const QString &name, const QString &caption, std::function<void()> handler,
+                       std::optional<int> index)
+{
+    auto *made = add(name, new Button(QString(caption).replace(u'&', QLatin1String("&&")), m_body), index);
+    connect(made, &QPushButton::clicked, this, [handler = std::move(handler)] {
+        if (handler)
+            handler();
+    });
+    return made;
+}
+
+Label *Screen::command(const QString &name, const QString &caption, std::function<void()> handler)
+{
+    auto *made = add(name, new Label(caption, m_body));
+    made->makeCommand();
+    made->onClick = std::move(handler);
+    return made;
+}
+
+Label *Screen::printCommand(const QString &name)
+{
+    auto *made = command(name, QStringLiteral("Imprimer"), [this] { print(); });
+    made->setToolTip(QStringLiteral("Imprimer cette fenêtre (Ctrl+P)"));
+    return made;
+}
+
+Control &Screen::hidden(const QString &name, const QString &text, std::function<void()> onPress,
+                        std::optional<int> index)
+{
+    auto made = std::make_unique<Control>();
+    made->setText(text);
+    made->onPress = std::move(onPress);
+    Control &control = *made;
+    keep(name, index, std::move(made));
+    return control;
+}
+
+Control &Screen::hidden(const QString &name, Field &field, std::optional<int> index)
+{
+    auto made = std::make_unique<FieldControl>(field);
+    Control &control = *made;
+    keep(name, index, std::move(made));
+    return control;
+}
+
+TimerControl &Screen::timer(const QString &name, int milliseconds, TimerControl::Kind kind, std::function<void()> fire)
+{
+    auto made = std::make_unique<TimerControl>(milliseconds, kind, std::move(fire));
+    TimerControl &control = *made;
+    keep(name, std::nullopt, std::move(made));
+    return control;
+}
+
+Table *Screen::table(std::vector<Column> columns, int rows)
+{
+    m_tables.push_back(new Table(std::move(columns), rows, m_body));
+    return m_tables.back();
+}
+
+void Screen::listen(Field &field, Field::Listener listener)
+{
+    m_listeners.emplace_back(&field, field.listen(std::move(listener)));
+}
+
+void Screen::bind(Edit *edit, Field &field)
+{
+    edit->setText(QString::fromStdString(field.text()));
+    connect(edit, &QLineEdit::textChanged, this, [&field](const QString &text) { field.set(text.toStdString()); });
+    listen(field, [edit](const std::string &text) {
+        if (edit->text().toStdString() != text)
+            edit->setText(QString::fromStdString(text));
+        if (!edit->hasFocus())
+            edit->setCursorPosition(0);
+    });
+}
+
+void Screen::bind(Remark *remark, Field &field)
+{
+    remark->setPlainText(QString::fromStdString(field.text()));
+    remark->onEdited = [remark, &field] { field.set(remark->toPlainText().toStdString()); };
+    listen(field, [remark](const std::string &text) {
+        if (remark->toPlainText().toStdString() != text)
+            remark->setPlainText(QString::fromStdString(text));
+    });
+}
+
+void Screen::bind(QLabel *label, Field &field)
+{
+    label->setText(QString::fromStdString(field.text()));
+    listen(field, [label](const std::string &text) { label->setText(QString::fromStdString(text)); });
+}
+
+void Screen::bind(Picture *picture, Field &field)
+{
+    picture->setPath(QString::fromStdString(field.text()));
+    listen(field, [picture](const std::string &text) { picture->setPath(QString::fromStdString(text)); });
+}
+
+void Screen::closeEvent(QCloseEvent *event)
+{
+    if (!m_closed) {
+        m_closed = true;
+        for (TimerControl *timer : timers())
+            timer->stop();
+        context.screens.closed(*this);
+        closing();
+    }
+    event->accept();
+}
+
+void Screen::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape && windowFlags().testFlag(Qt::WindowStaysOnTopHint))
+        close();
+    else if (event->key() == Qt::Key_P && event->modifiers() == Qt::ControlModifier)
+        print();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void Screen::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setPen(look::colour(m_skin.edge));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+QWidget *card(const QString &caption, QLayout *inside, QWidget *parent)
+{
+    auto *frame = new QFrame(parent);
+    frame->setObjectName(QStringLiteral("card"));
+    auto *layout = new QVBoxLayout(frame);
+    layout->setContentsMargins(look::gap + 2, look::gap, look::gap + 2, look::gap + 2);
+    layout->setSpacing(6);
+    if (!caption.isEmpty())
+        layout->addWidget(styled(caption, "caption"));
+    layout->addLayout(inside, 1);
+    return frame;
+}
+
+QLabel *styled(const QString &text, const char *style, QWidget *parent)
+{
+    auto *label = new QLabel(text, parent);
+    label->setObjectName(QString::fromLatin1(style));
+    return label;
+}
+
+}

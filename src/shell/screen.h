@@ -1,0 +1,135 @@
+#pragma once
+// The base of all screens: a borderless window with the program's own title bar, the skin, drag, close, kept on top, the
+// wait pointer, printing, and the register of named controls through which screens, tests and the driver reach it.
+#include "shell/table.h"
+#include "shell/widgets.h"
+
+#include <QWidget>
+
+#include <map>
+#include <memory>
+#include <set>
+
+namespace circuidex {
+
+class Dialogs;
+class MainScreen;
+class Platform;
+class Screens;
+class Store;
+
+// What every screen works with.
+struct Context {
+    Store &store;
+    MainScreen &main;
+    Dialogs &dialogs;
+    Platform &platform;
+    Screens &screens;
+    Skin skin = skins[0]; // the one that the next screen opened takes
+};
+
+class TitleBar;
+
+class Screen : public QWidget {
+    Q_OBJECT
+public:
+    enum class Chrome { standard, mainWindow, none };
+
+    Screen(Context &context, const QString &name, const QString &title, Chrome chrome = Chrome::standard);
+    ~Screen() override;
+
+    const QString &name() const { return m_name; } // "Form6"
+    QString title() const { return windowTitle(); }
+
+    // Null when there is no such control. An array's element is asked for by its index.
+    Control *control(const QString &name, std::optional<int> index = std::nullopt) const;
+    QStringList controlNames() const; // in the order of their names, elements as "Text3(4)"
+    std::vector<TimerControl *> timers() const;
+    std::vector<Table *> tables() const { return m_tables; }
+
+    // The same, for another screen's use: nothing happens when there is no such control.
+    void press(const QString &name, std::optional<int> index = std::nullopt) const;
+    void setText(const QString &name, const QString &text, std::optional<int> index = std::nullopt) const;
+    QString text(const QString &name, std::optional<int> index = std::nullopt) const;
+
+    // Where the window stands, in twips. Far off means out of sight: open, but not seen.
+    TwipRect place() const;
+    void setPlace(double left, double top);
+    bool seen() const { return !m_outOfSight; }
+    void present(); // shows it in front, if it is in sight
+
+    bool waiting() const { return m_waiting > 0; }
+    void setWaiting(bool on);
+
+    void print();
+
+protected:
+    Context &context;
+
+    // The screen's own closing, once, by whatever road: keys are kept, openers told.
+    virtual void closing() {}
+
+    QWidget *body() const { return m_body; }
+
+    // Registers a widget under its control name; its handlers serve the mouse and the driver alike.
+    template <class W>
+    W *add(const QString &name, W *widget, std::optional<int> index = std::nullopt)
+    {
+        registerWidget(name, widget, index);
+        return widget;
+    }
+    Button *button(const QString &name, const QString &caption, std::function<void()> handler,
+                   std::optional<int> index = std::nullopt);
+    Label *command(const QString &name, const QString &caption, std::function<void()> handler);
+    Label *printCommand(const QString &name);
+    Control &hidden(const QString &name, const QString &text = {}, std::function<void()> onPress = {},
+                    std::optional<int> index = std::nullopt);
+    Control &hidden(const QString &name, Field &field, std::optional<int> index = std::nullopt);
+    TimerControl &timer(const QString &name, int milliseconds, TimerControl::Kind kind, std::function<void()> fire);
+    Table *table(std::vector<Column> columns, int rows);
+
+    // Keeps a box and a field of the logic alike, in both directions.
+    void bind(Edit *edit, Field &field);
+    void bind(Remark *remark, Field &field);
+    void bind(QLabel *label, Field &field);
+    void bind(Picture *picture, Field &field);
+    void listen(Field &field, Field::Listener listener); // for as long as the screen lives
+
+    void closeEvent(QCloseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    void registerWidget(const QString &name, QWidget *widget, std::optional<int> index);
+    void registerChrome();
+    void keep(const QString &name, std::optional<int> index, std::unique_ptr<Control> control);
+
+    QString m_name;
+    QWidget *m_body;
+    TitleBar *m_bar = nullptr;
+    std::map<QString, std::map<int, std::unique_ptr<Control>>> m_controls; // a single control has index -1
+    std::vector<Table *> m_tables;
+    std::vector<std::pair<Field *, int>> m_listeners;
+    double m_left = 0, m_top = 0;
+    bool m_outOfSight = false, m_closed = false;
+    int m_waiting = 0;
+    Skin m_skin;
+};
+
+// Shows the wait pointer over a screen as long as it lives.
+class Waiting {
+public:
+    explicit Waiting(Screen &screen) : m_screen(screen) { m_screen.setWaiting(true); }
+    ~Waiting() { m_screen.setWaiting(false); }
+    Waiting(const Waiting &) = delete;
+    Waiting &operator=(const Waiting &) = delete;
+
+private:
+    Screen &m_screen;
+};
+
+// A group of fields: a white card, with a small bold caption where one is given. Add to its layout.
+QWidget *card(const QString &caption, QLayout *inside, QWidget *parent = nullptr);
+QLabel *styled(const QString &text, const char *style, QWidget *parent = nullptr); // "caption", "hint", "large", "place"
+
+}

@@ -1,0 +1,78 @@
+#include "shell/screens.h"
+
+#include <algorithm>
+
+namespace circuidex {
+
+Screens::~Screens()
+{
+    while (!m_open.empty()) {
+        Screen *last = m_open.back();
+        m_open.pop_back();
+        delete last;
+    }
+}
+
+const ScreenRow *Screens::row(const QString &name) const
+{
+    const auto found = std::find_if(m_rows.begin(), m_rows.end(), [&](const ScreenRow &r) { return r.name == name; });
+    return found == m_rows.end() ? nullptr : &*found;
+}
+
+Screen *Screens::find(const QString &name) const
+{
+    const auto found = std::find_if(m_open.begin(), m_open.end(), [&](Screen *s) { return s->name() == name; });
+    return found == m_open.end() ? nullptr : *found;
+}
+
+Screen *Screens::open(const QString &name)
+{
+    Screen *screen = find(name);
+    if (!screen) {
+        const ScreenRow *made = row(name);
+        if (!made)
+            return nullptr;
+        screen = made->make(*m_context, made->name, made->title);
+        m_open.push_back(screen);
+    }
+    screen->present();
+    return screen;
+}
+
+Screen *Screens::openFromMenu(const QString &name)
+{
+    Screen *screen = open(name);
+    if (screen && row(name)->opened)
+        row(name)->opened(*screen);
+    return screen;
+}
+
+void Screens::close(const QString &name)
+{
+    if (Screen *screen = find(name))
+        screen->close();
+}
+
+QStringList Screens::openNames() const
+{
+    QStringList names;
+    for (const Screen *screen : m_open)
+        names << screen->name();
+    return names;
+}
+
+void Screens::closed(Screen &screen)
+{
+    m_open.erase(std::remove(m_open.begin(), m_open.end(), &screen), m_open.end());
+}
+
+bool Screens::timersPending() const
+{
+    for (const Screen *screen : m_open)
+        for (const TimerControl *timer : screen->timers())
+            if (timer->pending() && timer->interval() < 1000)
+                return true;
+    return false;
+}
+
+}

@@ -1,0 +1,52 @@
+#pragma once
+// All screens of the program by name, and which of them are open. A screen is made when it is opened and gone when it is
+// closed; what it must remember stands in the files.
+#include "shell/screen.h"
+
+#include <functional>
+#include <map>
+#include <vector>
+
+namespace circuidex {
+
+struct ScreenRow {
+    QString name;  // "Form6"
+    QString title; // as on its bar
+    std::function<Screen *(Context &, const QString &name, const QString &title)> make;
+    // What its menu entry does once it is open; most do nothing.
+    std::function<void(Screen &)> opened = {};
+};
+
+class Screens {
+public:
+    explicit Screens(std::vector<ScreenRow> rows) : m_rows(std::move(rows)) {}
+    ~Screens();
+    void setContext(Context &context) { m_context = &context; }
+
+    // Makes it if need be and brings it to the front. Null when the program has no such screen.
+    Screen *open(const QString &name);
+    // The same as its menu entry does it.
+    Screen *openFromMenu(const QString &name);
+    Screen *find(const QString &name) const; // null when it isn't open
+    bool isOpen(const QString &name) const { return find(name) != nullptr; }
+    bool exists(const QString &name) const { return row(name) != nullptr; }
+    void close(const QString &name);
+
+    QStringList openNames() const; // in the order of opening
+    const std::vector<ScreenRow> &rows() const { return m_rows; }
+
+    // Called by a screen that closes.
+    void closed(Screen &screen);
+
+    // True as long as a timer of less than a second runs on an open screen.
+    bool timersPending() const;
+
+private:
+    const ScreenRow *row(const QString &name) const;
+
+    std::vector<ScreenRow> m_rows;
+    std::vector<Screen *> m_open;
+    Context *m_context = nullptr;
+};
+
+}

@@ -1,0 +1,229 @@
+#include "shell/table.h"
+
+#include "shell/look.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QKeyEvent>
+
+#include <algorithm>
+
+namespace circuidex {
+
+void Cell::setText(const QString &text)
+{
+    if (text == m_text)
+        return;
+    m_text = text;
+    m_table.model().changed(m_row, m_column);
+    if (onChange)
+        onChange(text);
+}
+
+QString Cell::tip() const
+{
+    return m_tip.isEmpty() ? m_table.model().columns()[static_cast<std::size_t>(m_column)].tip : m_tip;
+}
+
+TwipRect Cell::geometry() const
+{
+    const QRect rect = m_table.visualRect(m_table.model().index(m_row, m_column));
+    const QPoint corner = m_table.viewport()->mapTo(m_table.window(), rect.topLeft());
+    return {corner.x() * twipsPerPixel, corner.y() * twipsPerPixel, rect.width() * twipsPerPixel,
+            rect.height() * twipsPerPixel};
+}
+
+void Cell::coloursChanged()
+{
+    m_table.model().changed(m_row, m_column);
+}
+
+void Cell::doPress()
+{
+    m_table.pressed(m_row, m_column, false);
+}
+
+void Cell::doDoubleClick()
+{
+    m_table.pressed(m_row, m_column, true);
+}
+
+CellModel::CellModel(Table &table, std::vector<Column> columns, int rows) : m_columns(std::move(columns))
+{
+    m_cells.resize(static_cast<std::size_t>(rows));
+    for (int row = 0; row < rows; ++row)
+        for (int column = 0; column < static_cast<int>(m_columns.size()); ++column)
+            m_cells[static_cast<std::size_t>(row)].push_back(std::make_unique<Cell>(table, row, column));
+}
+
+int CellModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_cells.size());
+}
+
+int CellModel::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_columns.size());
+}
+
+QVariant CellModel::data(const QModelIndex &index, int role) const
+{
+    if (!index.isValid())
+        return {};
+    const Cell &at = cell(index.row(), index.column());
+    const Column &column = m_columns[static_cast<std::size_t>(index.column())];
+    switch (role) {
+    case Qt::DisplayRole: return at.text();
+    case Qt::ToolTipRole: return at.tip();
+    case Qt::BackgroundRole: return at.back() ? QVariant(*at.back()) : QVariant();
+    case Qt::ForegroundRole: return at.fore() ? QVariant(*at.fore()) : QVariant();
+    case Qt::TextAlignmentRole: return QVariant(column.align | Qt::AlignVCenter);
+    default: return {};
+    }
+}
+
+QVariant CellModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
+        return {};
+    const Column &column = m_columns[static_cast<std::size_t>(section)];
+    if (role == Qt::DisplayRole)
+        return column.title;
+    if (role == Qt::TextAlignmentRole)
+        return QVariant(column.align | Qt::AlignVCenter);
+    return {};
+}
+
+void CellModel::changed(int row, int column)
+{
+    emit dataChanged(index(row, column), index(row, column));
+}
+
+Table::Table(std::vector<Column> columns, int rows, QWidget *parent) : QTableView(parent)
+{
+    m_model = new CellModel(*this, std::move(columns), rows);
+    m_model->setParent(this);
+    setModel(m_model);
+    setAlternatingRowColors(true);
+    setSelectionMode(ExtendedSelection);
+    setEditTriggers(NoEditTriggers);
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setWordWrap(false);
+    setTabKeyNavigation(false);
+    verticalHeader()->hide();
+    verticalHeader()->setMinimumSectionSize(12);
+    verticalHeader()->setDefaultSectionSize(look::rowHeight);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setSectionsClickable(false);
+    horizontalHeader()->setFixedHeight(look::rowHeight + 2);
+    bool pointing = false;
+    for (int i = 0; i < m_model->columnCount(); ++i) {
+        const Column &column = m_model->columns()[static_cast<std::size_t>(i)];
+        horizontalHeader()->setSectionResizeMode(i, column.width > 0 ? QHeaderView::Fixed : QHeaderView::Stretch);
+        if (column.width > 0)
+            setColumnWidth(i, column.width);
+        pointing |= column.command;
+    }
+    if (pointing)
+        viewport()->setCursor(Qt::PointingHandCursor);
+    connect(this, &QTableView::clicked, this, [this](const QModelIndex &at) { pressed(at.row(), at.column(), false); });
+    connect(this, &QTableView::doubleClicked, this,
+            [this](const QModelIndex &at) { pressed(at.row(), at.column(), true); });
+}
+
+int Table::columnOf(QStringView name) const
+{
+    const auto &columns = m_model->columns();
+    const auto found = std::find_if(columns.begin(), columns.end(), [&](const Column &c) { return c.name == name; });
+    return found == columns.end() ? -1 : static_cast<int>(found - columns.begin());
+}
+
+Cell *Table::cell(QStringView name, int index) const
+{
+    const int column = columnOf(name);
+    if (column < 0)
+        return nullptr;
+    const int row = index - m_model->columns()[static_cast<std::size_t>(column)].firstIndex;
+    return row < 0 || row >= m_model->rowCount() ? nullptr : &m_model->cell(row, column);
+}
+
+QStringList Table::names() const
+{
+    QStringList names;
+    for (const Column &column : m_model->columns())
+        if (!column.name.isEmpty())
+            names << column.name;
+    return names;
+}
+
+void Table::set(QStringView name, int index, const QString &text)
+{
+    if (Cell *at = cell(name, index))
+        at->setText(text);
+}
+
+void Table::setBack(QStringView name, int index, std::optional<QColor> colour)
+{
+    if (Cell *at = cell(name, index))
+        at->setBack(colour);
+}
+
+QString Table::text(QStringView name, int index) const
+{
+    const Cell *at = cell(name, index);
+    return at ? at->text() : QString();
+}
+
+void Table::pressed(int row, int column, bool twice)
+{
+    const Column &at = m_model->columns()[static_cast<std::size_t>(column)];
+    const auto handler = twice ? onDoubleClick : onPress;
+    if (handler)
+        handler(at.name, row + at.firstIndex);
+}
+
+QString Table::asText() const
+{
+    QStringList lines;
+    QStringList cells;
+    for (const Column &column : m_model->columns())
+        cells << column.title;
+    lines << cells.join(u'\t');
+    for (int row = 0; row < m_model->rowCount(); ++row) {
+        cells.clear();
+        for (int column = 0; column < m_model->columnCount(); ++column)
+            cells << m_model->cell(row, column).text();
+        lines << cells.join(u'\t');
+    }
+    return lines.join(u'\n') + u'\n';
+}
+
+int Table::rowsHigh(int rows) const
+{
+    return (horizontalHeader()->isHidden() ? 0 : horizontalHeader()->height()) +
+           rows * verticalHeader()->defaultSectionSize() + 2;
+}
+
+void Table::keyPressEvent(QKeyEvent *event)
+{
+    if (event->matches(QKeySequence::Copy)) {
+        QMap<int, QStringList> rows;
+        QModelIndexList chosen = selectedIndexes();
+        std::sort(chosen.begin(), chosen.end());
+        for (const QModelIndex &at : chosen)
+            rows[at.row()] << at.data().toString();
+        QStringList lines;
+        for (const QStringList &row : rows)
+            lines << row.join(u'\t');
+        QApplication::clipboard()->setText(lines.join(u'\n'));
+    } else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && currentIndex().isValid() && onPress) {
+        pressed(currentIndex().row(), currentIndex().column(), false);
+    } else {
+        QTableView::keyPressEvent(event);
+    }
+}
+
+
+}

@@ -1,0 +1,98 @@
+#pragma once
+// One table for all lists and grids. Its columns bear control names, so that `Text3(4)` is a cell with text, colours, tip
+// and place; an index outside the column does nothing. A person can select, copy and read it with a screen reader.
+#include "shell/control.h"
+
+#include <QAbstractTableModel>
+#include <QTableView>
+
+#include <map>
+#include <memory>
+#include <vector>
+
+namespace circuidex {
+
+struct Column {
+    QString name;             // of the control array
+    QString title;            // over the column
+    int width = 0;            // pixels; 0 takes what is left
+    Qt::Alignment align = Qt::AlignLeft;
+    QString tip = {};         // over each cell that has none of its own
+    int firstIndex = 0;       // the index of the first row
+    bool command = false;     // a click on a cell does something: pointing hand
+};
+
+class Table;
+
+class Cell : public Control {
+public:
+    Cell(Table &table, int row, int column) : m_table(table), m_row(row), m_column(column) {}
+    QString text() const override { return m_text; }
+    void setText(const QString &text) override;
+    QString tip() const override;
+    void setTip(const QString &tip) { m_tip = tip; }
+    TwipRect geometry() const override;
+
+protected:
+    void coloursChanged() override;
+    void doPress() override;
+    void doDoubleClick() override;
+
+private:
+    Table &m_table;
+    int m_row, m_column;
+    QString m_text, m_tip;
+};
+
+class CellModel : public QAbstractTableModel {
+    Q_OBJECT
+public:
+    CellModel(Table &table, std::vector<Column> columns, int rows);
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+    Cell &cell(int row, int column) const { return *m_cells[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)]; }
+    const std::vector<Column> &columns() const { return m_columns; }
+    void changed(int row, int column);
+
+private:
+    std::vector<Column> m_columns;
+    std::vector<std::vector<std::unique_ptr<Cell>>> m_cells;
+};
+
+class Table : public QTableView {
+    Q_OBJECT
+public:
+    Table(std::vector<Column> columns, int rows, QWidget *parent = nullptr);
+
+    // The cell of a control name and index; null outside.
+    Cell *cell(QStringView name, int index) const;
+    bool has(QStringView name) const { return columnOf(name) >= 0; }
+    QStringList names() const;
+
+    void set(QStringView name, int index, const QString &text);
+    void setBack(QStringView name, int index, std::optional<QColor> colour);
+    QString text(QStringView name, int index) const;
+
+    // A click or a double click on a cell; the index is the column's.
+    std::function<void(const QString &name, int index)> onPress, onDoubleClick;
+
+    // All of it as text: a line a row, cells separated by tabs, titles first.
+    QString asText() const;
+
+    int rowsHigh(int rows) const; // pixels that so many rows and the titles take
+    CellModel &model() const { return *m_model; }
+
+    void pressed(int row, int column, bool twice);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    int columnOf(QStringView name) const;
+    CellModel *m_model;
+};
+
+}

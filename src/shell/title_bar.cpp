@@ -1,0 +1,111 @@
+#include "shell/title_bar.h"
+
+#include "shell/chrome.h"
+#include "shell/look.h"
+
+#include <QLinearGradient>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace circuidex {
+
+namespace {
+
+constexpr int pixels(double twips)
+{
+    return static_cast<int>(twips / twipsPerPixel);
+}
+
+void drawButton(QPainter &painter, const QRect &rect, bool held, bool cross)
+{
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(255, 255, 255, held ? 150 : 60));
+    painter.drawRoundedRect(rect, 3, 3);
+    painter.setPen(QPen(Qt::white, 1.6, Qt::SolidLine, Qt::RoundCap));
+    const QRectF mark = QRectF(rect).adjusted(4, 4, -4, -4);
+    if (cross) {
+        painter.drawLine(mark.topLeft(), mark.bottomRight());
+        painter.drawLine(mark.topRight(), mark.bottomLeft());
+    } else {
+        painter.drawLine(mark.bottomLeft(), mark.bottomRight());
+    }
+}
+
+}
+
+TitleBar::TitleBar(const Skin &skin, bool minimise, QWidget *screen) :
+    QWidget(screen), m_skin(skin), m_minimise(minimise)
+{
+    setFixedHeight(pixels(chrome::barHeight));
+}
+
+void TitleBar::setTitle(const QString &title)
+{
+    m_title = title;
+    update();
+}
+
+QRect TitleBar::closeRect() const
+{
+    const TwipRect at = chrome::image4apa(width() * twipsPerPixel);
+    return {pixels(at.left), pixels(at.top), pixels(at.width), pixels(at.height)};
+}
+
+QRect TitleBar::minimiseRect() const
+{
+    return m_minimise ? closeRect().translated(-22, 0) : QRect();
+}
+
+void TitleBar::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    QLinearGradient bar(0, 0, 0, height());
+    const QColor main = look::colour(m_skin.main);
+    bar.setColorAt(0, main.lighter(135));
+    bar.setColorAt(0.45, main);
+    bar.setColorAt(1, look::colour(m_skin.edge));
+    painter.fillRect(rect(), bar);
+    painter.setPen(QColor(255, 255, 255, 70));
+    painter.drawLine(0, 0, width(), 0);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QFont bold = font();
+    bold.setBold(true);
+    painter.setFont(bold);
+    painter.setPen(Qt::white);
+    const int left = pixels(chrome::leftEnd);
+    painter.drawText(QRect(left, 0, width() - left - 60, height()), Qt::AlignVCenter | Qt::AlignLeft, m_title);
+    drawButton(painter, closeRect(), m_closeHeld, true);
+    if (m_minimise)
+        drawButton(painter, minimiseRect(), m_minimiseHeld, false);
+}
+
+void TitleBar::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    m_closeHeld = closeRect().adjusted(-4, -4, 4, 4).contains(event->pos());
+    m_minimiseHeld = !m_closeHeld && minimiseRect().adjusted(-4, -4, 4, 4).contains(event->pos());
+    m_dragging = !m_closeHeld && !m_minimiseHeld;
+    m_noted = event->globalPosition().toPoint() - window()->pos();
+    update();
+}
+
+void TitleBar::mouseMoveEvent(QMouseEvent *event)
+{
+    if (m_dragging)
+        window()->move(event->globalPosition().toPoint() - m_noted);
+}
+
+void TitleBar::mouseReleaseEvent(QMouseEvent *event)
+{
+    const bool close = m_closeHeld && closeRect().adjusted(-4, -4, 4, 4).contains(event->pos());
+    const bool minimise = m_minimiseHeld && minimiseRect().adjusted(-4, -4, 4, 4).contains(event->pos());
+    m_closeHeld = m_minimiseHeld = m_dragging = false;
+    update();
+    if (close)
+        emit closeClicked();
+    else if (minimise)
+        emit minimiseClicked();
+}
+
+}

@@ -1,0 +1,42 @@
+#pragma once
+// The bar over every screen: a gradient of the skin, the title in white, a close button, and the handle by which the
+// window is dragged.
+#include "shell/skin.h"
+
+#include <QPointF>
+#include <QString>
+#include <QWidget>
+
+namespace circuidex {
+
+class TitleBar : public QWidget {
+    Q_OBJECT
+public:
+    // With minimise, the bar also has a button for that, as the main window's.
+    TitleBar(const Skin &skin, bool minimise, QWidget *screen);
+
+    QString title() const { return m_title; }
+    void setTitle(const QString &title);
+
+signals:
+    void closeClicked();
+    void minimiseClicked();
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+
+private:
+    QRect closeRect() const;
+    QRect minimiseRect() const;
+
+    Skin m_skin;
+    bool m_minimise;
+    QString m_title = QStringLiteral("TITRE"); // until the screen is up
+    bool m_closeHeld = false, m_minimiseHeld = false, m_dragging = false;
+    QPoint m_noted; // the point of the press, within the window
+};
+
+}

@@ -1,0 +1,275 @@
+#include "shell/widgets.h"
+
+#include "platform/qt_pictures.h"
+#include "shell/look.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyle>
+
+namespace circuidex {
+
+namespace {
+
+// A release that ends a double click isn't a click of its own.
+bool endsClick(const QWidget *widget, const QMouseEvent *event, bool &afterDouble)
+{
+    const bool click = event->button() == Qt::LeftButton && widget->rect().contains(event->pos()) && !afterDouble;
+    afterDouble = false;
+    return click;
+}
+
+void run(const std::function<void()> &handler)
+{
+    if (const auto copy = handler)
+        copy();
+}
+
+int keyNamed(const QString &name)
+{
+    static const std::pair<const char16_t *, int> keys[] = {
+        {u"Enter", Qt::Key_Return},   {u"Return", Qt::Key_Return}, {u"Escape", Qt::Key_Escape}, {u"Tab", Qt::Key_Tab},
+        {u"Space", Qt::Key_Space},    {u"Left", Qt::Key_Left},     {u"Right", Qt::Key_Right},   {u"Up", Qt::Key_Up},
+        {u"Down", Qt::Key_Down},      {u"PageUp", Qt::Key_PageUp}, {u"PageDown", Qt::Key_PageDown},
+        {u"Home", Qt::Key_Home},      {u"End", Qt::Key_End},       {u"Delete", Qt::Key_Delete},
+        {u"Backspace", Qt::Key_Backspace}};
+    for (const auto &[text, key] : keys)
+        if (name == QStringView(text))
+            return key;
+    return name.size() == 1 ? name.at(0).toUpper().unicode() : 0;
+}
+
+}
+
+Label::Label(const QString &text, QWidget *parent) : QLabel(text, parent)
+{
+    setTextFormat(Qt::PlainText);
+}
+
+void Label::makeCommand()
+{
+    setProperty("command", true);
+    setCursor(Qt::PointingHandCursor);
+    setFocusPolicy(Qt::TabFocus);
+}
+
+void Label::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (endsClick(this, event, m_afterDouble))
+        run(onClick);
+}
+
+void Label::mouseDoubleClickEvent(QMouseEvent *)
+{
+    m_afterDouble = true;
+    run(onDoubleClick);
+}
+
+void Label::enterEvent(QEnterEvent *event)
+{
+    QLabel::enterEvent(event);
+    run(onHover);
+}
+
+void Label::keyPressEvent(QKeyEvent *event)
+{
+    if (onClick && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space))
+        run(onClick);
+    else
+        QLabel::keyPressEvent(event);
+}
+
+Edit::Edit(QWidget *parent) : QLineEdit(parent) {}
+
+void Edit::mouseReleaseEvent(QMouseEvent *event)
+{
+    QLineEdit::mouseReleaseEvent(event);
+    if (event->button() == Qt::LeftButton)
+        run(onClick);
+}
+
+void Edit::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    QLineEdit::mouseDoubleClickEvent(event);
+    run(onDoubleClick);
+}
+
+Remark::Remark(QWidget *parent) : QPlainTextEdit(parent)
+{
+    setTabChangesFocus(true);
+    connect(this, &QPlainTextEdit::textChanged, this, [this] { run(onEdited); });
+}
+
+void Remark::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        insertPlainText(QStringLiteral(" "));
+    else
+        QPlainTextEdit::keyPressEvent(event);
+}
+
+void Remark::insertFromMimeData(const QMimeData *source)
+{
+    insertPlainText(source->text().simplified());
+}
+
+Button::Button(const QString &caption, QWidget *parent) : QPushButton(caption, parent)
+{
+    setAutoDefault(false);
+}
+
+void Button::makeMain()
+{
+    setProperty("main", true);
+}
+
+Picture::Picture(QWidget *parent) : QWidget(parent)
+{
+    setMinimumSize(48, 36);
+}
+
+void Picture::setPath(const QString &path)
+{
+    m_path = path;
+    m_scaledFor = {};
+    update();
+}
+
+void Picture::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    const QSize room = size() * devicePixelRatioF();
+    if (m_scaledFor != room) {
+        m_scaled = scaledPicture(m_path, room);
+        m_scaled.setDevicePixelRatio(devicePixelRatioF());
+        m_scaledFor = room;
+    }
+    if (m_scaled.isNull()) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(look::line, 1, Qt::DashLine));
+        painter.setBrush(look::ground);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(.5, .5, -.5, -.5), 4, 4);
+        painter.setPen(look::quiet);
+        painter.drawText(rect().adjusted(8, 8, -8, -8), Qt::AlignCenter | Qt::TextWordWrap, m_placeholder);
+        return;
+    }
+    const QSize shown = (QSizeF(m_scaled.size()) / devicePixelRatioF()).toSize();
+    painter.drawPixmap((width() - shown.width()) / 2, (height() - shown.height()) / 2, m_scaled);
+}
+
+void Picture::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (endsClick(this, event, m_afterDouble))
+        run(onClick);
+}
+
+void Picture::mouseDoubleClickEvent(QMouseEvent *)
+{
+    m_afterDouble = true;
+    run(onDoubleClick);
+}
+
+QString WidgetControl::text() const
+{
+    if (const auto *check = qobject_cast<QCheckBox *>(m_widget))
+        return check->isChecked() ? QStringLiteral("vrai") : QStringLiteral("faux");
+    if (const auto *button = qobject_cast<QAbstractButton *>(m_widget))
+        return button->text().replace(QLatin1String("&&"), QLatin1String("&"));
+    if (const auto *label = qobject_cast<QLabel *>(m_widget))
+        return label->text();
+    if (const auto *edit = qobject_cast<QLineEdit *>(m_widget))
+        return edit->text();
+    if (const auto *remark = qobject_cast<QPlainTextEdit *>(m_widget))
+        return remark->toPlainText();
+    if (const auto *picture = dynamic_cast<Picture *>(m_widget))
+        return picture->path();
+    return {};
+}
+
+void WidgetControl::setText(const QString &text)
+{
+    if (auto *check = qobject_cast<QCheckBox *>(m_widget))
+        check->setChecked(text == u"vrai");
+    else if (auto *button = qobject_cast<QAbstractButton *>(m_widget))
+        button->setText(QString(text).replace(u'&', QLatin1String("&&")));
+    else if (auto *label = qobject_cast<QLabel *>(m_widget))
+        label->setText(text);
+    else if (auto *edit = qobject_cast<QLineEdit *>(m_widget))
+        edit->setText(text);
+    else if (auto *remark = qobject_cast<QPlainTextEdit *>(m_widget))
+        remark->setPlainText(QString(text).replace(u'\n', u' ').remove(u'\r'));
+    else if (auto *picture = dynamic_cast<Picture *>(m_widget))
+        picture->setPath(text);
+}
+
+QString WidgetControl::tip() const
+{
+    return m_widget->toolTip();
+}
+
+TwipRect WidgetControl::geometry() const
+{
+    const TwipRect fixed = Control::geometry();
+    if (fixed.width > 0 || fixed.height > 0 || fixed.top != 0 || fixed.left != 0)
+        return fixed;
+    const QPoint corner = m_widget->mapTo(m_widget->window(), QPoint(0, 0));
+    return {corner.x() * twipsPerPixel, corner.y() * twipsPerPixel, m_widget->width() * twipsPerPixel,
+            m_widget->height() * twipsPerPixel};
+}
+
+bool WidgetControl::enabled() const
+{
+    return m_widget->isEnabled();
+}
+
+void WidgetControl::key(const QString &name)
+{
+    const int key = keyNamed(name);
+    if (key == 0 || !inSight())
+        return;
+    const QString typed = name.size() == 1 ? name : QString();
+    QKeyEvent down(QEvent::KeyPress, key, Qt::NoModifier, typed);
+    QCoreApplication::sendEvent(m_widget, &down);
+    QKeyEvent up(QEvent::KeyRelease, key, Qt::NoModifier, typed);
+    QCoreApplication::sendEvent(m_widget, &up);
+}
+
+void WidgetControl::coloursChanged()
+{
+    QString style;
+    if (back())
+        style += QStringLiteral("background-color:%1;").arg(back()->name());
+    if (fore())
+        style += QStringLiteral("color:%1;").arg(fore()->name());
+    // Bound to the widget's own class, so that its tooltip keeps the common colours.
+    const QString widgetClass = QString::fromLatin1(m_widget->metaObject()->className());
+    m_widget->setStyleSheet(style.isEmpty() ? style : widgetClass + u'{' + style + u'}');
+}
+
+void WidgetControl::sightChanged()
+{
+    QSizePolicy policy = m_widget->sizePolicy();
+    policy.setRetainSizeWhenHidden(true); // nothing jumps when a control leaves
+    m_widget->setSizePolicy(policy);
+    m_widget->setVisible(inSight());
+}
+
+void WidgetControl::doPress()
+{
+    if (auto *button = qobject_cast<QAbstractButton *>(m_widget))
+        button->click();
+    else
+        Control::doPress();
+}
+
+void WidgetControl::doDoubleClick()
+{
+    Control::doDoubleClick();
+}
+
+}

@@ -1,0 +1,103 @@
+#pragma once
+// The few widgets that all screens are made of. Each answers the mouse through plain handlers, so that a label, a box and
+// a picture can be clicked and double-clicked alike.
+#include "shell/control.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPixmap>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+#include <functional>
+
+namespace circuidex {
+
+class Label : public QLabel {
+public:
+    explicit Label(const QString &text = {}, QWidget *parent = nullptr);
+    std::function<void()> onClick, onDoubleClick, onHover;
+    void makeCommand(); // looks and behaves like a link: pointing hand, focus by Tab, Enter
+
+protected:
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void enterEvent(QEnterEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    bool m_afterDouble = false;
+};
+
+class Edit : public QLineEdit {
+public:
+    explicit Edit(QWidget *parent = nullptr);
+    std::function<void()> onClick, onDoubleClick;
+
+protected:
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+};
+
+// Text of one line that wraps: a line break typed or pasted becomes a blank.
+class Remark : public QPlainTextEdit {
+public:
+    explicit Remark(QWidget *parent = nullptr);
+    std::function<void()> onEdited;
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void insertFromMimeData(const QMimeData *source) override;
+};
+
+class Button : public QPushButton {
+public:
+    explicit Button(const QString &caption = {}, QWidget *parent = nullptr);
+    void makeMain(); // the main action of its screen, in the skin's colour
+};
+
+// A picture file, scaled to the room it has. Without one the frame stays blank.
+class Picture : public QWidget {
+public:
+    explicit Picture(QWidget *parent = nullptr);
+    const QString &path() const { return m_path; }
+    void setPath(const QString &path);
+    void setPlaceholder(const QString &text) { m_placeholder = text; } // shown in a blank frame
+    std::function<void()> onClick, onDoubleClick;
+    QSize sizeHint() const override { return {160, 120}; }
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+
+private:
+    QString m_path, m_placeholder;
+    QPixmap m_scaled;
+    QSize m_scaledFor;
+    bool m_afterDouble = false;
+};
+
+// The control of a widget: text, colours and place are the widget's.
+class WidgetControl : public Control {
+public:
+    explicit WidgetControl(QWidget *widget) : m_widget(widget) {}
+    QWidget *widget() const { return m_widget; }
+    QString text() const override;
+    void setText(const QString &text) override;
+    QString tip() const override;
+    TwipRect geometry() const override;
+    bool enabled() const override;
+    void key(const QString &name) override;
+
+protected:
+    void coloursChanged() override;
+    void sightChanged() override;
+    void doPress() override;
+    void doDoubleClick() override;
+
+private:
+    QWidget *m_widget;
+};
+
+}

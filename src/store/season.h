@@ -1,0 +1,60 @@
+#pragma once
+// A season: a store and the stem of its file, with the readers and the counting steps that everything above stands on.
+#include "store/keys.h"
+#include "store/store.h"
+
+namespace circuidex {
+
+// The bounds of the data model.
+inline constexpr int driverSlots = 26;     // numbers 1 to 26
+inline constexpr int gpSlots = 20;         // 0 to 19
+inline constexpr int classifiedPlaces = 8; // places 1 to 8
+inline constexpr int gridPlaces = 26;      // places 1 to 26
+
+class Season {
+public:
+    Season(Store &store, std::string stem) : m_store(&store), m_stem(std::move(stem)) {}
+
+    const std::string &stem() const { return m_stem; }
+    Store &store() const { return *m_store; }
+    const Numbers &numbers() const { return m_store->numbers(); }
+
+    std::string read(std::string_view section, std::string_view key) const
+    {
+        return m_store->LireINI(m_stem, section, key);
+    }
+    void write(std::string_view section, std::string_view key, std::string_view value) const
+    {
+        m_store->EcrireINI(m_stem, section, key, value);
+    }
+
+    // A driver's key of section N°, by his number: driver("nom", 7).
+    std::string driver(std::string_view prefix, std::string_view number) const;
+    std::string driver(std::string_view prefix, int number) const;
+
+    std::string nom(std::string_view number) const { return driver("nom", number); }
+    std::string nom(int number) const { return driver("nom", number); }
+    std::string ecurie(std::string_view number) const { return driver("ecurie", number); }
+    std::string ecurie(int number) const { return driver("ecurie", number); }
+
+    std::string namegp(int slot) const;
+    std::string podium(int place, std::string_view gpName) const; // the driver's number, empty for nobody
+    std::string grille(int place, std::string_view gpName) const; // the driver's name, empty for a free place
+
+    // A Grand Prix is recorded when its first place is held.
+    bool recorded(std::string_view gpName) const { return !podium(1, gpName).empty(); }
+
+    // Adds the text of an amount, which may be negative, to a key. A key or an amount that is no number stays as it is.
+    void add(std::string_view section, std::string_view key, std::string_view amount) const;
+    void subtract(std::string_view section, std::string_view key, std::string_view amount) const;
+
+    // The same for a counter that starts by itself: an empty key counts as 0.
+    void addFromZero(std::string_view section, std::string_view key, std::string_view amount) const;
+    void subtractFromZero(std::string_view section, std::string_view key, std::string_view amount) const;
+
+private:
+    Store *m_store;
+    std::string m_stem;
+};
+
+}
