@@ -1,0 +1,95 @@
+#include "store/text.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+using namespace circuidex;
+
+namespace {
+
+struct TextCase {
+    const char *name, *utf8, *codePage;
+};
+
+class BothWays : public testing::TestWithParam<TextCase> { };
+
+TEST_P(BothWays, Converts)
+{
+    EXPECT_EQ(toCodePage(GetParam().utf8), GetParam().codePage);
+    EXPECT_EQ(toUtf8(GetParam().codePage), GetParam().utf8);
+}
+
+constexpr TextCase both[] = {
+    {"Empty", "", ""},
+    {"Ascii", "podium1Monaco", "podium1Monaco"},
+    {"Accents", "Élodie N° ÿ", "\xC9lodie N\xB0 \xFF"},
+    {"Euro", "12 €", "12 \x80"},
+    {"Ligature", "œuf Œ", "\x9Cuf \x8C"},
+    {"TypographersQuotes", "‘a’ “b” – …",
+     "\x91"
+     "a\x92 \x93"
+     "b\x94 \x96 \x85"},
+    {"OpenByte", "\xC2\x81", "\x81"},
+    {"AccentBehindEightLetters", "grandeprix é", "grandeprix \xE9"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Text, BothWays, testing::ValuesIn(both),
+                         [](const auto &each) { return std::string(each.param.name); });
+
+class OneWay : public testing::TestWithParam<TextCase> { };
+
+TEST_P(OneWay, BecomesAQuestionMark)
+{
+    EXPECT_EQ(toCodePage(GetParam().utf8), GetParam().codePage);
+}
+
+constexpr TextCase lossy[] = {
+    {"OtherScript", "日本x", "??x"},
+    {"Picture", "a🏁b", "a?b"},
+    {"ControlOfAUsedByte", "\xC2\x80", "?"},
+    {"ReplacementCharacter", "\xEF\xBF\xBD", "?"},
+    {"LoneContinuation", "a\x80z", "a?z"},
+    {"CutAtTheEnd", "a\xC3", "a?"},
+    {"CutInTheMiddle", "\xE2\x82x", "??x"},
+    {"Overlong", "\xC0\xAF", "??"},
+    {"OverlongThree", "\xE0\x80\xAF", "???"},
+    {"Surrogate", "\xED\xA0\x80", "???"},
+    {"BeyondUnicode", "\xF4\x90\x80\x80", "????"},
+    {"NoLead", "\xFF\xFE", "??"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Text, OneWay, testing::ValuesIn(lossy),
+                         [](const auto &each) { return std::string(each.param.name); });
+
+TEST(Text, AllBytesSurviveTheWayThereAndBack)
+{
+    std::string all;
+    for (int c = 0; c < 256; ++c)
+        all += static_cast<char>(c);
+    EXPECT_EQ(toCodePage(toUtf8(all)), all);
+    for (const char c : all)
+        EXPECT_EQ(toCodePage(toUtf8(std::string(1, c))), std::string(1, c));
+}
+
+TEST(Text, RandomBytesGiveValidText)
+{
+    std::mt19937 random(5);
+    for (int round = 0; round < 5000; ++round) {
+        std::string bytes(random() % 30, ' ');
+        for (char &c : bytes)
+            c = static_cast<char>(random() % 3 ? 0x80 + random() % 128 : random() % 128);
+        const std::string converted = toCodePage(bytes);
+        EXPECT_LE(converted.size(), bytes.size());
+        EXPECT_EQ(toCodePage(toUtf8(bytes)), bytes);
+    }
+}
+
+TEST(Text, AsciiIsNotCopied)
+{
+    const std::string_view text = "grilledepart";
+    std::string scratch;
+    EXPECT_EQ(toCodePage(text, scratch).data(), text.data());
+}
+
+}
