@@ -212,7 +212,7 @@ bool replace(const std::string &path, std::string_view bytes, Stamp &after)
 {
     struct stat old;
     const bool exists = ::stat(path.c_str(), &old) == 0;
-    if (exists ? !S_ISREG(old.st_mode) || ::access(path.c_str(), W_OK) != 0 : errno != ENOENT)
+    if (exists ? !S_ISREG(old.st_mode) || ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0 : errno != ENOENT)
         return false;
     const std::string fresh = newName(path);
     if (create(fresh, bytes, exists ? &old : nullptr, after) && ::rename(fresh.c_str(), path.c_str()) == 0)

@@ -137,7 +137,7 @@ void KeyFile::parse()
         const std::size_t end = std::min(feed, back);
         std::size_t next = end;
         if (end < text.size()) {
-            const bool both = back < feed && feed == back + 1;
+            const bool both = feed == back + 1 && feed < text.size();
             next = end + (both ? 2 : 1);
             m_lineEnds |= both ? crlf : back < feed ? cr : lf;
         }
