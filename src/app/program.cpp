@@ -57,7 +57,7 @@ std::filesystem::path programFolder()
     const QString beside = QCoreApplication::applicationDirPath();
     if (QFileInfo(beside).isWritable())
         return beside.toStdString();
-    const QString own = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/Circuidex";
+    const QString own = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/Circuidex");
     QDir().mkpath(own);
     return own.toStdString();
 }

@@ -15,6 +15,7 @@ public:
 
     Store &store() { return m_store; }
     Screens &screens() { return m_screens; }
+    const Screens &screens() const { return m_screens; }
     Context &context() { return m_context; }
 
     // Loads the main screen, as a start does.

@@ -2,7 +2,9 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QAbstractButton>
 #include <QMessageBox>
+#include <QPushButton>
 
 namespace circuidex {
 
@@ -32,7 +34,7 @@ bool QtDialogs::question(const std::string &text)
     QMessageBox box(QApplication::activeWindow());
     present(box, text);
     box.setIcon(QMessageBox::Question);
-    const auto *yes = box.addButton(QStringLiteral("Oui"), QMessageBox::YesRole);
+    const QAbstractButton *yes = box.addButton(QStringLiteral("Oui"), QMessageBox::YesRole);
     box.addButton(QStringLiteral("Non"), QMessageBox::NoRole);
     box.exec();
     return box.clickedButton() == yes;

@@ -30,12 +30,13 @@ public:
 
     Field an{"2003"};      // the season: the stem of its file
     Field Label40{"0"};    // the cursor: the calendar slot on show, 0 to 19
+    Field Text9;           // the pole-sitter's name, for show
     Field Label11;         // the status line
     Field writesLost;      // what the quiet line says while changes can't be kept
     Field Image1, Labell;  // picture of the circuit: the file on show (empty: none), and the path it was asked by
     Field Image2, Label50; // picture of the Grand Prix
     Field a;               // path of the film
-    bool filmBeside = false; // a film of this Grand Prix lies in the program folder: the video button is green
+    Field film;            // "vrai" while the video button is green: a film of this Grand Prix is at hand
     std::array<Field, classifiedPlaces> ptspilot; // the scale in use
     Field pol, vic, pts, lblrec; // candidates for the record lists: poles, wins and points, and the pole-sitter's name
 

@@ -40,8 +40,9 @@ void showFilm(MainScreen &main)
     const std::string key = keys::vid(main.gp.text(), main.an.text());
     main.a.set(main.store.LireINI(keys::galerie, keys::gp, key));
     const std::string path = main.folder() + "\\" + main.gp.text() + main.an.text() + ".avi";
-    main.filmBeside = !main.surroundings.findFile(path).empty();
-    if (main.filmBeside)
+    const bool beside = !main.surroundings.findFile(path).empty();
+    main.film.set(beside ? "vrai" : "");
+    if (beside)
         main.season().write(keys::gp, key, path);
 }
 

@@ -5,6 +5,8 @@
 #include "store/season.h"
 
 #include <array>
+#include <string>
+#include <vector>
 
 namespace circuidex {
 
@@ -14,7 +16,6 @@ struct RaceFields {
     std::array<Field, classifiedPlaces> Text1to8;    // driver numbers of places 1 to 8, empty for nobody
     std::array<Field, classifiedPlaces> Text31to38;  // their names
     Field Text39;                                    // the number of the driver in pole position
-    Field Text9;                                     // his name, for show
     Field Text41;                                    // the remark
 
     Field &number(int place) { return Text1to8[static_cast<std::size_t>(place - 1)]; }

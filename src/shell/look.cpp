@@ -35,6 +35,13 @@ QToolTip { background:#FFFFFF; color:#1F2733; border:1px solid #D9DDE3; padding:
 #hint { color:#6B7482; font-size:12px; }
 #large { font-weight:bold; font-size:18px; }
 #place { color:#6B7482; }
+#status { color:#1B7A3D; font-weight:bold; }
+#podiumname { font-weight:bold; font-size:15px; padding:4px 0; }
+#podiumstep { background:qlineargradient(x1:0,y1:0,x2:0,y2:1,stop:0 MAIN,stop:1 EDGE); color:#FFFFFF;
+    font-weight:bold; font-size:20px; border-top-left-radius:4px; border-top-right-radius:4px; margin:0 3px; }
+#lost { color:#B00020; }
+QLabel[film="true"] { border:1px solid #C9CFD8; border-radius:4px; padding:4px; }
+QLineEdit[title="true"] { font-weight:bold; }
 QLabel[command="true"] { color:#000000; padding:2px 4px; border-radius:3px; }
 QLabel[command="true"]:focus { border:1px solid MAIN; }
 QLineEdit, QPlainTextEdit { background:#FFFFFF; border:1px solid #C9CFD8; border-radius:3px; padding:1px 4px;

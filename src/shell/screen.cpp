@@ -118,8 +118,8 @@ Control *Screen::control(const QString &name, std::optional<int> index) const
         return found == array->second.end() ? nullptr : found->second.get();
     }
     for (const Table *table : m_tables)
-        if (table->has(name))
-            return index ? table->cell(name, *index) : nullptr;
+        if (Cell *cell = index ? table->cell(name, *index) : table->cell(name))
+            return cell;
     return nullptr;
 }
 
@@ -130,9 +130,7 @@ QStringList Screen::controlNames() const
         for (const auto &[index, control] : elements)
             names << (index == single ? name : QStringLiteral("%1(%2)").arg(name).arg(index));
     for (const Table *table : m_tables)
-        for (const Column &column : table->model().columns())
-            for (int row = 0; !column.name.isEmpty() && row < table->model().rowCount(); ++row)
-                names << QStringLiteral("%1(%2)").arg(column.name).arg(row + column.firstIndex);
+        names << table->names();
     return names;
 }
 
@@ -198,6 +196,15 @@ void Screen::setWaiting(bool on)
         setCursor(Qt::WaitCursor);
     else
         unsetCursor();
+}
+
+void Screen::dress()
+{
+    m_skin = context.skin;
+    setStyleSheet(look::styleSheet(m_skin));
+    if (m_bar)
+        m_bar->setSkin(m_skin);
+    update();
 }
 
 void Screen::print()

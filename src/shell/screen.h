@@ -1,6 +1,7 @@
 #pragma once
 // The base of all screens: a borderless window with the program's own title bar, the skin, drag, close, kept on top, the
 // wait pointer, printing, and the register of named controls through which screens, tests and the driver reach it.
+#include "shell/skin.h"
 #include "shell/table.h"
 #include "shell/widgets.h"
 
@@ -61,6 +62,7 @@ public:
     bool waiting() const { return m_waiting > 0; }
     void setWaiting(bool on);
 
+    void dress(); // takes the skin that the program now has
     void print();
 
 protected:

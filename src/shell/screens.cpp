@@ -6,6 +6,7 @@ namespace circuidex {
 
 Screens::~Screens()
 {
+    onChange = {};
     while (!m_open.empty()) {
         Screen *last = m_open.back();
         m_open.pop_back();
@@ -34,6 +35,8 @@ Screen *Screens::open(const QString &name)
             return nullptr;
         screen = made->make(*m_context, made->name, made->title);
         m_open.push_back(screen);
+        if (onChange)
+            onChange(name, true);
     }
     screen->present();
     return screen;
@@ -63,7 +66,12 @@ QStringList Screens::openNames() const
 
 void Screens::closed(Screen &screen)
 {
-    m_open.erase(std::remove(m_open.begin(), m_open.end(), &screen), m_open.end());
+    const auto found = std::find(m_open.begin(), m_open.end(), &screen);
+    if (found == m_open.end())
+        return;
+    m_open.erase(found);
+    if (onChange)
+        onChange(screen.name(), false);
 }
 
 bool Screens::timersPending() const

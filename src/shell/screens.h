@@ -38,6 +38,9 @@ public:
     // Called by a screen that closes.
     void closed(Screen &screen);
 
+    // Told of every screen that opens (true) or closes (false).
+    std::function<void(const QString &name, bool open)> onChange;
+
     // True as long as a timer of less than a second runs on an open screen.
     bool timersPending() const;
 

@@ -149,12 +149,26 @@ Cell *Table::cell(QStringView name, int index) const
     return row < 0 || row >= m_model->rowCount() ? nullptr : &m_model->cell(row, column);
 }
 
+Cell *Table::cell(QStringView rowName) const
+{
+    const auto &columns = m_model->columns();
+    for (int column = 0; column < static_cast<int>(columns.size()); ++column) {
+        const QStringList &names = columns[static_cast<std::size_t>(column)].rowNames;
+        for (int row = 0; row < names.size() && row < m_model->rowCount(); ++row)
+            if (names.at(row) == rowName)
+                return &m_model->cell(row, column);
+    }
+    return nullptr;
+}
+
 QStringList Table::names() const
 {
     QStringList names;
-    for (const Column &column : m_model->columns())
-        if (!column.name.isEmpty())
-            names << column.name;
+    for (const Column &column : m_model->columns()) {
+        names << column.rowNames;
+        for (int row = 0; !column.name.isEmpty() && row < m_model->rowCount(); ++row)
+            names << QStringLiteral("%1(%2)").arg(column.name).arg(row + column.firstIndex);
+    }
     return names;
 }
 
@@ -181,7 +195,7 @@ void Table::pressed(int row, int column, bool twice)
     const Column &at = m_model->columns()[static_cast<std::size_t>(column)];
     const auto handler = twice ? onDoubleClick : onPress;
     if (handler)
-        handler(at.name, row + at.firstIndex);
+        handler(at.rowNames.value(row, at.name), row + at.firstIndex);
 }
 
 QString Table::asText() const

@@ -20,6 +20,7 @@ struct Column {
     QString tip = {};         // over each cell that has none of its own
     int firstIndex = 0;       // the index of the first row
     bool command = false;     // a click on a cell does something: pointing hand
+    QStringList rowNames = {}; // cells that are no array but bear names of their own, row by row
 };
 
 class Table;
@@ -69,14 +70,15 @@ public:
 
     // The cell of a control name and index; null outside.
     Cell *cell(QStringView name, int index) const;
-    bool has(QStringView name) const { return columnOf(name) >= 0; }
-    QStringList names() const;
+    // The cell with a name of its own; null when there is none.
+    Cell *cell(QStringView rowName) const;
+    QStringList names() const; // of all cells, as "Text3(4)" or "Text34"
 
     void set(QStringView name, int index, const QString &text);
     void setBack(QStringView name, int index, std::optional<QColor> colour);
     QString text(QStringView name, int index) const;
 
-    // A click or a double click on a cell; the index is the column's.
+    // A click or a double click on a cell; the index is the column's, and of a cell with a name of its own its row.
     std::function<void(const QString &name, int index)> onPress, onDoubleClick;
 
     // All of it as text: a line a row, cells separated by tabs, titles first.

@@ -45,6 +45,12 @@ void TitleBar::setTitle(const QString &title)
     update();
 }
 
+void TitleBar::setSkin(const Skin &skin)
+{
+    m_skin = skin;
+    update();
+}
+
 QRect TitleBar::closeRect() const
 {
     const TwipRect at = chrome::image4apa(width() * twipsPerPixel);

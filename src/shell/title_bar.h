@@ -17,6 +17,7 @@ public:
 
     QString title() const { return m_title; }
     void setTitle(const QString &title);
+    void setSkin(const Skin &skin);
 
 signals:
     void closeClicked();

@@ -76,6 +76,12 @@ void Label::enterEvent(QEnterEvent *event)
     run(onHover);
 }
 
+void Label::leaveEvent(QEvent *event)
+{
+    QLabel::leaveEvent(event);
+    run(onLeave);
+}
+
 void Label::keyPressEvent(QKeyEvent *event)
 {
     if (onClick && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space))

@@ -16,13 +16,14 @@ namespace circuidex {
 class Label : public QLabel {
 public:
     explicit Label(const QString &text = {}, QWidget *parent = nullptr);
-    std::function<void()> onClick, onDoubleClick, onHover;
+    std::function<void()> onClick, onDoubleClick, onHover, onLeave;
     void makeCommand(); // looks and behaves like a link: pointing hand, focus by Tab, Enter
 
 protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void enterEvent(QEnterEvent *event) override;
+    void leaveEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:

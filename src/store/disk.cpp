@@ -143,10 +143,9 @@ std::string oldName(const std::string &path)
     return beside(path, nameOf(path)).append(keptOld);
 }
 
-// A process that had our number may have been killed before its rename; its file is in the way.
 bool create(const std::string &path, std::string_view bytes, const struct stat *old, Stamp &after)
 {
-    ::unlink(path.c_str());
+    ::unlink(path.c_str()); // left by a killed process that had our number
     Descriptor file(path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, 0666);
     struct stat info;
     if (!file || ::fstat(file.number(), &info) != 0)
@@ -160,6 +159,20 @@ bool create(const std::string &path, std::string_view bytes, const struct stat *
         return false;
     after = stampOf(info);
     return file.close();
+}
+
+// Some file systems answer a rename over a file by sending the new one to the disk and waiting for the old one's last
+// write, which costs ten times the rest. Two names that change places and the removal of one do the same without.
+bool exchange([[maybe_unused]] const std::string &fresh, [[maybe_unused]] const std::string &path)
+{
+#ifdef RENAME_EXCHANGE
+    if (::renameat2(AT_FDCWD, fresh.c_str(), AT_FDCWD, path.c_str(), RENAME_EXCHANGE) != 0)
+        return false;
+    ::unlink(fresh.c_str()); // the old file now; left there it is tidied away later
+    return true;
+#else
+    return false;
+#endif
 }
 
 }
@@ -208,28 +221,17 @@ std::string target(const std::string &path)
     return path; // links in a circle: opening it fails
 }
 
-bool replace(const std::string &path, std::string_view bytes, Stamp &after)
-{
-    struct stat old;
-    const bool exists = ::stat(path.c_str(), &old) == 0;
-    if (exists ? !S_ISREG(old.st_mode) || ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0 : errno != ENOENT)
-        return false;
-    const std::string fresh = newName(path);
-    if (create(fresh, bytes, exists ? &old : nullptr, after) && ::rename(fresh.c_str(), path.c_str()) == 0)
-        return true;
-    ::unlink(fresh.c_str());
-    return false;
-}
-
 bool keepOld(const std::string &path)
 {
     const std::string old = oldName(path);
     if (::link(path.c_str(), old.c_str()) == 0)
         return true;
+    if (errno != EEXIST)
+        return errno == ENOENT;
     // What a killed program held on to gives way to what is in the file now, once that is surely on the disk.
     std::string bytes;
-    return errno == EEXIST && read(path, bytes).kind == Kind::file && !hollow(bytes) && syncFile(path) &&
-        ::unlink(old.c_str()) == 0 && ::link(path.c_str(), old.c_str()) == 0;
+    return read(path, bytes).kind == Kind::file && !hollow(bytes) && syncFile(path) && ::unlink(old.c_str()) == 0 &&
+        ::link(path.c_str(), old.c_str()) == 0;
 }
 
 void dropOld(const std::string &path)
@@ -237,15 +239,29 @@ void dropOld(const std::string &path)
     ::unlink(oldName(path).c_str());
 }
 
-Stamp readOrOld(const std::string &path, std::string &bytes, bool &fromOld)
+Stamp repairAndRead(const std::string &path, std::string &bytes)
 {
     const Stamp stamp = read(path, bytes);
+    if (stamp.kind != Kind::file || !hollow(bytes))
+        return stamp;
+    const std::string real = target(path);
     std::string old;
-    fromOld = stamp.kind == Kind::file && hollow(bytes) && read(oldName(target(path)), old).kind == Kind::file &&
-        !hollow(old);
-    if (fromOld)
-        bytes = std::move(old);
-    return stamp;
+    const bool useful = read(oldName(real), old).kind == Kind::file && !hollow(old);
+    return useful && ::rename(oldName(real).c_str(), real.c_str()) == 0 ? read(path, bytes) : stamp;
+}
+
+bool replace(const std::string &path, std::string_view bytes, bool held, Stamp &after)
+{
+    struct stat old;
+    const bool exists = ::stat(path.c_str(), &old) == 0;
+    if (exists ? !S_ISREG(old.st_mode) || ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0 : errno != ENOENT)
+        return false;
+    const std::string fresh = newName(path);
+    const bool created = create(fresh, bytes, exists ? &old : nullptr, after);
+    if (created && ((exists && held && exchange(fresh, path)) || ::rename(fresh.c_str(), path.c_str()) == 0))
+        return true;
+    ::unlink(fresh.c_str());
+    return false;
 }
 
 bool syncFile(const std::string &path)

@@ -32,17 +32,18 @@ bool young(const Stamp &stamp);
 // The file that a path stands for when it is a symbolic link, also one that leads nowhere yet; otherwise the path.
 std::string target(const std::string &path);
 
-// Puts a new file with these bytes in the place of the old one, which stays whole when a step fails; keeps its access
-// mode. A file that may not be written is not replaced either.
-bool replace(const std::string &path, std::string_view bytes, Stamp &after);
-
-// Holds on to the present content beside the file, at no cost, until dropOld(). False when there is nothing to hold on
-// to or no way to; what is held already stays when the file itself is hollow.
+// Holds on to the present content beside the file, at no cost, until dropOld(). True when a power cut can then take no
+// more than what is written from now on; also for a file that doesn't exist yet.
 bool keepOld(const std::string &path);
 void dropOld(const std::string &path);
 
-// Reads the file; one that a power cut left hollow, empty or nothing but zeros, as the content held on to.
-Stamp readOrOld(const std::string &path, std::string &bytes, bool &fromOld);
+// Reads a file for the first time. One that a power cut left hollow, empty or nothing but zeros, first gets back the
+// content held on to.
+Stamp repairAndRead(const std::string &path, std::string &bytes);
+
+// Puts a new file with these bytes in the place of the old one, which stays whole when a step fails; keeps its access
+// mode. A file that may not be written is not replaced either. With its content held, the disk has no part in it.
+bool replace(const std::string &path, std::string_view bytes, bool held, Stamp &after);
 
 bool syncFile(const std::string &path);
 bool syncFolder(const std::string &path);

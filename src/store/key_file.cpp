@@ -129,6 +129,7 @@ void KeyFile::parse()
     m_lineEnds = 0;
     if (m_bytes.size() > largest)
         return;
+    m_items.reserve(m_bytes.size() / 24); // a guess
     const std::string_view text = m_bytes;
     BreakFinder lineFeeds(text, '\n'), returns(text, '\r');
     Offset section = none;
@@ -214,7 +215,7 @@ void KeyFile::enter(Offset item)
 
 void KeyFile::growTable()
 {
-    const std::size_t size = std::max<std::size_t>(64, m_table.size() * 4);
+    const std::size_t size = std::max<std::size_t>(1024, m_table.size() * 4);
     m_table.assign(size, none);
     for (Offset i = 0; i < m_items.size(); ++i)
         enter(i);

@@ -102,9 +102,8 @@ void Store::refresh(Entry &entry, bool beforeWrite) const
     if (entry.loaded && stamp == entry.stamp && (entry.settled || sameMoment))
         return;
     std::string bytes;
-    bool fromOld = false;
-    entry.stamp = entry.loaded ? disk::read(entry.path, bytes) : disk::readOrOld(entry.path, bytes, fromOld);
-    entry.settled = fromOld || !disk::young(entry.stamp);
+    entry.stamp = entry.loaded ? disk::read(entry.path, bytes) : disk::repairAndRead(entry.path, bytes);
+    entry.settled = !disk::young(entry.stamp);
     if (!entry.loaded || bytes != entry.file.bytes())
         entry.file = KeyFile(std::move(bytes));
     entry.loaded = true;
@@ -158,37 +157,40 @@ bool Store::replace(const std::string &path, std::string_view bytes, disk::Stamp
     if (!std::exchange(m_tidied, true))
         disk::tidy(m_folder.string());
     const std::string target = disk::target(path);
-    const bool first = std::find(m_unsettled.begin(), m_unsettled.end(), target) == m_unsettled.end();
-    const bool held = first && disk::keepOld(target);
-    m_writesLost = bytes.size() > disk::largest || !disk::replace(target, bytes, after);
-    if (m_writesLost && held)
+    const auto known = std::find_if(m_unsettled.begin(), m_unsettled.end(),
+                                    [&target](const Unsettled &each) { return each.path == target; });
+    const bool first = known == m_unsettled.end();
+    const bool held = first ? disk::keepOld(target) : known->held;
+    m_writesLost = bytes.size() > disk::largest || !disk::replace(target, bytes, held, after);
+    if (first && !m_writesLost)
+        m_unsettled.push_back({target, held});
+    else if (first && held)
         disk::dropOld(target);
-    else if (first && !m_writesLost)
-        m_unsettled.push_back(target);
     return !m_writesLost;
 }
 
+// The content held is let go when the new one, and the name that leads to it, are surely on the disk.
 void Store::settle()
 {
     std::vector<std::string> folders;
-    for (const std::string &path : m_unsettled) {
-        disk::syncFile(path);
-        const std::string folder = disk::folderOf(path);
+    for (Unsettled &each : m_unsettled) {
+        each.held = disk::syncFile(each.path) || disk::look(each.path).kind == disk::Kind::missing;
+        const std::string folder = disk::folderOf(each.path);
         if (std::find(folders.begin(), folders.end(), folder) == folders.end())
             folders.push_back(folder);
     }
     for (const std::string &folder : folders)
         disk::syncFolder(folder);
-    for (const std::string &path : m_unsettled)
-        disk::dropOld(path);
+    for (const Unsettled &each : m_unsettled)
+        if (each.held)
+            disk::dropOld(each.path);
     m_unsettled.clear();
 }
 
 std::string Store::yearMarker() const
 {
     std::string bytes;
-    bool fromOld = false;
-    disk::readOrOld((m_folder / yearFile).string(), bytes, fromOld);
+    disk::repairAndRead((m_folder / yearFile).string(), bytes);
     std::string_view line = std::string_view(bytes).substr(0, bytes.find_first_of("\r\n"));
     const auto start = line.find_first_not_of(" \t");
     line.remove_prefix(std::min(start, line.size()));

@@ -59,6 +59,10 @@ public:
 
 private:
     struct Entry;
+    struct Unsettled {
+        std::string path;
+        bool held; // the content before the first write is held on to
+    };
     Entry *entry(std::string_view stem) const;
     void refresh(Entry &entry, bool beforeWrite) const;
     std::string_view value(std::string_view stem, std::string_view section, std::string_view key) const;
@@ -69,7 +73,7 @@ private:
     mutable std::map<std::string, std::unique_ptr<Entry>, std::less<>> m_files; // by stem
     mutable Entry *m_lastUsed = nullptr; // nearly always the one asked for
     mutable std::string m_section, m_key; // room for the names of one call in the code page
-    std::vector<std::string> m_unsettled; // paths of the files written since settle()
+    std::vector<Unsettled> m_unsettled; // the files written since settle()
     std::uint64_t m_moment = 1;
     bool m_writesLost = false;
     bool m_tidied = false;

@@ -462,7 +462,7 @@ TEST_F(StoreTest, FileLeftHollowByAPowerCutComesBack)
         EXPECT_EQ(next.LireINI("2005", "N°", "k"), "settled");
         next.newMoment();
         EXPECT_EQ(next.LireINI("2005", "N°", "k"), "settled");
-        EXPECT_EQ(content(file()), hollow) << "reading alone changes nothing";
+        EXPECT_EQ(content(file()), "[N\xB0]\r\nk=settled\r\nj=1\r\n") << "other programs see it too";
         next.EcrireINI("2005", "N°", "k", "new");
         EXPECT_EQ(content(file()), "[N\xB0]\r\nk=new\r\nj=1\r\n");
         next.settle();
@@ -480,7 +480,17 @@ TEST_F(StoreTest, HeldContentSurvivesAFailedWriteOverAHollowFile)
         EXPECT_TRUE(store.writesLost());
     }
     EXPECT_EQ(read("k"), "settled");
-    EXPECT_EQ(content(folder / ".circuidex-f12005.ini.old"), "[N\xB0]\r\nk=settled\r\n");
+    EXPECT_EQ(content(file()), "[N\xB0]\r\nk=settled\r\n");
+}
+
+TEST_F(StoreTest, EmptyFileOfTheUserStaysEmpty)
+{
+    layDown(file(), "");
+    layDown(folder / ".circuidex-f12005.ini.old", "");
+    EXPECT_EQ(read("k"), "");
+    write("k", "1");
+    EXPECT_EQ(content(file()), "[N\xB0]\r\nk=1\r\n");
+    EXPECT_EQ(settledNames(), Names({"f12005.ini"}));
 }
 
 TEST_F(StoreTest, ContentHeldByAKilledProgramGivesWayToTheFile)

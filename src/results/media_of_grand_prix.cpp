@@ -1,0 +1,79 @@
+#include "results/media_of_grand_prix.h"
+
+namespace circuidex {
+
+namespace {
+
+const std::string pictureFilter = "Images (*.jpg *.jpeg *.png *.bmp *.gif);;Tous les fichiers (*)";
+const std::string filmFilter = "Vidéos (*.avi *.mpg *.mpeg *.wmv *.mp4 *.mkv);;Tous les fichiers (*)";
+
+std::string besideProgram(const MainScreen &main)
+{
+    return main.folder() + "\\" + main.gp.text() + main.an.text() + ".avi";
+}
+
+void keep(MainScreen &main, const std::string &key, const std::string &path)
+{
+    main.store.EcrireINI(keys::galerie, keys::gp, key, path);
+}
+
+void choosePicture(MainScreen &main, const std::string &title, const std::string &key, Field &path, Field &shown)
+{
+    const auto chosen = main.dialogs.chooseFile(title, pictureFilter);
+    if (!chosen)
+        return;
+    path.set(*chosen);
+    shown.set(main.surroundings.findPicture(*chosen));
+    keep(main, key, *chosen);
+}
+
+}
+
+void chooseCircuitPicture(MainScreen &main)
+{
+    choosePicture(main, "Image du tracé", keys::picgp(main.gp.text()), main.Labell, main.Image1);
+}
+
+void chooseRacePicture(MainScreen &main)
+{
+    choosePicture(main, "Image du Grand Prix", keys::img(main.gp.text(), main.an.text()), main.Label50, main.Image2);
+}
+
+void chooseFilm(MainScreen &main)
+{
+    const auto chosen = main.dialogs.chooseFile("Vidéo du Grand Prix", filmFilter);
+    if (!chosen)
+        return;
+    main.a.set(*chosen);
+    keep(main, keys::vid(main.gp.text(), main.an.text()), *chosen);
+    main.film.set("vrai");
+}
+
+void removeCircuitPicture(MainScreen &main)
+{
+    keep(main, keys::picgp(main.gp.text()), "");
+}
+
+void removeRacePicture(MainScreen &main)
+{
+    keep(main, keys::img(main.gp.text(), main.an.text()), "");
+    main.Image2.set("");
+}
+
+void removeFilm(MainScreen &main)
+{
+    keep(main, keys::vid(main.gp.text(), main.an.text()), "");
+    main.film.set("");
+    const std::string file = main.surroundings.findFile(besideProgram(main));
+    if (!file.empty())
+        main.surroundings.deleteFile(file);
+}
+
+std::string filmPath(const MainScreen &main)
+{
+    const std::string kept =
+        main.store.LireINI(keys::galerie, keys::gp, keys::vid(main.gp.text(), main.an.text()));
+    return kept.empty() ? besideProgram(main) : kept;
+}
+
+}

@@ -1,0 +1,164 @@
+// Plays one scenario file against the whole program on Qt's offscreen platform.
+//
+//     scenario_runner SAMPLE FILE
+//
+// A line of the file is a comment (#), a directive or a command of the driver:
+//
+//     folder sample | folder empty    the program folder that the scenario starts with; before the first command
+//     decimal ,                       the user's decimal separator, otherwise a point
+//     raw NAME TEXT                   writes a file of the program folder from outside, "\n" for a line break
+//     restart                         the program is killed and started on the same folder
+//     > COMMAND                       given to the driver; without an expected answer any but an error is right
+//     < ANSWER                        the answer that the command before must have given, to the letter
+//     ~ PATTERN                       a regular expression that the answer before must match as a whole
+//
+// An unexpected warning of Qt fails the scenario too.
+#include "app/driver.h"
+#include "shell/look.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+
+#include <cstdio>
+#include <memory>
+
+using namespace circuidex;
+
+namespace {
+
+int failures = 0;
+
+void fail(const QString &where, const QString &what)
+{
+    ++failures;
+    std::fprintf(stderr, "%s: %s\n", qPrintable(where), what.toUtf8().constData());
+}
+
+void onQtMessage(QtMsgType type, const QMessageLogContext &, const QString &text)
+{
+    const bool platform = text.startsWith(u"This plugin") || text.contains(u"XDG_RUNTIME_DIR");
+    if (type != QtDebugMsg && type != QtInfoMsg && !platform)
+        fail(QStringLiteral("Qt"), text);
+}
+
+class Scenario {
+public:
+    Scenario(QString sample, QString file) : m_sample(std::move(sample)), m_file(std::move(file)) {}
+
+    void play()
+    {
+        QFile file(m_file);
+        if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+            return fail(m_file, QStringLiteral("can't be read"));
+        int number = 0;
+        while (!file.atEnd()) {
+            m_where = QStringLiteral("%1:%2").arg(m_file).arg(++number);
+            QString line = QString::fromUtf8(file.readLine());
+            if (line.endsWith(u'\n'))
+                line.chop(1);
+            step(line);
+        }
+        endCommand();
+        if (m_checks == 0)
+            fail(m_file, QStringLiteral("expects nothing"));
+    }
+
+private:
+    void step(const QString &line)
+    {
+        const QString rest = line.mid(2);
+        if (line.startsWith(u"> ")) {
+            endCommand();
+            m_command = rest;
+            m_answer = driver().execute(rest).value_or(QStringLiteral("(no answer)"));
+            m_open = true;
+        } else if (line.startsWith(u'<')) {
+            expect(m_answer == rest, QStringLiteral("expected «%1»").arg(rest));
+        } else if (line.startsWith(u"~ ")) {
+            const QRegularExpression pattern(QRegularExpression::anchoredPattern(rest));
+            expect(pattern.match(m_answer).hasMatch(), QStringLiteral("expected to match «%1»").arg(rest));
+        } else if (!line.isEmpty() && !line.startsWith(u'#')) {
+            directive(line);
+        }
+    }
+
+    void expect(bool right, const QString &what)
+    {
+        ++m_checks;
+        m_open = false;
+        if (!right)
+            fail(m_where, QStringLiteral("%1\n    %2, got «%3»").arg(m_command, what, m_answer));
+    }
+
+    // A command that no line looked at must at least not have failed.
+    void endCommand()
+    {
+        if (m_open && m_answer.startsWith(u"error:"))
+            fail(m_where, QStringLiteral("before: %1\n    %2").arg(m_command, m_answer));
+        m_open = false;
+    }
+
+    void directive(const QString &line)
+    {
+        endCommand();
+        const QString word = line.section(u' ', 0, 0);
+        const QString rest = line.section(u' ', 1);
+        if (word == u"folder" && rest == u"sample")
+            copySample();
+        else if (word == u"decimal")
+            m_decimal = rest.at(0).toLatin1();
+        else if (word == u"raw")
+            writeRaw(rest.section(u' ', 0, 0), rest.section(u' ', 1));
+        else if (word == u"restart")
+            m_driver.reset();
+        else if (line != u"folder empty")
+            fail(m_where, QStringLiteral("no such directive: ") + line);
+    }
+
+    void copySample()
+    {
+        const QDir sample(m_sample);
+        for (const QString &name : sample.entryList(QDir::Files))
+            if (!QFile::copy(sample.filePath(name), m_folder.filePath(name)))
+                fail(m_where, QStringLiteral("can't copy ") + name);
+    }
+
+    void writeRaw(const QString &name, QString text)
+    {
+        QFile file(m_folder.filePath(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(text.replace(u"\\n"_qs, u"\r\n"_qs).toLatin1()) < 0)
+            fail(m_where, QStringLiteral("can't write ") + name);
+    }
+
+    Driver &driver()
+    {
+        if (!m_driver)
+            m_driver = std::make_unique<Driver>(m_folder.path().toStdString(), Numbers(m_decimal));
+        return *m_driver;
+    }
+
+    QString m_sample, m_file, m_where, m_command, m_answer;
+    QTemporaryDir m_folder;
+    std::unique_ptr<Driver> m_driver;
+    char m_decimal = '.';
+    bool m_open = false;
+    int m_checks = 0;
+};
+
+}
+
+int main(int argc, char **argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(onQtMessage);
+    QApplication application(argc, argv);
+    application.setQuitOnLastWindowClosed(false);
+    look::dress(application);
+    if (argc != 3)
+        return 2;
+    Scenario(QString::fromUtf8(argv[1]), QString::fromUtf8(argv[2])).play();
+    return failures == 0 ? 0 : 1;
+}
