@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <chrono>
+#include <cstring>
 
 namespace circuidex {
 
@@ -66,17 +68,34 @@ std::uint64_t seed()
     return value;
 }
 
+// Up to eight bytes of a name, folded. Words of ASCII are folded all at once.
+std::uint64_t foldedWord(const char *at, std::size_t count)
+{
+    constexpr std::uint64_t each = 0x0101010101010101u, high = each * 0x80;
+    std::array<char, 8> bytes = {};
+    if (count == 8)
+        std::memcpy(bytes.data(), at, 8);
+    else
+        std::copy_n(at, count, bytes.begin());
+    auto word = std::bit_cast<std::uint64_t>(bytes);
+    if ((word & high) == 0) {
+        const std::uint64_t fromA = word + each * (0x80 - 'A'), behindZ = word + each * (0x7F - 'Z');
+        return word | (((fromA ^ behindZ) & high) >> 2); // 0x80 of a capital becomes its 0x20
+    }
+    for (char &c : bytes)
+        c = static_cast<char>(folded(c));
+    return std::bit_cast<std::uint64_t>(bytes);
+}
+
+// A name of eight bytes or more is taken in words of which the last two may overlap.
 std::uint32_t hashOf(std::uint32_t owner, std::string_view name)
 {
-    std::uint64_t h = mixed(seed() + owner);
-    for (std::size_t at = 0; at < name.size(); at += 8) {
-        const std::size_t count = std::min<std::size_t>(8, name.size() - at);
-        std::uint64_t word = 0;
-        for (std::size_t i = 0; i < count; ++i)
-            word = word << 8 | folded(name[at + i]);
-        h = mixed(h ^ word);
-    }
-    return static_cast<std::uint32_t>(mixed(h + name.size()));
+    std::uint64_t h = mixed(seed() + owner + (std::uint64_t(name.size()) << 32));
+    if (name.size() < 8)
+        return static_cast<std::uint32_t>(mixed(h ^ foldedWord(name.data(), name.size())));
+    for (std::size_t at = 0; at + 8 < name.size(); at += 8)
+        h = mixed(h ^ foldedWord(name.data() + at, 8));
+    return static_cast<std::uint32_t>(mixed(h ^ foldedWord(name.data() + name.size() - 8, 8)));
 }
 
 constexpr bool isBlank(char c)
@@ -158,13 +177,15 @@ void KeyFile::parseLine(std::size_t begin, std::size_t end, std::size_t next, Of
     const std::size_t close = line.front() == '[' ? line.find(']') : line.npos;
     if (close != line.npos) {
         const std::string_view title = trimmed(line.substr(1, close - 1));
-        section = find(none, title) == none ? add(none, offsetOf(title), title.size()) : none;
+        const std::uint32_t hash = hashOf(none, title);
+        section = find(none, title, hash) == none ? add(none, offsetOf(title), title.size(), hash) : none;
     } else if (section != none) {
         const std::size_t equals = line.find('=');
         const std::string_view key = trimmed(line.substr(0, equals));
-        if (find(section, key) == none) {
+        const std::uint32_t hash = hashOf(section, key);
+        if (find(section, key, hash) == none) {
             const std::size_t value = equals == line.npos ? offsetOf(key) + key.size() : offsetOf(line) + equals + 1;
-            Item &item = m_items[add(section, offsetOf(key), key.size())];
+            Item &item = m_items[add(section, offsetOf(key), key.size(), hash)];
             item.value = equals == line.npos ? none : static_cast<Offset>(value);
             item.valueLength = static_cast<Offset>(end - value);
         }
@@ -180,9 +201,13 @@ std::string_view KeyFile::name(const Item &item) const
 
 KeyFile::Offset KeyFile::find(Offset owner, std::string_view wanted) const
 {
+    return find(owner, wanted, hashOf(owner, wanted));
+}
+
+KeyFile::Offset KeyFile::find(Offset owner, std::string_view wanted, std::uint32_t hash) const
+{
     if (m_table.empty())
         return none;
-    const std::uint32_t hash = hashOf(owner, wanted);
     const std::size_t mask = m_table.size() - 1;
     for (std::size_t place = hash & mask; m_table[place] != none; place = (place + 1) & mask) {
         const Item &item = m_items[m_table[place]];
@@ -192,10 +217,9 @@ KeyFile::Offset KeyFile::find(Offset owner, std::string_view wanted) const
     return none;
 }
 
-KeyFile::Offset KeyFile::add(Offset owner, std::size_t nameAt, std::size_t nameLength)
+KeyFile::Offset KeyFile::add(Offset owner, std::size_t nameAt, std::size_t nameLength, std::uint32_t hash)
 {
     const Offset index = static_cast<Offset>(m_items.size());
-    const std::uint32_t hash = hashOf(owner, {m_bytes.data() + nameAt, nameLength});
     m_items.push_back({static_cast<Offset>(nameAt), static_cast<Offset>(nameLength), none, 0, owner, hash});
     if (m_items.size() * 2 > m_table.size())
         growTable();
@@ -321,7 +345,8 @@ void KeyFile::insertKey(Offset section, std::string_view key, std::string_view v
         finishLastLine();
     const std::size_t at = m_items[section].value;
     splice(at, 0, line); // moves the end of the section too
-    Item &item = m_items[add(section, at, length)];
+    const std::uint32_t hash = hashOf(section, {m_bytes.data() + at, length});
+    Item &item = m_items[add(section, at, length, hash)];
     item.value = static_cast<Offset>(at + length + 1);
     item.valueLength = static_cast<Offset>(valueLength);
     m_lineEnds |= end == "\n" ? lf : end == "\r" ? cr : crlf;
@@ -335,7 +360,7 @@ void KeyFile::appendSection(std::string_view section, std::string_view key, std:
     finishLastLine();
     const std::size_t at = m_bytes.size();
     m_bytes.append(header);
-    const Offset owner = add(none, at + 1, length);
+    const Offset owner = add(none, at + 1, length, hashOf(none, {m_bytes.data() + at + 1, length}));
     m_items[owner].value = static_cast<Offset>(m_bytes.size());
     insertKey(owner, keyCopy, valueCopy);
 }

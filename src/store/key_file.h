@@ -49,7 +49,8 @@ private:
     void parseLine(std::size_t begin, std::size_t end, std::size_t next, Offset &section);
     std::string_view name(const Item &item) const;
     Offset find(Offset owner, std::string_view name) const;
-    Offset add(Offset owner, std::size_t nameAt, std::size_t nameLength);
+    Offset find(Offset owner, std::string_view name, std::uint32_t hash) const;
+    Offset add(Offset owner, std::size_t nameAt, std::size_t nameLength, std::uint32_t hash);
     void enter(Offset item);
     void growTable();
     std::string_view lineEnd() const;

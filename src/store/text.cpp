@@ -1,5 +1,6 @@
 #include "store/text.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstring>
@@ -40,6 +41,8 @@ char32_t nextCharacter(std::string_view text, std::size_t &at)
     const Unit lead = static_cast<Unit>(text[at++]);
     if (lead < 0x80)
         return lead;
+    if (lead == 0xC3 && at < text.size() && (static_cast<Unit>(text[at]) & 0xC0u) == 0x80)
+        return 0xC0u | (static_cast<Unit>(text[at++]) & 0x3Fu); // nearly all accents
     const std::size_t more = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : 1;
     if (lead < 0xC2 || lead > 0xF4 || text.size() - at < more)
         return invalid;
@@ -67,9 +70,14 @@ char byteOf(char32_t character)
     return '?';
 }
 
-void appendUtf8(std::string &text, char32_t character)
+// Writes the character and gives the place behind it.
+char *putUtf8(char *at, char32_t character)
 {
-    const auto put = [&text](char32_t unit) { text += static_cast<char>(static_cast<Unit>(unit)); };
+    const auto put = [&at](char32_t unit) { *at++ = static_cast<char>(static_cast<Unit>(unit)); };
+    if (character < 0x80) {
+        put(character);
+        return at;
+    }
     if (character < 0x800) {
         put(0xC0 | character >> 6);
     } else {
@@ -77,6 +85,7 @@ void appendUtf8(std::string &text, char32_t character)
         put(0x80 | (character >> 6 & 0x3F));
     }
     put(0x80 | (character & 0x3F));
+    return at;
 }
 
 }
@@ -85,14 +94,17 @@ std::string toUtf8(std::string_view codePage)
 {
     if (isAscii(codePage))
         return std::string(codePage);
+    std::array<char, 3 * 256> room; // most values fit; none takes more than three bytes a byte
     std::string text;
-    text.reserve(codePage.size() + codePage.size() / 2 + 4);
-    for (const char c : codePage) {
-        const Unit byte = static_cast<Unit>(c);
-        if (byte < 0x80)
-            text += c;
-        else
-            appendUtf8(text, byte < 0xA0 ? special[byte - 0x80u] : byte);
+    text.reserve(codePage.size() <= 256 ? 0 : codePage.size() * 2);
+    while (!codePage.empty()) {
+        char *at = room.data();
+        for (const char c : codePage.substr(0, 256)) {
+            const Unit byte = static_cast<Unit>(c);
+            at = putUtf8(at, byte >= 0x80 && byte < 0xA0 ? special[byte - 0x80u] : byte);
+        }
+        text.append(room.data(), at);
+        codePage.remove_prefix(std::min<std::size_t>(256, codePage.size()));
     }
     return text;
 }
@@ -101,9 +113,15 @@ std::string_view toCodePage(std::string_view utf8, std::string &scratch)
 {
     if (isAscii(utf8))
         return utf8;
-    scratch.clear();
-    for (std::size_t at = 0; at < utf8.size();)
-        scratch += byteOf(nextCharacter(utf8, at));
+    scratch.resize(utf8.size());
+    char *out = scratch.data();
+    for (std::size_t at = 0; at < utf8.size();) {
+        if (static_cast<Unit>(utf8[at]) < 0x80)
+            *out++ = utf8[at++];
+        else
+            *out++ = byteOf(nextCharacter(utf8, at));
+    }
+    scratch.resize(static_cast<std::size_t>(out - scratch.data()));
     return scratch;
 }
 
