@@ -124,24 +124,24 @@ std::optional<std::string> QueuedDialogs::chooseFile(const std::string &, const 
     return answer.isEmpty() ? std::nullopt : std::optional(answer.toStdString());
 }
 
-void RecordingPlatform::print(QWidget &, const QString &name)
+void RecordingPlatform::print(QWidget &, const std::string &name)
 {
-    calls << QStringLiteral("print ") + name;
+    calls << QStringLiteral("print ") + QString::fromStdString(name);
 }
 
-void RecordingPlatform::play(const QString &path)
+void RecordingPlatform::play(const std::string &path)
 {
-    calls << QStringLiteral("play ") + path;
+    calls << QStringLiteral("play ") + QString::fromStdString(path);
 }
 
-void RecordingPlatform::startProgram(const QString &path)
+void RecordingPlatform::startProgram(const std::string &path)
 {
-    calls << QStringLiteral("start ") + path;
+    calls << QStringLiteral("start ") + QString::fromStdString(path);
 }
 
-void RecordingPlatform::openAddress(const QString &address)
+void RecordingPlatform::openAddress(const std::string &address)
 {
-    calls << QStringLiteral("open ") + address;
+    calls << QStringLiteral("open ") + QString::fromStdString(address);
 }
 
 Driver::Driver(const std::filesystem::path &folder, Numbers numbers) :

@@ -25,10 +25,10 @@ public:
 // Notes what was asked of the machine.
 class RecordingPlatform : public Platform {
 public:
-    void print(QWidget &screen, const QString &name) override;
-    void play(const QString &path) override;
-    void startProgram(const QString &path) override;
-    void openAddress(const QString &address) override;
+    void print(QWidget &screen, const std::string &name) override;
+    void play(const std::string &path) override;
+    void startProgram(const std::string &path) override;
+    void openAddress(const std::string &address) override;
 
     QStringList calls;
 };

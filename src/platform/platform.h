@@ -1,7 +1,7 @@
 #pragma once
 // What the program asks of the machine beyond windows and files: each a call that tests and the driver replace by a
 // recording stand-in.
-#include <QString>
+#include <string>
 
 class QWidget;
 
@@ -12,10 +12,10 @@ public:
     virtual ~Platform() = default;
 
     // Sends a screen, as it stands, to the default printer; nothing happens without one.
-    virtual void print(QWidget &screen, const QString &name) = 0;
-    virtual void play(const QString &path) = 0;
-    virtual void startProgram(const QString &path) = 0;
-    virtual void openAddress(const QString &address) = 0;
+    virtual void print(QWidget &screen, const std::string &name) = 0;
+    virtual void play(const std::string &path) = 0;
+    virtual void startProgram(const std::string &path) = 0;
+    virtual void openAddress(const std::string &address) = 0;
 };
 
 }

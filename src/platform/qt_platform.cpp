@@ -31,24 +31,24 @@ bool printScreen(QWidget &screen, const QString &pdfFile)
     return painter.end();
 }
 
-void QtPlatform::print(QWidget &screen, const QString &)
+void QtPlatform::print(QWidget &screen, const std::string &)
 {
     printScreen(screen);
 }
 
-void QtPlatform::play(const QString &path)
+void QtPlatform::play(const std::string &path)
 {
-    QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+    QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(path)));
 }
 
-void QtPlatform::startProgram(const QString &path)
+void QtPlatform::startProgram(const std::string &path)
 {
-    QProcess::startDetached(path, {});
+    QProcess::startDetached(QString::fromStdString(path), {});
 }
 
-void QtPlatform::openAddress(const QString &address)
+void QtPlatform::openAddress(const std::string &address)
 {
-    QDesktopServices::openUrl(QUrl(address));
+    QDesktopServices::openUrl(QUrl(QString::fromStdString(address)));
 }
 
 }

@@ -2,14 +2,16 @@
 // The real machine: printing through the system's printers, addresses and films through its default programs.
 #include "platform/platform.h"
 
+#include <QString>
+
 namespace circuidex {
 
 class QtPlatform : public Platform {
 public:
-    void print(QWidget &screen, const QString &name) override;
-    void play(const QString &path) override;
-    void startProgram(const QString &path) override;
-    void openAddress(const QString &address) override;
+    void print(QWidget &screen, const std::string &name) override;
+    void play(const std::string &path) override;
+    void startProgram(const std::string &path) override;
+    void openAddress(const std::string &address) override;
 };
 
 // One page with the picture of a screen, turned and scaled so that it fills the paper. An empty file name means the

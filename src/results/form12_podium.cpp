@@ -36,7 +36,7 @@ Form12::Form12(Context &theContext, const QString &name, const QString &title) :
     auto *race = add(QStringLiteral("Label11"), new Label(QStringLiteral("Grand Prix")));
     race->setObjectName(QStringLiteral("large"));
     auto *circuit = add(QStringLiteral("Image2"), new Picture);
-    circuit->setPlaceholder(QStringLiteral("Circuit"));
+    circuit->setOutline(Outline::circuit);
     circuit->setFixedSize(110, 66);
     auto *back = button(QStringLiteral("Command2"), QStringLiteral("◀"), [this] { walk(QStringLiteral("Command9")); });
     auto *on = button(QStringLiteral("Command1"), QStringLiteral("▶"), [this] { walk(QStringLiteral("Command8")); });
@@ -65,20 +65,23 @@ QWidget *Form12::step(int column, int blockHeight)
     auto *layout = new QVBoxLayout(whole);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
-    const auto picture = [&](const QString &name, int width, int height, const char *hint) {
+    const auto picture = [&](const QString &name, int width, int height, Outline outline) {
         auto *made = add(name, new Picture, column);
-        made->setPlaceholder(utf8(hint));
+        made->setOutline(outline);
         made->setFixedSize(width, height);
         return made;
     };
     auto *photos = new QHBoxLayout;
     photos->setSpacing(4);
     photos->addStretch(1);
-    photos->addWidget(picture(QStringLiteral("picture1"), 104, 130, "Pilote"));
-    photos->addWidget(picture(QStringLiteral("Image1"), 80, 130, "Photo"));
+    photos->addWidget(picture(QStringLiteral("picture1"), 112, 140, Outline::driver));
+    Picture *second = picture(QStringLiteral("Image1"), 80, 140, Outline::none);
+    second->hide(); // most drivers have one picture
+    m_second[static_cast<std::size_t>(column)] = second;
+    photos->addWidget(second);
     photos->addStretch(1);
     layout->addLayout(photos);
-    Picture *team = picture(QStringLiteral("ecuriE"), 188, 64, "Ecurie");
+    Picture *team = picture(QStringLiteral("ecuriE"), 196, 66, Outline::car);
     team->setToolTip(QStringLiteral("Clic = Agrandissement"));
     team->onClick = [this, column] { showLarge(column); };
     layout->addWidget(team, 0, Qt::AlignHCenter);
@@ -113,6 +116,7 @@ void Form12::fill(int column)
         car = find(m_main.folder() + "\\Photos\\Voitures\\picto_" + team + ".jpg");
     show(QStringLiteral("picture1"), photo);
     show(QStringLiteral("Image1"), find(season.driver("pi", number)));
+    m_second[static_cast<std::size_t>(column)]->setVisible(!text(QStringLiteral("Image1"), column).isEmpty());
     show(QStringLiteral("ecuriE"), car);
     if (column == 0)
         setText(QStringLiteral("Image2"), QString::fromStdString(m_main.Image1.text()));

@@ -17,6 +17,7 @@ private:
 
     MainScreen &m_main;
     std::array<TimerControl *, 3> m_timers{};
+    std::array<Picture *, 3> m_second{}; // the drivers' second pictures, hidden while blank
 };
 
 }

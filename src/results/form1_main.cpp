@@ -350,9 +350,9 @@ QWidget *Form1::picturesCard()
     auto *layout = new QVBoxLayout;
     layout->setSpacing(4);
     const auto picture = [&](const char *name, Field &field, TimerControl *single, void (*choose)(MainScreen &),
-                             const char *hint, const char *tip) {
+                             Outline outline, const char *tip) {
         auto *made = add(utf8(name), new Picture);
-        made->setPlaceholder(utf8(hint));
+        made->setOutline(outline);
         made->setToolTip(utf8(tip));
         bind(made, field);
         made->onClick = [single] { single->start(250); };
@@ -362,12 +362,12 @@ QWidget *Form1::picturesCard()
         };
         layout->addWidget(made, 1);
     };
-    picture("Image1", m_main.Image1, m_lap, chooseCircuitPicture, "Tracé du circuit",
+    picture("Image1", m_main.Image1, m_lap, chooseCircuitPicture, Outline::circuit,
             "Tracé du Grand Prix (Clic = Agrandissement - Double-clic = Insértion de l'image du tracé)");
     layout->addWidget(command(QStringLiteral("Label69"), QStringLiteral("Supprimer la photo du circuit"),
                               [this] { removeCircuitPicture(m_main); }),
                       0, Qt::AlignRight);
-    picture("Image2", m_main.Image2, m_img, chooseRacePicture, "Image du Grand Prix",
+    picture("Image2", m_main.Image2, m_img, chooseRacePicture, Outline::race,
             "Image associée au Grand Prix (Clic = Agrandissement - Double-clic = Insértion d'une image)");
     layout->addWidget(command(QStringLiteral("Label67"), QStringLiteral("Supprimer la photo"),
                               [this] { removeRacePicture(m_main); }),
@@ -408,6 +408,7 @@ QWidget *Form1::grandPrixCommands()
     const auto plain = [&](const char *name, const char *label, const char *tip, std::function<void()> handler) {
         auto *made = button(utf8(name), utf8(label), std::move(handler));
         made->setToolTip(utf8(tip));
+        made->setProperty("quietly", true);
         layout->addWidget(made);
         return made;
     };
@@ -582,7 +583,7 @@ void Form1::playFilm()
         gallery->press(QStringLiteral("Command8"));
         return;
     }
-    context.platform.play(QString::fromStdString(m_main.surroundings.findFile(filmPath(m_main))));
+    context.platform.play(m_main.surroundings.findFile(filmPath(m_main)));
 }
 
 void Form1::comeBack()

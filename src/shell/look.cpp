@@ -40,10 +40,11 @@ QToolTip { background:#FFFFFF; color:#1F2733; border:1px solid #D9DDE3; padding:
 #podiumstep { background:qlineargradient(x1:0,y1:0,x2:0,y2:1,stop:0 MAIN,stop:1 EDGE); color:#FFFFFF;
     font-weight:bold; font-size:20px; border-top-left-radius:4px; border-top-right-radius:4px; margin:0 3px; }
 #lost { color:#B00020; }
-QLabel[film="true"] { border:1px solid #C9CFD8; border-radius:4px; padding:4px; }
 QLineEdit[title="true"] { font-weight:bold; }
-QLabel[command="true"] { color:#000000; padding:2px 4px; border-radius:3px; }
-QLabel[command="true"]:focus { border:1px solid MAIN; }
+QLabel[command="true"] { color:#000000; padding:2px 0; margin:0 4px; border:0; border-bottom:1px solid #C9CFD8; }
+QLabel[command="true"]:focus { border-bottom:1px solid MAIN; }
+QLabel[command="true"]:hover { border-bottom:1px solid MAIN; }
+QLabel[film="true"] { border:1px solid #C9CFD8; border-radius:4px; padding:4px; margin:0; }
 QLineEdit, QPlainTextEdit { background:#FFFFFF; border:1px solid #C9CFD8; border-radius:3px; padding:1px 4px;
     selection-background-color:#C0C0FF; selection-color:#1F2733; }
 QLineEdit { min-height:20px; max-height:20px; }
@@ -60,7 +61,8 @@ QPushButton[quietly="true"] { text-align:left; }
 QPushButton[name="true"] { text-align:left; padding:2px 8px; }
 QTableView { background:#FFFFFF; alternate-background-color:#FAFBFC; border:1px solid #D9DDE3; border-radius:4px;
     gridline-color:#EDEFF2; selection-background-color:#E4E7FF; selection-color:#1F2733; }
-QTableView::item { padding:0 6px; }
+QTableView::item { padding:0 3px; border:0; }
+QTableView::item:selected { background:#E4E7FF; color:#1F2733; }
 QHeaderView { background:#FFFFFF; }
 QHeaderView::section { background:#F4F5F7; color:#3D4755; border:0; border-bottom:1px solid #D9DDE3; padding:3px 6px;
     font-weight:bold; font-size:12px; }

@@ -209,7 +209,7 @@ void Screen::dress()
 
 void Screen::print()
 {
-    context.platform.print(*this, m_name);
+    context.platform.print(*this, m_name.toStdString());
 }
 
 Button *Screen::button(const QString &name, const QString &caption, std::function<void()> handler,

@@ -10,7 +10,10 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPainterPath>
 #include <QStyle>
+
+#include <algorithm>
 
 namespace circuidex {
 
@@ -28,6 +31,84 @@ void run(const std::function<void()> &handler)
 {
     if (const auto copy = handler)
         copy();
+}
+
+// Outlines in a square of 100 by 100.
+QPainterPath outlinePath(Outline outline)
+{
+    QPainterPath path;
+    switch (outline) {
+    case Outline::driver: // helmet and shoulders
+        path.moveTo(30, 52);
+        path.cubicTo(26, 14, 74, 14, 71, 50);
+        path.lineTo(70, 58);
+        path.lineTo(48, 58);
+        path.cubicTo(42, 58, 36, 62, 32, 62);
+        path.closeSubpath();
+        path.moveTo(71, 40);
+        path.lineTo(50, 40);
+        path.cubicTo(44, 40, 44, 51, 50, 51);
+        path.lineTo(71, 51);
+        path.moveTo(14, 88);
+        path.cubicTo(16, 72, 30, 68, 50, 68);
+        path.cubicTo(70, 68, 84, 72, 86, 88);
+        break;
+    case Outline::car: // from the side, nose to the right
+        path.addEllipse(QPointF(22, 60), 11, 11);
+        path.addEllipse(QPointF(76, 60), 11, 11);
+        path.moveTo(33, 60);
+        path.lineTo(65, 60);
+        path.moveTo(6, 38);
+        path.lineTo(6, 50);
+        path.lineTo(14, 50);
+        path.moveTo(20, 49);
+        path.cubicTo(30, 36, 40, 36, 46, 44);
+        path.lineTo(58, 46);
+        path.lineTo(96, 56);
+        path.lineTo(96, 64);
+        path.lineTo(87, 64);
+        break;
+    case Outline::circuit:
+        path.moveTo(18, 70);
+        path.cubicTo(6, 50, 26, 44, 34, 34);
+        path.cubicTo(44, 20, 58, 24, 54, 36);
+        path.cubicTo(50, 46, 62, 48, 70, 40);
+        path.cubicTo(84, 26, 98, 44, 86, 58);
+        path.cubicTo(74, 72, 60, 60, 50, 68);
+        path.cubicTo(42, 76, 26, 82, 18, 70);
+        path.moveTo(60, 58);
+        path.lineTo(64, 70);
+        break;
+    case Outline::race: // flag
+        path.moveTo(28, 22);
+        path.lineTo(28, 84);
+        path.addRect(28, 24, 48, 32);
+        path.moveTo(28, 40);
+        path.lineTo(76, 40);
+        path.moveTo(44, 24);
+        path.lineTo(44, 56);
+        path.moveTo(60, 24);
+        path.lineTo(60, 56);
+        break;
+    case Outline::none: break;
+    }
+    return path;
+}
+
+void drawBlank(QPainter &painter, const QRectF &frame, Outline outline)
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(look::line, 1));
+    painter.setBrush(look::ground);
+    painter.drawRoundedRect(frame.adjusted(.5, .5, -.5, -.5), 4, 4);
+    // A car fills a third of its square's height only.
+    const double high = (frame.height() - 12) * (outline == Outline::car ? 2 : 1);
+    const double side = std::min({frame.width() - 12, high, 150.0});
+    painter.translate(frame.center() - QPointF(side / 2, side / 2));
+    painter.scale(side / 100, side / 100);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(look::line, 260 / std::max(side, 60.0), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPath(outlinePath(outline));
 }
 
 int keyNamed(const QString &name)
@@ -156,12 +237,7 @@ void Picture::paintEvent(QPaintEvent *)
         m_scaledFor = room;
     }
     if (m_scaled.isNull()) {
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(look::line, 1, Qt::DashLine));
-        painter.setBrush(look::ground);
-        painter.drawRoundedRect(QRectF(rect()).adjusted(.5, .5, -.5, -.5), 4, 4);
-        painter.setPen(look::quiet);
-        painter.drawText(rect().adjusted(8, 8, -8, -8), Qt::AlignCenter | Qt::TextWordWrap, m_placeholder);
+        drawBlank(painter, rect(), m_outline);
         return;
     }
     const QSize shown = (QSizeF(m_scaled.size()) / devicePixelRatioF()).toSize();

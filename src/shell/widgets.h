@@ -57,13 +57,16 @@ public:
     void makeMain(); // the main action of its screen, in the skin's colour
 };
 
+// What a blank frame is for: a light outline of it is drawn instead.
+enum class Outline { none, driver, car, circuit, race };
+
 // A picture file, scaled to the room it has. Without one the frame stays blank.
 class Picture : public QWidget {
 public:
     explicit Picture(QWidget *parent = nullptr);
     const QString &path() const { return m_path; }
     void setPath(const QString &path);
-    void setPlaceholder(const QString &text) { m_placeholder = text; } // shown in a blank frame
+    void setOutline(Outline outline) { m_outline = outline; }
     std::function<void()> onClick, onDoubleClick;
     QSize sizeHint() const override { return {160, 120}; }
 
@@ -73,7 +76,8 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override;
 
 private:
-    QString m_path, m_placeholder;
+    QString m_path;
+    Outline m_outline = Outline::none;
     QPixmap m_scaled;
     QSize m_scaledFor;
     bool m_afterDouble = false;
