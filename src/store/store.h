@@ -49,8 +49,10 @@ public:
     // moment ends by itself after a tick of the system's coarse clock (4 ms or less), or by this call.
     void newMoment() { m_moment++; }
 
-    // Carries what was written since the last call through to the disk itself, so that a power cut can't take it.
-    // Called at the end of each user action; the writes themselves only reach the operating system.
+    // Carries what was written since the last call through to the disk itself. Called at the end of each user action;
+    // the writes themselves only reach the operating system. A kill takes no finished write. A power cut before this
+    // call may take the writes since the last one, of each file all or the later ones, but never the file: its content
+    // at the last call is held on to beside it and comes back by itself (docs/durability.md).
     void settle();
 
     const std::filesystem::path &folder() const { return m_folder; }
