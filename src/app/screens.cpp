@@ -2,10 +2,13 @@
 
 #include "results/form12_podium.h"
 #include "results/form1_main.h"
+#include "results/form2_drivers.h"
 #include "results/form30_scale.h"
+#include "results/form3_driver_profile.h"
 #include "results/form48_grid.h"
 #include "results/form49_assistants.h"
 #include "results/form4_open_grand_prix.h"
+#include "statistics/form14_driver_sheet.h"
 
 namespace circuidex {
 
@@ -24,8 +27,11 @@ std::vector<ScreenRow> screenRows()
     const auto text = [](const char *utf8) { return QString::fromUtf8(utf8); };
     return {
         {text("Form1"), text(" .:Circuidex:. "), make<Form1>},
+        {text("Form2"), text("Pilotes"), make<Form2>},
+        {text("Form3"), text("Profil Pilote"), make<Form3>},
         {text("Form4"), text("Ouverture de Grand-Prix"), make<Form4>},
         {text("Form12"), text("Podium"), make<Form12>},
+        {text("Form14"), text("Statistiques"), make<Form14>},
         {text("Form30"), text("Barème d'attribution des points des 8 premiers"), make<Form30>},
         {text("Form40"), text("Eenregistrement de Grand-Prix"), make<Form40>},
         {text("Form48"), text("Grille de Départ"), make<Form48>},

@@ -34,6 +34,7 @@ QToolTip { background:#FFFFFF; color:#1F2733; border:1px solid #D9DDE3; padding:
 #caption { font-weight:bold; font-size:12px; color:#3D4755; }
 #hint { color:#6B7482; font-size:12px; }
 #large { font-weight:bold; font-size:18px; }
+#figure { font-weight:bold; }
 #place { color:#6B7482; }
 #status { color:#1B7A3D; font-weight:bold; }
 #podiumname { font-weight:bold; font-size:15px; padding:4px 0; }

@@ -60,6 +60,23 @@ std::string Numbers::text(double number) const
     return result;
 }
 
+std::string Numbers::fixed(double number, int decimals) const
+{
+    const double unit = std::pow(10.0, decimals);
+    // The nudge brings back halves that binary fractions keep just below.
+    double rounded = std::round(number * unit + std::copysign(1e-7, number)) / unit;
+    if (rounded == 0)
+        rounded = 0; // never "-0"
+    char buffer[400];
+    const auto [end, error] =
+        std::to_chars(buffer, buffer + sizeof buffer, rounded, std::chars_format::fixed, decimals);
+    std::string result(buffer, error == std::errc() ? end : buffer);
+    for (char &c : result)
+        if (c == '.')
+            c = m_separator;
+    return result;
+}
+
 std::optional<std::string> Numbers::sum(std::string_view a, std::string_view b) const
 {
     const auto x = value(a);

@@ -18,6 +18,9 @@ public:
     // General form with up to 15 digits: no trailing zeros, no thousands separator.
     std::string text(double number) const;
 
+    // With so many decimals, halves rounded away from zero: fixed(0.125, 2) is "0.13".
+    std::string fixed(double number, int decimals) const;
+
     std::optional<std::string> sum(std::string_view a, std::string_view b) const;
     std::optional<std::string> difference(std::string_view a, std::string_view b) const;
 

@@ -1,0 +1,58 @@
+#include "results/drivers.h"
+
+namespace circuidex {
+
+DriverRecord readDriver(const Season &season, std::string_view number)
+{
+    DriverRecord record;
+    for (std::size_t i = 0; i < record.size(); ++i)
+        record[i] = season.driver(driverFields[i].prefix, number);
+    return record;
+}
+
+DriverRecord completed(DriverRecord record, DriverScreen screen)
+{
+    for (std::size_t i = 0; i < record.size(); ++i)
+        if (record[i].empty())
+            record[i] = screen == DriverScreen::newDriver ? driverFields[i].newDefault : driverFields[i].profileDefault;
+    return record;
+}
+
+void storeDriver(const Season &season, std::string_view number, const DriverRecord &record, DriverScreen screen)
+{
+    season.write(keys::N, keys::driver("N°", number), number);
+    const std::size_t fields = screen == DriverScreen::newDriver ? newDriverFields : record.size();
+    for (std::size_t i = 0; i < fields; ++i)
+        season.write(keys::N, keys::driver(driverFields[i].prefix, number), record[i]);
+}
+
+int firstFreeNumber(const Season &season)
+{
+    int number = 1;
+    while (number < 1000 && !season.driver("N°", number).empty())
+        ++number;
+    return number;
+}
+
+std::string careerSeasons(const Season &season, std::string_view name)
+{
+    return name.empty() ? std::string() : season.read(keys::gp, keys::noo(name));
+}
+
+void storeCareerSeasons(const Season &season, std::string_view name, std::string_view seasons)
+{
+    if (!name.empty())
+        season.write(keys::gp, keys::noo(name), seasons);
+}
+
+std::string defaultPhoto(std::string_view folder, std::string_view name)
+{
+    return std::string(folder) + "\\Photos\\Pilotes\\photo_" + std::string(name) + ".jpg";
+}
+
+std::string defaultTeamPicture(std::string_view folder, std::string_view team)
+{
+    return std::string(folder) + "\\Photos\\Voitures\\picto_" + std::string(team) + ".jpg";
+}
+
+}

@@ -1,0 +1,60 @@
+#pragma once
+// The record of a driver within a season: which box of the driver screens stands for which key, what an empty box becomes
+// when the driver is stored, and where his pictures lie. Team totals are never touched from here: points won stay with
+// the team they were won for.
+#include "store/season.h"
+
+#include <array>
+
+namespace circuidex {
+
+struct DriverField {
+    std::string_view control;        // of the box on the driver screens
+    std::string_view prefix;         // of the key in section N°
+    std::string_view newDefault;     // what an empty box becomes for a new driver
+    std::string_view profileDefault; // and for one stored from his profile
+};
+
+// In the order of writing. A new driver has the first eleven; his profile has all. Podiums and Grands Prix of a new
+// driver thus have no counter until his profile is stored or a new season begins.
+inline constexpr std::array<DriverField, 14> driverFields{{
+    {"age", "age", "", ""},
+    {"Text1", "nom", "", ""},
+    {"Text2", "nbpts", "0", "0"},
+    {"Text3", "champion", "", ""},
+    {"Text4", "vic", "0", "0"},
+    {"Text5", "pol", "0", "0"},
+    {"Text6", "natio", "", ""},
+    {"Text7", "ptstot", "0", "0"},
+    {"Text8", "ecurie", "Aucune", ""},
+    {"Label22", "pi", "", ""},
+    {"Label21", "path", "", ""},
+    {"Text9", "nbgp", "", "0"},
+    {"Text11", "podiums", "", "0"},
+    {"Text12", "sitweb", "", ""},
+}};
+inline constexpr std::size_t newDriverFields = 11;
+
+using DriverRecord = std::array<std::string, driverFields.size()>; // in the order of driverFields
+
+DriverRecord readDriver(const Season &season, std::string_view number);
+
+enum class DriverScreen { newDriver, profile };
+
+// The record with its defaults filled in.
+DriverRecord completed(DriverRecord record, DriverScreen screen);
+
+void storeDriver(const Season &season, std::string_view number, const DriverRecord &record, DriverScreen screen);
+
+// The first number from 1 up that no driver holds; 27 and more when all 26 are taken.
+int firstFreeNumber(const Season &season);
+
+// Seasons of a driver's career, by his name; empty when nobody counted them.
+std::string careerSeasons(const Season &season, std::string_view name);
+void storeCareerSeasons(const Season &season, std::string_view name, std::string_view seasons); // not for an empty name
+
+// Where a driver's photo and a team's picture lie when no path is stored.
+std::string defaultPhoto(std::string_view folder, std::string_view name);
+std::string defaultTeamPicture(std::string_view folder, std::string_view team);
+
+}

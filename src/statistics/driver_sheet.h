@@ -1,0 +1,42 @@
+#pragma once
+// The ratios of one driver's career: shares of wins, podiums and poles, points a race and a season. They are worked out
+// from the figures of his profile as they stand in its boxes.
+#include "store/number.h"
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace circuidex {
+
+// Texts of the profile's boxes; seasons is the number of seasons of the career, nogp the Grands Prix run this season.
+struct DriverFigures {
+    std::string wins, podiums, poles, careerPoints, careerRaces, seasonPoints, nogp, seasons;
+};
+
+struct RatioRow {
+    int index;                  // of Label10 on the sheet
+    std::string_view caption;
+    std::string_view button;    // "...", the comparison with the whole field
+    std::string_view statistic; // the button of the field statistics for the same figure
+};
+
+// Top to bottom.
+inline constexpr std::array<RatioRow, 10> ratioRows{{
+    {0, "Pourcentage de Victoire:", "Command15", "Command11"},
+    {8, "Pourcentage de Podiums:", "Command5", "Command13"},
+    {1, "Pourcentage de Poles:", "Command4", "Command12"},
+    {2, "Nombre de Points Total:", "Command6", "Command3"},
+    {3, "Nombre de Points marqués par GP:", "Command7", "Command18"},
+    {4, "Nombre de Points marqués par GP (saison courrante):", "Command8", "Command8"},
+    {5, "Nombre de Victoires par championnat:", "Command9", "Command14"},
+    {9, "Nombre de Podiums par championnat:", "Command11", "Command15"},
+    {7, "Nombre de Poles par championnat:", "Command10", "Command17"},
+    {6, "Nombre de Points par championnat:", "Command12", "Command16"},
+}};
+
+// By the index of Label10. Absent where a figure is missing or a division by zero: the row then keeps its text.
+std::array<std::optional<std::string>, 10> driverRatios(const DriverFigures &figures, const Numbers &numbers);
+
+}
