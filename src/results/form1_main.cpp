@@ -275,8 +275,8 @@ QWidget *Form1::selectionCard()
         goToFirstFreeSlot(m_main);
     });
     fresh->setToolTip(QStringLiteral("Va au premier Grand Prix à enregistrer (Ctrl+N)"));
-    commands->addWidget(open);
-    commands->addWidget(fresh);
+    commands->addWidget(open, 0, Qt::AlignVCenter);
+    commands->addWidget(fresh, 0, Qt::AlignVCenter);
     commands->addStretch(1);
     commands->addWidget(sideButton(QStringLiteral("Command16")));
     grid->addLayout(season, 0, 0);
@@ -307,7 +307,8 @@ QWidget *Form1::resultCard()
     };
     auto &follow = timer(QStringLiteral("nompolelabel"), 250, TimerControl::Kind::standing,
                          [this] { m_main.Text9.set(m_main.season().nom(m_main.Text39.text())); });
-    listen(m_main.Text39, [&follow](const std::string &) { follow.kick(); });
+    for (Field *of : {&m_main.Text39, &m_main.an, &m_main.gp}) // the same number is another driver in another season
+        listen(*of, [&follow](const std::string &) { follow.kick(); });
     row(0, QStringLiteral("Pole-Position"), QStringLiteral("Text39"), m_main.Text39, QStringLiteral("Text9"),
         m_main.Text9, QStringLiteral("pole"));
     for (int place = 1; place <= classifiedPlaces; ++place)

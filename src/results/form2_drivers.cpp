@@ -97,6 +97,7 @@ Form2::Form2(Context &theContext, const QString &name, const QString &title) :
     number->setAlignment(Qt::AlignRight);
     bind(number, m_number);
     auto *numberRow = new QHBoxLayout;
+    numberRow->setSpacing(6);
     numberRow->addWidget(command(QStringLiteral("Label17"), QStringLiteral("<"), [this] { step(-1); }));
     numberRow->addWidget(number);
     numberRow->addWidget(command(QStringLiteral("Label16"), QStringLiteral(">"), [this] { step(1); }));
@@ -107,7 +108,9 @@ Form2::Form2(Context &theContext, const QString &name, const QString &title) :
     box(*form, 2, "age", QStringLiteral("Né le:"));
     box(*form, 3, "Text6", QStringLiteral("Nationalité:"));
     Edit *team = box(*form, 4, "Text8", QStringLiteral("Ecurie:"));
+    form->removeWidget(team); // it stands between its two arrows
     auto *teamRow = new QHBoxLayout;
+    teamRow->setSpacing(6);
     teamRow->addWidget(command(QStringLiteral("Label18"), QStringLiteral("<<"), [this] { walkTeams(-1); }));
     teamRow->addWidget(team, 1);
     teamRow->addWidget(command(QStringLiteral("Label15"), QStringLiteral(">>"), [this] { walkTeams(1); }));

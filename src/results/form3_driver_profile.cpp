@@ -44,7 +44,7 @@ Form3::Form3(Context &theContext, const QString &name, const QString &title) :
     layout->addLayout(columns, 1);
     layout->addWidget(note);
     layout->addLayout(foot());
-    resize(620, 620);
+    resize(600, 620);
     read();
     context.screens.open(QStringLiteral("Form14"));
     listen(m_seasons, [this](const std::string &seasons) {
@@ -68,6 +68,7 @@ QWidget *Form3::identityCard()
     back->setToolTip(QStringLiteral("Pilote précédent"));
     on->setToolTip(QStringLiteral("Pilote suivant"));
     auto *row = new QHBoxLayout;
+    row->setSpacing(6);
     row->addWidget(back);
     row->addWidget(number);
     row->addWidget(on);
@@ -131,13 +132,18 @@ QWidget *Form3::figuresCard()
     seasons->setAlignment(Qt::AlignRight);
     bind(seasons, m_seasons);
     auto *sentence = new QHBoxLayout;
+    sentence->setSpacing(6);
     sentence->addWidget(styled(QStringLiteral("Ce pilote a éfféctué"), "hint"));
     sentence->addWidget(seasons);
     sentence->addWidget(styled(QStringLiteral("saisons en Formule 1"), "hint"));
     sentence->addStretch(1);
     grid->addLayout(sentence, at, 0, 1, 2);
     compareButton(*grid, at++, "Command15", "Command7");
-    box(*grid, at, "Text3", QStringLiteral("Champion du monde:"));
+    auto *titles = new QHBoxLayout;
+    titles->setSpacing(6);
+    titles->addWidget(styled(QStringLiteral("Champion du monde:"), "hint"));
+    titles->addWidget(add(QStringLiteral("Text3"), new Edit), 1);
+    grid->addLayout(titles, at, 0, 1, 3);
     grid->setColumnStretch(1, 1);
     return card({}, grid);
 }

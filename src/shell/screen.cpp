@@ -40,6 +40,7 @@ Screen::Screen(Context &theContext, const QString &name, const QString &title, C
     QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint), context(theContext), m_name(name), m_skin(theContext.skin)
 {
     setAttribute(Qt::WA_DeleteOnClose);
+    context.screens.opened(*this);
     if (chrome == Chrome::standard)
         setWindowFlag(Qt::WindowStaysOnTopHint);
     setObjectName(name);

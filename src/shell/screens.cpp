@@ -34,7 +34,6 @@ Screen *Screens::open(const QString &name)
         if (!made)
             return nullptr;
         screen = made->make(*m_context, made->name, made->title);
-        m_open.push_back(screen);
         if (onChange)
             onChange(name, true);
     }

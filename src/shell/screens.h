@@ -35,7 +35,8 @@ public:
     QStringList openNames() const; // in the order of opening
     const std::vector<ScreenRow> &rows() const { return m_rows; }
 
-    // Called by a screen that closes.
+    // Called by a screen when it comes into being and when it closes.
+    void opened(Screen &screen) { m_open.push_back(&screen); }
     void closed(Screen &screen);
 
     // Told of every screen that opens (true) or closes (false).

@@ -27,6 +27,13 @@ bool endsClick(const QWidget *widget, const QMouseEvent *event, bool &afterDoubl
     return click;
 }
 
+// A long text shows its beginning.
+void setFromStart(QLineEdit &edit, const QString &text)
+{
+    edit.setText(text);
+    edit.setCursorPosition(0);
+}
+
 void run(const std::function<void()> &handler)
 {
     if (const auto copy = handler)
@@ -137,6 +144,7 @@ void Label::makeCommand()
     setProperty("command", true);
     setCursor(Qt::PointingHandCursor);
     setFocusPolicy(Qt::TabFocus);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed); // its line stays under the words
 }
 
 void Label::mouseReleaseEvent(QMouseEvent *event)
@@ -282,7 +290,7 @@ void WidgetControl::setText(const QString &text)
     else if (auto *label = qobject_cast<QLabel *>(m_widget))
         label->setText(text);
     else if (auto *edit = qobject_cast<QLineEdit *>(m_widget))
-        edit->setText(text);
+        setFromStart(*edit, text);
     else if (auto *remark = qobject_cast<QPlainTextEdit *>(m_widget))
         remark->setPlainText(QString(text).replace(u'\n', u' ').remove(u'\r'));
     else if (auto *picture = dynamic_cast<Picture *>(m_widget))
