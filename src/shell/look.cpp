@@ -60,6 +60,17 @@ QPushButton[main="true"] { background:MAIN; color:#FFFFFF; border:1px solid EDGE
 QPushButton[main="true"]:hover { background:EDGE; }
 QPushButton[quietly="true"] { text-align:left; }
 QPushButton[name="true"] { text-align:left; padding:2px 8px; }
+QPushButton[edge="true"] { border:0; border-left:1px solid #D9DDB8; border-radius:0; padding:0; font-weight:bold;
+    color:#3D4755; background:#F3F6D3; }
+QPushButton[edge="true"]:hover { background:#C0C0FF; }
+#menu { background:#FBFEE2; }
+#menurule { background:#DDE1BD; margin:0 8px; }
+QLabel[menu="entry"] { padding:0 10px; color:#1F2733; }
+QLabel[menu="absent"] { padding:0 10px; color:#A3A78C; }
+QLabel[menu="heading"] { padding:0 10px; font-weight:bold; color:#3D4755; }
+QLabel[menu="group"] { padding:9px 10px 2px 10px; font-weight:bold; color:#3D4755; border-bottom:1px solid #DDE1BD; }
+QLabel[menu="title"] { padding:2px 10px 0 10px; font-weight:bold; font-size:18px; }
+QLabel[menu="text"] { padding:0 10px; color:#6B7482; }
 QTableView { background:#FFFFFF; alternate-background-color:#FAFBFC; border:1px solid #D9DDE3; border-radius:4px;
     gridline-color:#EDEFF2; selection-background-color:#E4E7FF; selection-color:#1F2733; }
 QTableView::item { padding:0 3px; border:0; }

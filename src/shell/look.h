@@ -16,6 +16,7 @@ inline const QColor line{0xD9, 0xDD, 0xE3};     // borders
 inline const QColor ink{0x1F, 0x27, 0x33};      // text
 inline const QColor quiet{0x6B, 0x74, 0x82};    // captions, hints
 inline const QColor stripe{0xFA, 0xFB, 0xFC};   // every second row
+inline const QColor menu{251, 254, 226};        // drop-downs and the list of all windows
 
 // The tables' colours, the same on all screens.
 inline const QColor chosen{192, 192, 255};      // the selected row, no change

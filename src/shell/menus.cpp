@@ -8,31 +8,32 @@ namespace {
 
 using enum Standing;
 
-constexpr Entry toSeasonStatistics{"Saison ", "Form32", "Command17", true};
-constexpr Entry toFieldStatistics{"Plateau ", "Form69", "", true};
+constexpr Entry toSeasonStatistics{.caption = "Saison ", .screen = "Form32", .press = "Command17", .season = true};
+constexpr Entry toFieldStatistics{.caption = "Plateau ", .screen = "Form69", .season = true};
 
+// clang-format off
 constexpr Menu tree[] = {
-    {"Form57", "Classement", besideButton,
+    {"Form57", "Classement", atButton,
      {{"General", "Form111"},
       {"Représentations Graphiques", "Form112"},
       {"Pilote", "Form113"}},
      "Command32"},
-    {"Form52", "Statistiques", besideButton,
+    {"Form52", "Statistiques", atButton,
      {{"Statistiques", "Form114"},
       {"Resumé de Saison", "Form115"},
       {"Comparaisons ", "Form116"},
       {"Progressions en Course", "Form117"},
       {"Circuits", "Form118"}},
      "Command20"},
-    {"Form43", "Courbes et Graphiques", besideButton,
+    {"Form43", "Courbes et Graphiques", atButton,
      {{"Points / Classements", "Form119"},
       {"Progression en Course", "Form109"},
       {"Graphiques existants ailleur"},
       {"Statistiques / Classements", "Form120"},
       {"Comparaison entre Saisons", "Form95"},
-      {"Comparaison entre Saisons des Progression en Course", "Form110", "", false, false, "2"}},
+      {.caption = "Comparaison entre Saisons des Progression en Course", .screen = "Form110", .tag = "2"}},
      "Command11", "Text8"},
-    {"Form84", "Comparaison entre Saisons", besideButton,
+    {"Form84", "Comparaison entre Saisons", atButton,
      {{"Pilote", "Form121"},
       {"Ecurie", "Form122"},
       {"Graphiques"},
@@ -40,14 +41,14 @@ constexpr Menu tree[] = {
       {"Ecurie", "Form124"},
       {"Progression en Course", "Form110"}},
      "Command31"},
-    {"Form22", "Vainqueurs / Grille de Départ", besideButton,
+    {"Form22", "Vainqueurs / Grille de Départ", atButton,
      {{"Vainqueurs", "Form126"},
       {"Grille de Départ", "Form127"}},
      "Command15"},
-    {"Form58", "Galeries", besideButton,
+    {"Form58", "Galeries", atButton,
      {{"Journal", "Form28"},
       {"Photo", "Form15"},
-      {"Vidéo", "frmmain", "", false, true},
+      {.caption = "Vidéo", .screen = "frmmain", .insteadOfMain = true},
       {"Voir Catalogue de Vidéos en Ligne", "Form96"}},
      "Command33"},
 
@@ -149,13 +150,13 @@ constexpr Group list[] = {
       {"Graphique d'un Pilote par GP", "Form92"},
       {"Graphique d'une Ecurie par GP", "Form91"}}},
     {0, "Statistiques",
-     {{"Saison ", "Form32", "Command17", true, false, "", "Label7"},
+     {{.caption = "Saison ", .screen = "Form32", .press = "Command17", .season = true, .control = "Label7"},
       {"Comparer Pilotes", "Form36"},
       {"Saison par Pilote", "Form60"},
       {"Saison par Ecurie", "Form61"},
       {"Progression en Course Pilotes", "Form50"},
       {"Caractéristiques Circuits", "Form68"},
-      {"Plateau ", "Form69", "", true, false, "", "Label41"},
+      {.caption = "Plateau ", .screen = "Form69", .season = true, .control = "Label41"},
       {"Comparer Ecuries", "Form73"},
       {"Résultats d'un Pilote sur un Circuit", "Form94"},
       {"Progression en Course d'une Ecurie", "Form100"}}},
@@ -173,7 +174,7 @@ constexpr Group list[] = {
       {"Cumul des Progressions en Course des Ecuries", "Form106"}}},
     {1, "Multimédia",
      {{"Journal", "Form28"},
-      {"Galerie Vidéo", "frmmain", "", false, true},
+      {.caption = "Galerie Vidéo", .screen = "frmmain", .insteadOfMain = true},
       {"Galerie Photo", "Form15"},
       {"Voir Catalogue de Vidéos en Ligne", "Form96"}}},
     {1, "Grille de Départ",
@@ -212,6 +213,8 @@ constexpr Group list[] = {
       {"Calendrier", "Form34"},
       {"Pronostics", "Form11"}}},
 };
+
+// clang-format on
 
 template <std::size_t N>
 std::span<const Entry> used(const Entry (&rows)[N])
@@ -266,11 +269,19 @@ TwipRect besideParent(Standing standing, const TwipRect &parent, const TwipRect 
     TwipRect place = own;
     place.left = parent.left + parent.width - sideOverlap;
     switch (standing) {
-    case besideButton:
-    case nearTop: place.top = parent.top + sideMargin; break;
-    case levelWithEntry: place.top = parent.top + entryTop; break;
-    case inTheMiddle: place.top = parent.top + parent.height / 2 - own.height / 2; break;
-    case nearBottom: place.top = parent.top + parent.height - own.height - sideMargin; break;
+    case atButton:
+    case nearTop:
+        place.top = parent.top + sideMargin;
+        break;
+    case levelWithEntry:
+        place.top = parent.top + entryTop;
+        break;
+    case inTheMiddle:
+        place.top = parent.top + parent.height / 2 - own.height / 2;
+        break;
+    case nearBottom:
+        place.top = parent.top + parent.height - own.height - sideMargin;
+        break;
     }
     return place;
 }

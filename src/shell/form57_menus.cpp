@@ -1,0 +1,213 @@
+#include "shell/form57_menus.h"
+
+#include "results/main_screen.h"
+#include "shell/look.h"
+#include "shell/screens.h"
+
+#include <QBoxLayout>
+#include <QFontMetrics>
+#include <QFrame>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QScreen>
+
+#include <algorithm>
+
+namespace circuidex {
+
+namespace {
+
+constexpr int rowHeight = 26, arrowWidth = 26, leastWidth = 184; // pixels
+
+QString numbered(const char *name, int number)
+{
+    return QString::fromLatin1(name) + QString::number(number);
+}
+
+QWidget *rule(QWidget *parent)
+{
+    auto *line = new QFrame(parent);
+    line->setObjectName(QStringLiteral("menurule"));
+    line->setFixedHeight(1);
+    return line;
+}
+
+// What its longest line needs, in pixels. Headings are bold, so all lines are measured so.
+int widthOf(const menus::Menu &menu)
+{
+    QFont bold = QGuiApplication::font();
+    bold.setBold(true);
+    const QFontMetrics metrics(bold);
+    int words = metrics.horizontalAdvance(utf8(menu.heading));
+    for (const menus::Entry &entry : menu.entries()) {
+        const int arrow = menus::find(entry.screen) ? arrowWidth : 0;
+        words = std::max(words, metrics.horizontalAdvance(utf8(entry.caption)) + arrow);
+    }
+    return std::max(leastWidth, words + 4 * look::gap);
+}
+
+int widestSide(const menus::Menu &menu)
+{
+    int widest = 0;
+    for (const menus::Entry &entry : menu.entries())
+        if (const menus::Menu *side = menus::find(entry.screen))
+            widest = std::max(widest, widthOf(*side));
+    return widest;
+}
+
+}
+
+DropDown::DropDown(Context &theContext, const QString &name, const QString &title)
+    : MenuPage(theContext, name, title, Chrome::none), m_menu(*menus::find(name.toStdString())),
+      m_fond(control(QStringLiteral("Fond")))
+{
+    setWindowFlag(Qt::WindowStaysOnTopHint);
+    setRowHeight(rowHeight);
+    layOut();
+    setFixedSize(widthOf(m_menu), sizeHint().height());
+    if (m_menu.dropDown()) {
+        timer(QStringLiteral("Timer1"), 100, TimerControl::Kind::once, [this] { raise(); });
+        standBesideButton();
+    } else {
+        standBesideParent();
+    }
+}
+
+void DropDown::layOut()
+{
+    auto *column = new QVBoxLayout(body());
+    column->setContentsMargins(3, 3, 3, 3);
+    column->setSpacing(1);
+    int number = 1;
+    Label *heading = addText(*column, numbered("Label", number++), utf8(m_menu.heading), "heading");
+    heading->setFixedHeight(rowHeight);
+    if (!m_menu.help.empty()) {
+        heading->setCursor(Qt::PointingHandCursor);
+        heading->setToolTip(QStringLiteral("Aide sur les courbes et graphiques"));
+        heading->onClick = [this] { showHelp(); };
+    }
+    column->addWidget(rule(body()));
+    for (const menus::Entry &entry : m_menu.entries()) {
+        const QString name = numbered("Label", number);
+        if (entry.screen.empty()) {
+            column->addWidget(rule(body()));
+            addText(*column, name, captionOf(entry), "heading")->setFixedHeight(rowHeight);
+        } else {
+            const QString arrow = menus::find(entry.screen) ? numbered("Fleche", number) : QString();
+            addEntry(
+                *column, name, captionOf(entry), reachable(entry), [this, &entry] { choose(entry); }, arrow);
+        }
+        ++number;
+    }
+    column->addWidget(rule(body()));
+    addEntry(*column, numbered("Label", number), QStringLiteral("Fermer"), true, [this] { close(); });
+}
+
+void DropDown::choose(const menus::Entry &entry)
+{
+    if (menus::find(entry.screen))
+        return openSide(entry);
+    openTarget(entry);
+    DropDown *parent = parentMenu();
+    close();
+    if (parent)
+        parent->close();
+}
+
+void DropDown::openSide(const menus::Entry &entry)
+{
+    closeSides();
+    if (auto *side = dynamic_cast<DropDown *>(context.screens.open(utf8(entry.screen))))
+        side->belongTo(entry.tag);
+}
+
+void DropDown::closeSides()
+{
+    for (const menus::Entry &entry : m_menu.entries())
+        if (menus::find(entry.screen))
+            context.screens.close(utf8(entry.screen));
+}
+
+void DropDown::closing()
+{
+    closeSides();
+}
+
+void DropDown::showHelp()
+{
+    if (Screen *help = context.screens.open(QStringLiteral("Form27")))
+        help->setText(QStringLiteral("Text1"), help->text(utf8(m_menu.help)));
+}
+
+void DropDown::belongTo(std::string_view tag)
+{
+    m_fond->tag = utf8(tag);
+    standBesideParent();
+}
+
+DropDown *DropDown::parentMenu() const
+{
+    const menus::Menu *parent = menus::parentOf(m_menu.name, m_fond->tag.toStdString());
+    return parent ? dynamic_cast<DropDown *>(context.screens.find(utf8(parent->name))) : nullptr;
+}
+
+double DropDown::topOf(const DropDown &side) const
+{
+    int number = 2;
+    for (const menus::Entry &entry : m_menu.entries()) {
+        if (entry.screen == side.m_menu.name)
+            return control(numbered("Label", number))->geometry().top;
+        ++number;
+    }
+    return 0;
+}
+
+void DropDown::standBesideParent()
+{
+    const DropDown *parent = parentMenu();
+    if (!parent)
+        return;
+    const TwipRect own = menus::besideParent(m_menu.standing, parent->place(), place(), parent->topOf(*this));
+    setPlace(own.left, own.top);
+}
+
+void DropDown::standBesideButton()
+{
+    const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+    const TwipRect display{room.x() * twipsPerPixel, room.y() * twipsPerPixel, room.width() * twipsPerPixel,
+                           room.height() * twipsPerPixel};
+    TwipRect beside = display;
+    const Screen *main = context.screens.find(QStringLiteral("Form1"));
+    if (const Control *opener = main ? main->control(utf8(m_menu.button)) : nullptr) {
+        beside = opener->geometry();
+        beside.left += main->place().left;
+        beside.top += main->place().top;
+    }
+    const TwipRect own = menus::besideButton(beside, place(), display, widestSide(m_menu) * twipsPerPixel);
+    setPlace(own.left, own.top);
+}
+
+void DropDown::keyPressEvent(QKeyEvent *event)
+{
+    const Line *line = current();
+    DropDown *parent = parentMenu();
+    switch (event->key()) {
+    case Qt::Key_Right:
+        if (line && leadsOn(*line))
+            line->label->onClick();
+        return;
+    case Qt::Key_Left:
+        if (m_menu.dropDown())
+            return closeSides();
+        [[fallthrough]];
+    case Qt::Key_Escape:
+        close();
+        if (parent)
+            parent->present();
+        return;
+    default:
+        MenuPage::keyPressEvent(event);
+    }
+}
+
+}

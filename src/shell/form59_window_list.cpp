@@ -1,0 +1,121 @@
+#include "shell/form59_window_list.h"
+
+#include "shell/look.h"
+#include "shell/screens.h"
+
+#include <QBoxLayout>
+#include <QKeyEvent>
+
+namespace circuidex {
+
+namespace {
+
+constexpr int columns = 3, columnWidth = 308; // pixels
+constexpr menus::Entry webSite{"Site de Circuidex", "Form37"};
+
+}
+
+Form59::Form59(Context &theContext, const QString &name, const QString &title)
+    : MenuPage(theContext, name, title, Chrome::standard)
+{
+    setRowHeight(21);
+    auto *layout = new QHBoxLayout(body());
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addLayout(page(), 1);
+    layout->addLayout(edge());
+    putAway(false);
+    setFixedSize(sizeHint());
+    setPlace(0, menus::windowListTop);
+}
+
+QLayout *Form59::page()
+{
+    auto *layout = new QVBoxLayout;
+    layout->setContentsMargins(look::gap, look::gap, look::gap, look::gap);
+    addText(*layout, nextLabel(), QStringLiteral("Liste des fenêtres"), "title");
+    addText(*layout, nextLabel(), utf8(menus::windowListText), "text");
+    auto *side = new QHBoxLayout;
+    side->setSpacing(look::gap);
+    for (int i = 0; i < columns; ++i) {
+        auto *column = new QVBoxLayout;
+        column->setSpacing(0);
+        for (const menus::Group &group : menus::windowList())
+            if (group.column == i)
+                addGroup(*column, group);
+        column->addStretch(1);
+        side->addLayout(column, 1);
+    }
+    layout->addLayout(side, 1);
+    layout->addLayout(foot());
+    return layout;
+}
+
+void Form59::addGroup(QBoxLayout &column, const menus::Group &group)
+{
+    addText(column, nextLabel(), utf8(group.heading), "group")->setMinimumWidth(columnWidth);
+    for (const menus::Entry &entry : group.entries())
+        addEntry(column, entry.control.empty() ? nextLabel() : utf8(entry.control), captionOf(entry), reachable(entry),
+                 [this, &entry] { choose(entry); });
+}
+
+QLayout *Form59::foot()
+{
+    auto *row = new QHBoxLayout;
+    Label *site = addEntry(*row, QStringLiteral("Label35"), captionOf(webSite), reachable(webSite),
+                           [this] { openTarget(webSite); });
+    site->setToolTip(QStringLiteral("Ouvrir le site de Circuidex"));
+    Label *print =
+        addEntry(*row, QStringLiteral("Label34"), QStringLiteral("Imprimer"), true, [this] { Screen::print(); });
+    print->setToolTip(QStringLiteral("Imprimer cette fenêtre (Ctrl+P)"));
+    row->addStretch(1);
+    return row;
+}
+
+// The strip that still shows while the list is put away.
+QLayout *Form59::edge()
+{
+    const auto strip = [this](const char *name, const char *sign, const char *tip, bool away) {
+        auto *made = button(QString::fromLatin1(name), QString::fromLatin1(sign), [this, away] { putAway(away); });
+        made->setProperty("edge", true);
+        made->setToolTip(QString::fromUtf8(tip));
+        made->setFixedWidth(static_cast<int>(menus::windowListLeft / twipsPerPixel) - 1);
+        made->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+        return made;
+    };
+    m_hide = strip("Command1", "<", "Masquer la fenêtre", true);
+    m_bringBack = strip("Command2", ">", "Sortir la fenêtre", false);
+    auto *layout = new QVBoxLayout;
+    layout->addWidget(m_hide);
+    layout->addWidget(m_bringBack);
+    return layout;
+}
+
+void Form59::choose(const menus::Entry &entry)
+{
+    openTarget(entry);
+    if (entry.insteadOfMain)
+        close();
+}
+
+void Form59::putAway(bool away)
+{
+    m_hide->setVisible(!away);
+    m_bringBack->setVisible(away);
+    const TwipRect window = place();
+    setPlace(away ? menus::hiddenLeft(window.width) : 0, window.top);
+}
+
+void Form59::keyPressEvent(QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_Left:
+        return putAway(true);
+    case Qt::Key_Right:
+        return putAway(false);
+    default:
+        MenuPage::keyPressEvent(event);
+    }
+}
+
+}
