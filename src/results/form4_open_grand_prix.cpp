@@ -38,7 +38,6 @@ Form4::Form4(Context &theContext, const QString &name, const QString &title) :
     Screen(theContext, name, title), m_main(theContext.main), m_cursor(theContext.main.Label40.text()),
     m_year(theContext.main.an.text())
 {
-    m_race.gp.set(m_main.gp.text());
     registerHidden();
     auto *columns = new QHBoxLayout;
     columns->setSpacing(look::gap);
@@ -97,8 +96,8 @@ QLayout *Form4::head()
     year->setFixedWidth(64);
     year->setAlignment(Qt::AlignCenter);
     bind(year, m_year);
-    for (Edit *box : {gp, year})
-        connect(box, &QLineEdit::returnPressed, this, [this] { open(); });
+    connect(gp, &QLineEdit::returnPressed, this, [this] { openNamed(); });
+    connect(year, &QLineEdit::returnPressed, this, [this] { open(); });
     auto *row = new QHBoxLayout;
     row->addWidget(arrow("Command7", "◀", "Grand Prix précédent", [this] { stepAndShow(-1); }));
     row->addWidget(number);
@@ -139,7 +138,9 @@ QWidget *Form4::resultCard()
     pole->setAlignment(Qt::AlignRight);
     bind(pole, m_race.Text39);
     auto *poleName = new Label;
-    listen(m_race.Text39, [this, poleName](const std::string &number) { poleName->setText(qt(season().nom(number))); });
+    const auto namePole = [this, poleName](const std::string &) { poleName->setText(qt(season().nom(m_race.Text39.text()))); };
+    listen(m_race.Text39, namePole);
+    listen(m_year, namePole); // the same number is another driver in another season
     auto *poleRow = new QHBoxLayout;
     poleRow->addWidget(styled(QStringLiteral("Pole-Position"), "place"));
     poleRow->addWidget(pole);
@@ -242,6 +243,16 @@ void Form4::showStandings()
 void Form4::open()
 {
     const Waiting waiting(*this);
+    m_race.gp.set(season().read(keys::gp, keys::namegp(m_cursor.text())));
+    load();
+    showStandings();
+}
+
+// The race by the name that was typed, wherever it stands in the calendar.
+void Form4::openNamed()
+{
+    const Waiting waiting(*this);
+    findSlot();
     load();
     showStandings();
 }

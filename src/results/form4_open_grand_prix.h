@@ -21,7 +21,8 @@ private:
     void showResultOnly(); // the fields, without grid, teams and standings
     void load();           // all but the standings
     void showStandings();
-    void open(); // both at once
+    void open(); // all at once, by the cursor
+    void openNamed();
     void step(double by, int last);
     void stepAndShow(double by);
     void changeYear(double by);
