@@ -66,8 +66,6 @@ Screen::Screen(Context &theContext, const QString &name, const QString &title, C
 
 Screen::~Screen()
 {
-    for (auto &[field, listener] : m_listeners)
-        field->forget(listener);
     context.screens.closed(*this);
 }
 
@@ -274,7 +272,7 @@ Table *Screen::table(std::vector<Column> columns, int rows)
 
 void Screen::listen(Field &field, Field::Listener listener)
 {
-    m_listeners.emplace_back(&field, field.listen(std::move(listener)));
+    field.listen(m_alive, std::move(listener));
 }
 
 void Screen::bind(Edit *edit, Field &field)

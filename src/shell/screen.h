@@ -111,7 +111,7 @@ private:
     TitleBar *m_bar = nullptr;
     std::map<QString, std::map<int, std::unique_ptr<Control>>> m_controls; // a single control has index -1
     std::vector<Table *> m_tables;
-    std::vector<std::pair<Field *, int>> m_listeners;
+    std::shared_ptr<const int> m_alive = std::make_shared<const int>(0); // what listens for this screen ends with it
     double m_left = 0, m_top = 0;
     bool m_outOfSight = false, m_closed = false;
     int m_waiting = 0;

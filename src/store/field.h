@@ -2,6 +2,7 @@
 // A box of a screen as the logic sees it: its text, and who wants to know when the text changes. The screens share what
 // they know through such boxes (the season, the cursor, the names of a result), shown or hidden.
 #include <functional>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -26,28 +27,27 @@ public:
         if (text == m_text)
             return;
         m_text = std::move(text);
+        ++m_telling;
         for (std::size_t i = 0; i < m_listeners.size(); ++i)
-            if (const Listener listener = m_listeners[i].second)
+            if (const auto owner = m_listeners[i].first.lock()) {
+                const Listener listener = m_listeners[i].second; // it may register others
                 listener(m_text);
+            }
+        --m_telling;
     }
 
-    // The number returned takes the listener away again.
-    int listen(Listener listener)
+    // The listener is heard as long as its owner lives; either may go before the field.
+    void listen(std::weak_ptr<const void> owner, Listener listener)
     {
-        m_listeners.emplace_back(++m_last, std::move(listener));
-        return m_last;
-    }
-    void forget(int listener)
-    {
-        for (auto &[number, function] : m_listeners)
-            if (number == listener)
-                function = nullptr;
+        if (m_telling == 0)
+            std::erase_if(m_listeners, [](const auto &known) { return known.first.expired(); });
+        m_listeners.emplace_back(std::move(owner), std::move(listener));
     }
 
 private:
     std::string m_text;
-    std::vector<std::pair<int, Listener>> m_listeners;
-    int m_last = 0;
+    std::vector<std::pair<std::weak_ptr<const void>, Listener>> m_listeners;
+    int m_telling = 0;
 };
 
 }
