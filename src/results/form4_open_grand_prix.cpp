@@ -169,7 +169,7 @@ QWidget *Form4::resultCard()
 
 QWidget *Form4::gridCard()
 {
-    m_grid = table({{{}, QStringLiteral("Place"), 52, Qt::AlignRight},
+    m_grid = table({{{}, QStringLiteral("Place"), 62, Qt::AlignRight},
                     {QStringLiteral("Text99"), QStringLiteral("Pilote")},
                     {QStringLiteral("Text11"), QStringLiteral("Ecurie"), 92}},
                    gridPlaces);
