@@ -6,7 +6,6 @@
 
 #include <QBoxLayout>
 #include <QFontMetrics>
-#include <QFrame>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QScreen>
@@ -17,23 +16,15 @@ namespace circuidex {
 
 namespace {
 
-constexpr int rowHeight = 26, arrowWidth = 26, leastWidth = 184; // pixels
+constexpr int rowHeight = 26, leastWidth = 184; // pixels
 
 QString numbered(const char *name, int number)
 {
     return QString::fromLatin1(name) + QString::number(number);
 }
 
-QWidget *rule(QWidget *parent)
-{
-    auto *line = new QFrame(parent);
-    line->setObjectName(QStringLiteral("menurule"));
-    line->setFixedHeight(1);
-    return line;
-}
-
 // What its longest line needs, in pixels. Headings are bold, so all lines are measured so.
-int widthOf(const menus::Menu &menu)
+int widthOf(const menus::Menu &menu, int arrowWidth)
 {
     QFont bold = QGuiApplication::font();
     bold.setBold(true);
@@ -46,12 +37,12 @@ int widthOf(const menus::Menu &menu)
     return std::max(leastWidth, words + 4 * look::gap);
 }
 
-int widestSide(const menus::Menu &menu)
+int widestSide(const menus::Menu &menu, int arrowWidth)
 {
     int widest = 0;
     for (const menus::Entry &entry : menu.entries())
         if (const menus::Menu *side = menus::find(entry.screen))
-            widest = std::max(widest, widthOf(*side));
+            widest = std::max(widest, widthOf(*side, arrowWidth));
     return widest;
 }
 
@@ -63,8 +54,9 @@ DropDown::DropDown(Context &theContext, const QString &name, const QString &titl
 {
     setWindowFlag(Qt::WindowStaysOnTopHint);
     setRowHeight(rowHeight);
+    layout()->setContentsMargins(1, 1, 1, 1);
     layOut();
-    setFixedSize(widthOf(m_menu), sizeHint().height());
+    setFixedSize(widthOf(m_menu, arrowWidth), sizeHint().height());
     if (m_menu.dropDown()) {
         timer(QStringLiteral("Timer1"), 100, TimerControl::Kind::once, [this] { raise(); });
         standBesideButton();
@@ -86,11 +78,11 @@ void DropDown::layOut()
         heading->setToolTip(QStringLiteral("Aide sur les courbes et graphiques"));
         heading->onClick = [this] { showHelp(); };
     }
-    column->addWidget(rule(body()));
+    column->addWidget(makeRule());
     for (const menus::Entry &entry : m_menu.entries()) {
         const QString name = numbered("Label", number);
         if (entry.screen.empty()) {
-            column->addWidget(rule(body()));
+            column->addWidget(makeRule());
             addText(*column, name, captionOf(entry), "heading")->setFixedHeight(rowHeight);
         } else {
             const QString arrow = menus::find(entry.screen) ? numbered("Fleche", number) : QString();
@@ -99,7 +91,7 @@ void DropDown::layOut()
         }
         ++number;
     }
-    column->addWidget(rule(body()));
+    column->addWidget(makeRule());
     addEntry(*column, numbered("Label", number), QStringLiteral("Fermer"), true, [this] { close(); });
 }
 
@@ -183,7 +175,7 @@ void DropDown::standBesideButton()
         beside.left += main->place().left;
         beside.top += main->place().top;
     }
-    const TwipRect own = menus::besideButton(beside, place(), display, widestSide(m_menu) * twipsPerPixel);
+    const TwipRect own = menus::besideButton(beside, place(), display, widestSide(m_menu, arrowWidth) * twipsPerPixel);
     setPlace(own.left, own.top);
 }
 

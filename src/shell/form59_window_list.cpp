@@ -32,7 +32,8 @@ Form59::Form59(Context &theContext, const QString &name, const QString &title)
 QLayout *Form59::page()
 {
     auto *layout = new QVBoxLayout;
-    layout->setContentsMargins(look::gap, look::gap, look::gap, look::gap);
+    layout->setContentsMargins(look::gap, look::gap, look::gap, 4);
+    layout->setSpacing(4);
     addText(*layout, nextLabel(), QStringLiteral("Liste des fenêtres"), "title");
     addText(*layout, nextLabel(), utf8(menus::windowListText), "text");
     auto *side = new QHBoxLayout;
@@ -47,6 +48,7 @@ QLayout *Form59::page()
         side->addLayout(column, 1);
     }
     layout->addLayout(side, 1);
+    layout->addWidget(makeRule());
     layout->addLayout(foot());
     return layout;
 }
@@ -62,13 +64,14 @@ void Form59::addGroup(QBoxLayout &column, const menus::Group &group)
 QLayout *Form59::foot()
 {
     auto *row = new QHBoxLayout;
+    row->setSpacing(0);
     Label *site = addEntry(*row, QStringLiteral("Label35"), captionOf(webSite), reachable(webSite),
                            [this] { openTarget(webSite); });
     site->setToolTip(QStringLiteral("Ouvrir le site de Circuidex"));
+    row->addStretch(1);
     Label *print =
         addEntry(*row, QStringLiteral("Label34"), QStringLiteral("Imprimer"), true, [this] { Screen::print(); });
     print->setToolTip(QStringLiteral("Imprimer cette fenêtre (Ctrl+P)"));
-    row->addStretch(1);
     return row;
 }
 

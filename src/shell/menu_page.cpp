@@ -5,6 +5,7 @@
 #include "shell/screens.h"
 
 #include <QBoxLayout>
+#include <QFrame>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -47,6 +48,7 @@ Label *MenuPage::addEntry(QBoxLayout &into, const QString &control, const QStrin
     std::vector<Label *> parts{label};
     if (!arrow.isEmpty()) {
         parts.push_back(makeLabel(arrow, QStringLiteral("►")));
+        parts.back()->setFixedWidth(arrowWidth);
         row->addWidget(parts.back());
     }
     for (Label *part : parts) {
@@ -60,6 +62,14 @@ Label *MenuPage::addEntry(QBoxLayout &into, const QString &control, const QStrin
     }
     into.addLayout(row);
     return label;
+}
+
+QWidget *MenuPage::makeRule()
+{
+    auto *line = new QFrame;
+    line->setObjectName(QStringLiteral("menurule"));
+    line->setFixedHeight(1);
+    return line;
 }
 
 QString MenuPage::captionOf(const menus::Entry &entry) const

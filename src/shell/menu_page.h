@@ -14,6 +14,8 @@ public:
     MenuPage(Context &context, const QString &name, const QString &title, Chrome chrome);
 
 protected:
+    static constexpr int arrowWidth = 32; // pixels
+
     struct Line {
         QString name, arrow; // controls; the arrow's is empty for an entry without one
         Label *label;
@@ -25,6 +27,7 @@ protected:
     Label *addEntry(QBoxLayout &into, const QString &control, const QString &caption, bool reachable,
                     std::function<void()> choose, const QString &arrow = {});
 
+    static QWidget *makeRule(); // a thin line between groups
     QString captionOf(const menus::Entry &entry) const;
     bool reachable(const menus::Entry &entry) const;
     void openTarget(const menus::Entry &entry); // that the program has
