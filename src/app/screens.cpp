@@ -8,6 +8,8 @@
 #include "results/form48_grid.h"
 #include "results/form49_assistants.h"
 #include "results/form4_open_grand_prix.h"
+#include "shell/form57_menus.h"
+#include "shell/form59_window_list.h"
 #include "statistics/form14_driver_sheet.h"
 
 namespace circuidex {
@@ -25,7 +27,7 @@ Screen *make(Context &context, const QString &name, const QString &title)
 std::vector<ScreenRow> screenRows()
 {
     const auto text = [](const char *utf8) { return QString::fromUtf8(utf8); };
-    return {
+    std::vector<ScreenRow> rows = {
         {text("Form1"), text(" .:Circuidex:. "), make<Form1>},
         {text("Form2"), text("Pilotes"), make<Form2>},
         {text("Form3"), text("Profil Pilote"), make<Form3>},
@@ -36,7 +38,11 @@ std::vector<ScreenRow> screenRows()
         {text("Form40"), text("Eenregistrement de Grand-Prix"), make<Form40>},
         {text("Form48"), text("Grille de Départ"), make<Form48>},
         {text("Form49"), text("Enregistrement de la Grille de Départ"), make<Form49>},
+        {text("Form59"), text("Liste des Fenêtres de Circuidex"), make<Form59>},
     };
+    for (const menus::Menu &menu : menus::all())
+        rows.push_back({utf8(menu.name), utf8(menu.heading), make<DropDown>});
+    return rows;
 }
 
 }
