@@ -79,6 +79,7 @@ void enterDriver(const Season &season, const SampleDriver &driver, const SampleC
     write("nbgp", std::to_string(career.starts));
     write("podiums", std::to_string(career.podiums));
     season.write(keys::gp, keys::noo(driver.name), std::to_string(career.seasons + 1));
+    season.write(keys::N, keys::ptsecurie(driver.team), "0");
 }
 
 void enterCalendar(const Season &season, const SampleSeason &sample)
