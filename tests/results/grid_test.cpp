@@ -1,0 +1,53 @@
+#include "results/grid.h"
+
+#include "results/season_fixture.h"
+
+using namespace circuidex;
+using namespace circuidex::test;
+
+namespace {
+
+TEST(Grid, KeysCountFromMinusOne)
+{
+    Desk desk(Desk::empty);
+    Grid grid;
+    grid[0] = "Premier";
+    grid[1] = "Deuxième";
+    grid[25] = "Dernier";
+    storeGrid(desk.main.season(), "Grande bretagne", grid);
+    EXPECT_EQ(changes({}, desk.keys("2005")),
+              lines("Grande bretagnegrilledepart-1: - > Premier; Grande bretagnegrilledepart0: - > Deuxième; "
+                    "Grande bretagnegrilledepart24: - > Dernier"));
+    EXPECT_EQ(loadGrid(desk.main.season(), "Grande bretagne"), grid);
+    EXPECT_EQ(loadGrid(desk.main.season(), "Brésil"), Grid{});
+}
+
+TEST(Grid, StoringAgainFreesPlacesAndLeavesOtherRacesAlone)
+{
+    Desk desk;
+    const Keys before = desk.keys("2005");
+    Grid grid = loadGrid(desk.main.season(), "Etats-unis");
+    grid[4].clear();
+    storeGrid(desk.main.season(), "Etats-unis", grid);
+    EXPECT_EQ(changes(before, desk.keys("2005")), lines("Etats-unisgrilledepart3: Michael Schumacher > -"));
+}
+
+TEST(Grid, FindsTheFirstDriverOfAName)
+{
+    Desk desk;
+    desk.write("2005 [N°] nom27=Ricardo Zonta");
+    desk.write("2005 [N°] nom20=Robert Doornbos"); // so is 25
+    const std::pair<const char *, std::optional<int>> cases[] = {
+        {"Michael Schumacher", 1},
+        {"Antônio Pizzonia", 26},
+        {"Ricardo Zonta", 27},
+        {"Robert Doornbos", 20},
+        {"michael schumacher", {}},
+        {"Schumacher", {}},
+        {"", {}},
+    };
+    for (const auto &[name, number] : cases)
+        EXPECT_EQ(driverNamed(desk.main.season(), name), number) << name;
+}
+
+}
