@@ -1,0 +1,255 @@
+// The last race of 2005, recorded on the sample season: first as it was, then with one thing amiss at a time, where
+// only the keys that this touches may come out otherwise.
+#include "results/recording.h"
+
+#include "results/season_fixture.h"
+
+using namespace circuidex;
+using namespace circuidex::test;
+
+namespace {
+
+const char *const result = "5 9 16 6 14 12 7 3";
+
+Recording recordChina(Desk &desk, const char *places = result, const char *pole = "5", const char *remark = "Égout")
+{
+    desk.enter(18, "Chine", places, pole);
+    desk.main.dat.set("16/10");
+    desk.main.Text41.set(remark);
+    return recordGrandPrix(desk.main);
+}
+
+TEST(Recording, WritesTheRace)
+{
+    Desk desk;
+    const Keys before = desk.keys("2005");
+    EXPECT_EQ(recordChina(desk), Recording::done);
+    Lines changed = changes(before, desk.keys("2005"));
+    EXPECT_EQ(take(changed, "nbgp").size(), 26u); // of all drivers, not of the eight
+    EXPECT_EQ(take(changed, "nbpts"),
+              lines("nbpts5: 123 > 133; nbpts9: 104 > 112; nbpts16: 39 > 45; nbpts6: 53 > 58; "
+                    "nbpts14: 5 > 9; nbpts12: 8 > 11; nbpts7: 34 > 36; nbpts3: 36 > 37"));
+    EXPECT_EQ(take(changed, "ptstot"),
+              lines("ptstot5: 237 > 247; ptstot9: 273 > 281; ptstot16: 298 > 304; ptstot6: 169 > 174; "
+                    "ptstot14: 8 > 12; ptstot12: 20 > 23; ptstot7: 60 > 62; ptstot3: 166 > 167"));
+    EXPECT_EQ(take(changed, "ecuriepts/gp18: "),
+              lines("Renaultecuriepts/gp18: - > 15; McLarenecuriepts/gp18: - > 8; Toyotaecuriepts/gp18: - > 6; "
+                    "Red Bullecuriepts/gp18: - > 4; Sauberecuriepts/gp18: - > 3; Williamsecuriepts/gp18: - > 2; "
+                    "BARecuriepts/gp18: - > 1; Ferrariecuriepts/gp18: - > 0; Jordanecuriepts/gp18: - > 0; "
+                    "Minardiecuriepts/gp18: - > 0"));
+    EXPECT_EQ(take(changed, "ptsecurie"),
+              lines("ptsecurieRenault: 176 > 191; ptsecurieMcLaren: 174 > 182; ptsecurieToyota: 82 > 88; "
+                    "ptsecurieRed Bull: 30 > 34; ptsecurieSauber: 17 > 20; ptsecurieWilliams: 64 > 66; "
+                    "ptsecurieBAR: 37 > 38"));
+    EXPECT_EQ(changed,
+              lines("podium1Chine: - > 5; podium2Chine: - > 9; podium3Chine: - > 16; podium4Chine: - > 6; "
+                    "podium5Chine: - > 14; podium6Chine: - > 12; podium7Chine: - > 7; podium8Chine: - > 3; "
+                    "remChine: - > Égout; podiums5: 22 > 23; podiums9: 29 > 30; podiums16: 25 > 26; vic5: 7 > 8; "
+                    "pol5: 8 > 9; polChine: - > 5; nogp: 18 > 19"));
+}
+
+TEST(Recording, NotesTheWinnerAndTheRecordCandidates)
+{
+    Desk desk;
+    const Keys before = desk.keys("ARCHIVES");
+    recordChina(desk, result, "9");
+    EXPECT_EQ(changes(before, desk.keys("ARCHIVES")),
+              lines("[GP] Chine2005: - > Fernando Alonso; [GP] Chine: Rubens Barrichello > Fernando Alonso; "
+                    "[record] nompol22: Ralf Schumacher > Kimi Räikkönen; [record] pol22: 6 > 9; "
+                    "[record] nomvic22: Kimi Räikkönen > Fernando Alonso; [record] vic22: 9 > 8; "
+                    "[record] nompts22: Kimi Räikkönen > Fernando Alonso; [record] ptstot22: 273 > 247"));
+    EXPECT_EQ(desk.main.Label11.text(), "Grand prix enregistré!");
+    EXPECT_EQ(desk.main.an.text() + " " + desk.main.Label40.text(), "2005 18");
+    EXPECT_EQ(desk.main.name(1).text() + ", " + desk.main.name(8).text(), "Fernando Alonso, Jenson Button");
+    EXPECT_EQ(desk.dialogs.said, Lines{});
+}
+
+TEST(Recording, OnlySkipsTheStepsThatCannotBeDone)
+{
+    struct Case {
+        const char *name, *before; // keys of the season, written before the recording
+        const char *places, *pole;
+        const char *otherwise; // "key: after the ordinary recording > after this one"
+    };
+    const Case cases[] = {
+        {"nbpts missing", "[N°] nbpts5=", result, "5", "nbpts5: 133 > -"},
+        {"ptstot missing", "[N°] ptstot5=", result, "5", "ptstot5: 247 > -"},
+        {"vic missing", "[N°] vic5=", result, "5", "vic5: 8 > -"},
+        {"podiums missing", "[N°] podiums9=", result, "5", "podiums9: 30 > -"},
+        {"a counter that is a word", "[N°] nbpts5=zéro", result, "5", "nbpts5: 133 > zéro"},
+        {"pole counter missing", "[N°] pol5=", result, "5", "pol5: 9 > -"},
+        {"no pole", "", result, "", "pol5: 9 > 8; polChine: 5 > -"},
+        {"pole of a number without driver", "", result, "77", "pol5: 9 > 8; polChine: 5 > 77"},
+        {"third place empty", "", "5 9 - 6 14 12 7 3", "5",
+         "podium3Chine: 16 > -; nbpts16: 45 > 39; ptstot16: 304 > 298; podiums16: 26 > 25; ptsecurieToyota: 88 > 82; "
+         "Toyotaecuriepts/gp18: 6 > 0"},
+        {"winner empty", "", "- 9 16 6 14 12 7 3", "5",
+         "podium1Chine: 5 > -; nbpts5: 133 > 123; ptstot5: 247 > 237; vic5: 8 > 7; podiums5: 23 > 22; "
+         "ptsecurieRenault: 191 > 181; Renaultecuriepts/gp18: 15 > 5"},
+        {"points that are a word", "[bareme] 3=six", result, "5",
+         "[bareme] 3: 6 > six; nbpts16: 45 > 39; ptstot16: 304 > 298; ptsecurieToyota: 88 > 82; "
+         "Toyotaecuriepts/gp18: 6 > 0"},
+        {"half points", "[bareme] 3=2,5", result, "5",
+         "[bareme] 3: 6 > 2,5; nbpts16: 45 > 41,5; ptstot16: 304 > 300,5; ptsecurieToyota: 88 > 84,5; "
+         "Toyotaecuriepts/gp18: 6 > 2,5"},
+        {"a half to a half", "[bareme] 8=0,5; [N°] nbpts3=0,5", result, "5",
+         "[bareme] 8: 1 > 0,5; nbpts3: 37 > 1; ptstot3: 167 > 166,5; ptsecurieBAR: 38 > 37,5; "
+         "BARecuriepts/gp18: 1 > 0,5"},
+        {"team total missing", "[N°] ptsecurieToyota=", result, "5", "ptsecurieToyota: 88 > 6"},
+        {"starts missing", "[N°] nbgp5=", result, "5", "nbgp5: 70 > 1"},
+        {"drivers without a team", "[N°] ecurie15=; [N°] ecurie16=", result, "5",
+         "ecurie15: Toyota > -; ecurie16: Toyota > -; ptsecurieToyota: 88 > 82; Toyotaecuriepts/gp18: 6 > -"},
+        {"driver on two places", "", "5 5 16 6 14 12 7 3", "5",
+         "podium2Chine: 9 > 5; nbpts5: 133 > 141; ptstot5: 247 > 255; podiums5: 23 > 24; nbpts9: 112 > 104; "
+         "ptstot9: 281 > 273; podiums9: 30 > 29; ptsecurieRenault: 191 > 199; ptsecurieMcLaren: 182 > 174; "
+         "Renaultecuriepts/gp18: 15 > 23; McLarenecuriepts/gp18: 8 > 0"},
+        {"team first and third", "", "5 9 6 16 14 12 7 3", "5",
+         "podium3Chine: 16 > 6; podium4Chine: 6 > 16; nbpts6: 58 > 59; ptstot6: 174 > 175; podiums6: 13 > 14; "
+         "nbpts16: 45 > 44; ptstot16: 304 > 303; podiums16: 26 > 25; ptsecurieRenault: 191 > 192; "
+         "ptsecurieToyota: 88 > 87; Renaultecuriepts/gp18: 15 > 16; Toyotaecuriepts/gp18: 6 > 5"},
+        {"old points of the slot", "[N°] Ferrariecuriepts/gp18=7; [N°] BARecuriepts/gp18=7", result, "5", ""},
+        {"nogp lost", "[gp] nogp=", result, "5", ""},
+    };
+    Desk ordinary(Desk::sample, ',');
+    recordChina(ordinary);
+    for (const Case &c : cases) {
+        Desk desk(Desk::sample, ',');
+        for (const std::string &key : split(c.before, ';'))
+            desk.write("2005 " + key);
+        EXPECT_EQ(recordChina(desk, c.places, c.pole), Recording::done) << c.name;
+        Lines otherwise = changes(ordinary.keys("2005"), desk.keys("2005"));
+        take(otherwise, "ptsecurie: "); // the points of nobody may be kept under a key with no name behind it
+        std::erase_if(otherwise, [](const std::string &line) { return line.starts_with("ecuriepts/"); });
+        EXPECT_EQ(otherwise, lines(c.otherwise)) << c.name;
+    }
+}
+
+TEST(Recording, RefusesWithItsWordsAndOnlyNotesTheDate)
+{
+    struct Case {
+        const char *name;
+        int slot;
+        const char *gp, *said, *changed;
+    };
+    const char *const recorded = "Le grand prix est déja enregistré. Pour pouvoir le modifier cliquez sur le bouton "
+                                 "'Enregistrer Modifications'.";
+    const Case cases[] = {
+        {"no name", 18, "", "Entrez le nom du grand prix", "dategp: - > 30/10"},
+        {"recorded", 17, "Japon", recorded, "dategpJapon: 09/10 > 30/10"},
+        {"recorded in another slot", 18, "Japon", recorded, "dategpJapon: 09/10 > 30/10"},
+        {"only an eighth place held", 18, "Chine", recorded, "dategpChine: 16/10 > 30/10"},
+    };
+    for (const Case &c : cases) {
+        Desk desk;
+        desk.write("2005 [bareme] 1=25");
+        desk.write("2005 [podium] podium8Chine=3");
+        const Keys before = desk.keys("2005"), archive = desk.keys("ARCHIVES");
+        desk.enter(c.slot, c.gp, result, "5");
+        desk.main.dat.set("30/10");
+        EXPECT_EQ(recordGrandPrix(desk.main), Recording::refused) << c.name;
+        EXPECT_EQ(desk.dialogs.said, Lines{c.said}) << c.name;
+        EXPECT_EQ(changes(before, desk.keys("2005")), lines(c.changed)) << c.name;
+        EXPECT_EQ(changes(archive, desk.keys("ARCHIVES")), Lines{}) << c.name;
+        EXPECT_EQ(desk.main.Label11.text() + desk.main.ptspilot[0].text(), "25") << c.name; // the scale is fetched
+    }
+}
+
+TEST(Recording, AssistantStartsOnAFreeRaceOnly)
+{
+    Desk desk;
+    desk.enter(18, "Chine", result, "5");
+    EXPECT_TRUE(mayStartAssistant(desk.main));
+    EXPECT_EQ(desk.dialogs.said, Lines{});
+    desk.main.gp.set("Japon");
+    EXPECT_FALSE(mayStartAssistant(desk.main));
+    EXPECT_EQ(desk.dialogs.said,
+              Lines{"Le grand prix est déja enregistré. Pour accéder au nouveau GP, cliquez sur ''Nouveau GP'' sur la "
+                    "page principale, autrement, utilisez la commande ''Enregistrer modifications'' pour modifier le "
+                    "GP"});
+}
+
+TEST(Recording, CountsSlotsFromZeroAndMovesNogpBehindTheLast)
+{
+    Desk desk(Desk::empty);
+    desk.write("2005 [N°] ecurie1=Ferrari");
+    const auto record = [&](const std::string &slot, const char *gp) {
+        desk.enter(std::stoi(slot), gp, "1 - - - - - - -", "");
+        recordGrandPrix(desk.main);
+        return desk.read("2005 [gp] namegp" + slot) + " " + desk.read("2005 [gp] nogp") + " " +
+            desk.read("2005 [N°] Ferrariecuriepts/gp" + slot);
+    };
+    EXPECT_EQ(record("0", "Australie"), "Australie 1 10");
+    EXPECT_EQ(record("7", "Grande bretagne"), "Grande bretagne 8 10");
+    EXPECT_EQ(record("19", "Brésil"), "Brésil 20 10");
+    EXPECT_EQ(record("1", "Malaisie"), "Malaisie 2 10");
+    EXPECT_EQ(desk.read("2005 [podium] podium1Grande bretagne") + desk.read("2005 [podium] podium1Brésil"), "11");
+    EXPECT_EQ(desk.read("2005 [N°] ptsecurieFerrari"), "40");
+}
+
+TEST(Recording, KeepsARemarkOnOneLine)
+{
+    Desk plain, broken;
+    recordChina(plain);
+    recordChina(broken, result, "5", "Pluie\r\npodium1Chine=9\n[gp]\nfin");
+    Lines otherwise = changes(plain.keys("2005"), broken.keys("2005"));
+    EXPECT_EQ(take(otherwise, "remChine: Égout > Pluie").size(), 1u);
+    EXPECT_EQ(otherwise, Lines{});
+    EXPECT_EQ(linesOf(broken.folder / "f12005.ini").size(), linesOf(plain.folder / "f12005.ini").size());
+}
+
+TEST(Recording, SimulationLeavesArchiveAndStatusAlone)
+{
+    Desk recorded, simulated;
+    recordChina(recorded);
+    const Keys archive = simulated.keys("ARCHIVES");
+    simulated.enter(18, "Chine", result, "5");
+    simulated.main.dat.set("16/10");
+    simulated.main.Text41.set("Égout");
+    EXPECT_EQ(recordSimulatedGrandPrix(simulated.main), Recording::done);
+    EXPECT_EQ(changes(recorded.keys("2005"), simulated.keys("2005")), Lines{});
+    EXPECT_EQ(changes(archive, simulated.keys("ARCHIVES")), Lines{});
+    EXPECT_EQ(simulated.main.Label11.text(), "");
+    EXPECT_EQ(recordSimulatedGrandPrix(simulated.main), Recording::refused);
+}
+
+TEST(Recording, ListsEachNameOnceInTheArchive)
+{
+    struct Case {
+        const char *name;
+        int rows; // "Course 0", "Course 1", ... stand in the list
+        const char *before, *changed; // keys of section GP
+    };
+    const Case cases[] = {
+        {"first name ever", 0, "", "Chine2005: - > A; Chine: - > A; N0: - > Chine; NO: - > 1"},
+        {"new name", 3, "", "Chine2005: - > A; Chine: - > A; N3: - > Chine; NO: - > 4"},
+        {"emptied row", 3, "N1=", "Chine2005: - > A; Chine: - > A; N1: - > Chine; NO: - > 2"},
+        {"second year", 3, "N2=Chine; Chine=B; Chine2004=B", "Chine2005: - > A; Chine: B > A"},
+        {"listed without winner", 3, "N2=Chine", ""},
+        {"listed in other letters", 2, "N1=CHINE", "Chine2005: - > A; Chine: - > A; N2: - > Chine; NO: - > 3"},
+        {"last free row", 60, "", "Chine2005: - > A; Chine: - > A; N60: - > Chine; NO: - > 61"},
+        {"full list", 61, "", ""},
+        {"full list, known name", 61, "N60=Chine; Chine=B", ""},
+    };
+    for (const Case &c : cases) {
+        Desk desk(Desk::empty);
+        for (const char *key : {"nom1=A", "vic1=2", "pol1=0"})
+            desk.write(std::string("2005 [N°] ") + key);
+        for (int row = 0; row < c.rows; ++row)
+            desk.write("ARCHIVES [GP] N" + std::to_string(row) + "=Course " + std::to_string(row));
+        for (const std::string &key : split(c.before, ';'))
+            desk.write("ARCHIVES [GP] " + key);
+        const Keys before = desk.keys("ARCHIVES");
+        desk.enter(0, "Chine", "1 - - - - - - -", "1");
+        recordGrandPrix(desk.main);
+        Lines changed = changes(before, desk.keys("ARCHIVES"));
+        EXPECT_EQ(take(changed, "[record] "),
+                  lines("[record] nompol22: - > A; [record] pol22: - > 1; [record] nomvic22: "
+                        "- > A; [record] vic22: - > 3; [record] nompts22: - > A"))
+            << c.name;
+        for (std::string &line : changed)
+            line.erase(0, 5);
+        EXPECT_EQ(changed, lines(c.changed)) << c.name;
+    }
+}
+
+}
