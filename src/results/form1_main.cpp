@@ -2,6 +2,7 @@
 
 #include "platform/platform.h"
 #include "results/amending.h"
+#include "results/form26_pickers.h"
 #include "results/media_of_grand_prix.h"
 #include "results/navigation.h"
 #include "results/recording.h"
@@ -508,8 +509,7 @@ void Form1::screenChanged(const QString &screen, bool open)
 
 void Form1::openDriverList(const QString &reason)
 {
-    if (Screen *list = context.screens.open(QStringLiteral("Form26")))
-        list->setText(QStringLiteral("Label2"), reason);
+    openPicker(context.screens, PickList::drivers, reason);
 }
 
 void Form1::gpTyped(const std::string &typed)
@@ -561,6 +561,7 @@ void Form1::startAssistant()
 {
     if (!mayStartAssistant(m_main))
         return;
+    context.screens.close(QStringLiteral("Form48")); // it may show another race, or hold edits
     if (Screen *grid = context.screens.open(QStringLiteral("Form48")))
         grid->setPlace(0, 160000);
     showMinimized();

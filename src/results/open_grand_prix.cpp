@@ -72,7 +72,7 @@ std::array<std::string, gridPlaces> gridTeams(const Season &season, const Grid &
 
 std::optional<int> slotNamed(const Season &season, std::string_view gpName)
 {
-    for (int slot = -1; slot <= 21; ++slot)
+    for (int slot = -1; slot <= 21 && !gpName.empty(); ++slot)
         if (season.namegp(slot) == gpName)
             return slot;
     return std::nullopt;

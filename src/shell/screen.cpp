@@ -74,6 +74,7 @@ void Screen::registerChrome()
     const auto shape = [this](const char *name, std::function<TwipRect(const TwipRect &)> geometry) -> ShapeControl & {
         auto made = std::make_unique<ShapeControl>();
         made->geometryNow = [this, geometry = std::move(geometry)] { return geometry(place()); };
+        made->setBack(look::colour(m_skin.main));
         ShapeControl &control = *made;
         keep(QString::fromLatin1(name), std::nullopt, std::move(made));
         return control;

@@ -9,7 +9,8 @@
 //     raw NAME TEXT                   writes a file of the program folder from outside, "\n" for a line break
 //     restart                         the program is killed and started on the same folder
 //     > COMMAND                       given to the driver; without an expected answer any but an error is right
-//     < ANSWER                        the answer that the command before must have given, to the letter
+//     = COMMAND => ANSWER             the same, with the answer that it must give, to the letter
+//     < ANSWER                        the answer that the command before must have given
 //     ~ PATTERN                       a regular expression that the answer before must match as a whole
 //
 // An unexpected warning of Qt fails the scenario too.
@@ -71,18 +72,31 @@ private:
     {
         const QString rest = line.mid(2);
         if (line.startsWith(u"> ")) {
-            endCommand();
-            m_command = rest;
-            m_answer = driver().execute(rest).value_or(QStringLiteral("(no answer)"));
-            m_open = true;
+            command(rest);
+        } else if (const qsizetype arrow = line.indexOf(u" => "); line.startsWith(u"= ") && arrow > 0) {
+            command(line.mid(2, arrow - 2));
+            expectAnswer(line.mid(arrow + 4));
         } else if (line.startsWith(u'<')) {
-            expect(m_answer == rest, QStringLiteral("expected «%1»").arg(rest));
+            expectAnswer(rest);
         } else if (line.startsWith(u"~ ")) {
             const QRegularExpression pattern(QRegularExpression::anchoredPattern(rest));
             expect(pattern.match(m_answer).hasMatch(), QStringLiteral("expected to match «%1»").arg(rest));
         } else if (!line.isEmpty() && !line.startsWith(u'#')) {
             directive(line);
         }
+    }
+
+    void command(const QString &line)
+    {
+        endCommand();
+        m_command = line;
+        m_answer = driver().execute(line).value_or(QStringLiteral("(no answer)"));
+        m_open = true;
+    }
+
+    void expectAnswer(const QString &answer)
+    {
+        expect(m_answer == answer, QStringLiteral("expected «%1»").arg(answer));
     }
 
     void expect(bool right, const QString &what)
