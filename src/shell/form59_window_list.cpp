@@ -56,9 +56,11 @@ QLayout *Form59::page()
 void Form59::addGroup(QBoxLayout &column, const menus::Group &group)
 {
     addText(column, nextLabel(), utf8(group.heading), "group")->setMinimumWidth(columnWidth);
-    for (const menus::Entry &entry : group.entries())
-        addEntry(column, entry.control.empty() ? nextLabel() : utf8(entry.control), captionOf(entry), reachable(entry),
-                 [this, &entry] { choose(entry); });
+    for (const menus::Entry &entry : group.entries()) {
+        Label *label = addEntry(column, entry.control.empty() ? nextLabel() : utf8(entry.control), captionOf(entry),
+                                reachable(entry), [this, &entry] { choose(entry); });
+        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // the headings give the columns their width
+    }
 }
 
 QLayout *Form59::foot()
