@@ -1,0 +1,140 @@
+// What the mouse and the keyboard do to a window: drag, close, shortcuts, copying from a table, and the wait pointer.
+#include "app/driver.h"
+#include "shell/title_bar.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+#include <gtest/gtest.h>
+
+using namespace circuidex;
+
+namespace {
+
+class ScreenTest : public testing::Test {
+protected:
+    ScreenTest()
+    {
+        for (const char *name : {"f12005.ini", "f12004.ini", "Année"})
+            QFile::copy(QStringLiteral(CIRCUIDEX_SAMPLE "/") + QString::fromUtf8(name),
+                        m_folder.filePath(QString::fromUtf8(name)));
+        m_driver.emplace(m_folder.path().toStdString(), Numbers(','));
+        say("start");
+    }
+
+    std::string say(const char *command) { return m_driver->execute(QString::fromUtf8(command)).value_or(QString()).toStdString(); }
+    Screen &screen(const char *name) { return *m_driver->program().screens().find(QString::fromLatin1(name)); }
+
+    QTemporaryDir m_folder;
+    std::optional<Driver> m_driver;
+};
+
+TEST_F(ScreenTest, FollowsTheMouseByItsBar)
+{
+    say("open Form30");
+    Screen &scale = screen("Form30");
+    auto *bar = scale.findChild<TitleBar *>();
+    scale.move(100, 80);
+    const QPoint held(60, 12);
+    QTest::mousePress(bar, Qt::LeftButton, {}, held);
+    const QPointF to = QPointF(held) + QPointF(-140, 35); // past the left edge of the display
+    QMouseEvent move(QEvent::MouseMove, to, bar->mapToGlobal(to), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(bar, &move);
+    QTest::mouseRelease(bar, Qt::LeftButton, {}, held);
+    EXPECT_EQ(scale.pos(), QPoint(-40, 115));
+    QMouseEvent later(QEvent::MouseMove, to, bar->mapToGlobal(to + QPointF(50, 50)), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(bar, &later);
+    EXPECT_EQ(scale.pos(), QPoint(-40, 115)) << "let go";
+}
+
+TEST_F(ScreenTest, ClosesWhenItsButtonIsReleasedOnIt)
+{
+    say("open Form30");
+    auto *bar = screen("Form30").findChild<TitleBar *>();
+    const QPoint cross(bar->width() - 16, 14);
+    QTest::mousePress(bar, Qt::LeftButton, {}, cross);
+    QTest::mouseRelease(bar, Qt::LeftButton, {}, QPoint(40, 14));
+    EXPECT_EQ(say("isopen Form30"), "yes") << "released beside it";
+    QTest::mouseClick(bar, Qt::LeftButton, {}, cross);
+    EXPECT_EQ(say("isopen Form30"), "no");
+}
+
+TEST_F(ScreenTest, StaysOnTop)
+{
+    say("open Form30");
+    EXPECT_TRUE(screen("Form30").windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    EXPECT_FALSE(screen("Form1").windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+}
+
+TEST_F(ScreenTest, TakesTheMainScreensShortcuts)
+{
+    struct Case {
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+        const char *look, *shows;
+    };
+    const Case cases[] = {
+        {Qt::Key_PageUp, Qt::NoModifier, "get Form1.gp", "Brésil"},
+        {Qt::Key_PageDown, Qt::NoModifier, "get Form1.gp", "Japon"},
+        {Qt::Key_PageUp, Qt::ControlModifier, "get Form1.an", "2004"},
+        {Qt::Key_PageDown, Qt::ControlModifier, "get Form1.an", "2005"},
+        {Qt::Key_N, Qt::ControlModifier, "get Form1.gp", "Chine"},
+        {Qt::Key_Left, Qt::NoModifier, "get Form1.gp", "Japon"},
+        {Qt::Key_Right, Qt::NoModifier, "get Form1.gp", "Chine"},
+        {Qt::Key_G, Qt::ControlModifier, "isopen Form48", "yes"},
+        {Qt::Key_P, Qt::ControlModifier, "calls", "print Form1"},
+        {Qt::Key_E, Qt::ControlModifier, "isopen Form49", "yes"},
+    };
+    for (const Case &step : cases) {
+        QTest::keyClick(&screen("Form1"), step.key, step.modifiers);
+        EXPECT_EQ(say(step.look), step.shows) << "key " << step.key;
+    }
+}
+
+TEST_F(ScreenTest, OpensTheTypedGrandPrixByEnter)
+{
+    say("set Form1.gp Monaco");
+    say("key Form1.gp Enter");
+    EXPECT_EQ(say("get Form1.Text31"), "Kimi Räikkönen");
+    EXPECT_EQ(say("get Form1.Label40"), "17") << "the cursor stays";
+}
+
+TEST_F(ScreenTest, LetsATableBeCopied)
+{
+    say("open Form4");
+    for (Table *table : screen("Form4").tables()) {
+        if (!table->cell(u"Label16", 0))
+            continue;
+        table->selectRow(0);
+        table->selectionModel()->select(table->model().index(1, 1), QItemSelectionModel::Select);
+        QTest::keyClick(table, Qt::Key_C, Qt::ControlModifier);
+    }
+    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "1\tFernando Alonso\t123\nKimi Räikkönen");
+}
+
+TEST_F(ScreenTest, ShowsTheWaitPointerOnlyWhileItWorks)
+{
+    {
+        const Waiting once(screen("Form1"));
+        const Waiting twice(screen("Form1"));
+        EXPECT_EQ(say("pointer Form1"), "wait");
+    }
+    EXPECT_EQ(say("pointer Form1"), "normal");
+}
+
+TEST_F(ScreenTest, KeepsARemarkToOneLine)
+{
+    auto *remark = screen("Form1").findChild<QPlainTextEdit *>();
+    remark->clear();
+    QTest::keyClicks(remark, QStringLiteral("Pluie"));
+    QTest::keyClick(remark, Qt::Key_Return);
+    QTest::keyClicks(remark, QStringLiteral("au 12e tour"));
+    EXPECT_EQ(say("get Form1.Text41"), "Pluie au 12e tour");
+    QApplication::clipboard()->setText(QStringLiteral(" puis\nle soleil"));
+    remark->paste();
+    EXPECT_EQ(remark->toPlainText().count(u'\n'), 0);
+}
+
+}
