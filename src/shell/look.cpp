@@ -73,7 +73,7 @@ QLabel[menu="title"] { padding:2px 8px 0 8px; font-weight:bold; font-size:18px; 
 QLabel[menu="text"] { padding:0 10px; color:#6B7482; }
 QTableView { background:#FFFFFF; alternate-background-color:#FAFBFC; border:1px solid #D9DDE3; border-radius:4px;
     gridline-color:#EDEFF2; selection-background-color:#E4E7FF; selection-color:#1F2733; }
-QTableView::item { padding:0 3px; }
+QTableView::item { padding:0 3px; border:0; }
 QTableView::item:selected { background:#E4E7FF; color:#1F2733; }
 QHeaderView { background:#FFFFFF; }
 QHeaderView::section { background:#F4F5F7; color:#3D4755; border:0; border-bottom:1px solid #D9DDE3; padding:3px 6px;

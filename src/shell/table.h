@@ -13,7 +13,7 @@
 namespace circuidex {
 
 struct Column {
-    QString name;             // of the control array
+    QString name;             // of the control array; it may run on in a further column
     QString title;            // over the column
     int width = 0;            // pixels; 0 takes what is left
     Qt::Alignment align = Qt::AlignLeft;
@@ -57,9 +57,11 @@ public:
     Cell &cell(int row, int column) const { return *m_cells[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)]; }
     const std::vector<Column> &columns() const { return m_columns; }
     void changed(int row, int column);
+    void setTitle(int column, const QString &title, const QString &tip); // over the column
 
 private:
     std::vector<Column> m_columns;
+    std::map<int, QString> m_titleTips;
     std::vector<std::vector<std::unique_ptr<Cell>>> m_cells;
 };
 
@@ -93,7 +95,6 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    int columnOf(QStringView name) const;
     CellModel *m_model;
 };
 
