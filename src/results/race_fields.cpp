@@ -1,6 +1,6 @@
 #include "results/race_fields.h"
 
-#include <algorithm>
+#include "results/team_list.h"
 
 namespace circuidex {
 
@@ -74,13 +74,7 @@ void countStarts(const Season &season, Count direction)
 
 std::vector<std::string> teams(const Season &season)
 {
-    std::vector<std::string> found;
-    for (int slot = 0; slot <= lastKeptSlot; ++slot) {
-        std::string team = season.ecurie(slot);
-        if (!team.empty() && std::find(found.begin(), found.end(), team) == found.end())
-            found.push_back(std::move(team));
-    }
-    return found;
+    return teamsNamed(season, 0, lastKeptSlot);
 }
 
 void resetTeamPoints(const Season &season, std::string_view slot, std::string_view text)
