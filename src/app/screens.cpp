@@ -3,7 +3,9 @@
 #include "results/form12_podium.h"
 #include "results/form1_main.h"
 #include "results/form2_drivers.h"
+#include "results/form26_pickers.h"
 #include "results/form30_scale.h"
+#include "results/form38_driver_list.h"
 #include "results/form3_driver_profile.h"
 #include "results/form48_grid.h"
 #include "results/form49_assistants.h"
@@ -34,8 +36,12 @@ std::vector<ScreenRow> screenRows()
         {text("Form4"), text("Ouverture de Grand-Prix"), make<Form4>},
         {text("Form12"), text("Podium"), make<Form12>},
         {text("Form14"), text("Statistiques"), make<Form14>},
+        {text("Form25"), text("Liste des Grands-Prix"), make<Form25>},
+        {text("Form26"), text("Liste des Pilotes"), make<Form26>},
         {text("Form30"), text("Barème d'attribution des points des 8 premiers"), make<Form30>},
+        {text("Form38"), text("Liste des pilotes"), make<Form38>},
         {text("Form40"), text("Eenregistrement de Grand-Prix"), make<Form40>},
+        {text("Form42"), text("Liste des Ecuries"), make<Form42>},
         {text("Form48"), text("Grille de Départ"), make<Form48>},
         {text("Form49"), text("Enregistrement de la Grille de Départ"), make<Form49>},
         {text("Form59"), text("Liste des Fenêtres de Circuidex"), make<Form59>},

@@ -1,5 +1,6 @@
 #include "results/form3_driver_profile.h"
 
+#include "results/form26_pickers.h"
 #include "shell/look.h"
 
 #include <QBoxLayout>
@@ -73,7 +74,9 @@ QWidget *Form3::identityCard()
     row->addWidget(number);
     row->addWidget(on);
     row->addWidget(button(QStringLiteral("Command3"), QStringLiteral("Ouvrir"), [this] { open(); }));
-    row->addWidget(button(QStringLiteral("Command2"), QStringLiteral("Liste"), [this] { openList("Form26", "fr3"); }));
+    row->addWidget(button(QStringLiteral("Command2"), QStringLiteral("Liste"), [this] {
+        openPicker(context.screens, PickList::drivers, QStringLiteral("fr3"));
+    }));
     row->addStretch(1);
     auto *grid = new QGridLayout;
     grid->setVerticalSpacing(5);
@@ -83,7 +86,9 @@ QWidget *Form3::identityCard()
     box(*grid, 2, "age", QStringLiteral("Né le:"));
     box(*grid, 3, "Text6", QStringLiteral("Nationalité:"));
     box(*grid, 4, "Text8", QStringLiteral("Ecurie:"));
-    grid->addWidget(button(QStringLiteral("Command6"), QStringLiteral("Liste"), [this] { openList("Form42", "plot1"); }),
+    grid->addWidget(button(QStringLiteral("Command6"), QStringLiteral("Liste"), [this] {
+                       openPicker(context.screens, PickList::teams, QStringLiteral("plot1"));
+                   }),
                     4, 2);
     Edit *site = box(*grid, 5, "Text12", QStringLiteral("Site Web:"));
     site->setToolTip(QStringLiteral("Double-clic = Ouvrir le site"));
@@ -250,12 +255,6 @@ void Form3::storeAll()
     if (m_seasons.empty())
         m_seasons.set("1");
     storeCareerSeasons(season(), text(QStringLiteral("Text1")).toStdString(), m_seasons.text());
-}
-
-void Form3::openList(const char *list, const char *reason)
-{
-    if (const Screen *opened = context.screens.open(QString::fromLatin1(list)))
-        opened->setText(QStringLiteral("Label2"), QString::fromLatin1(reason));
 }
 
 void Form3::placeSheet()

@@ -27,7 +27,6 @@ private:
     void emptyFields();
     void storeAll();
     void fillBlankPictures();
-    void openList(const char *list, const char *reason);
     void placeSheet();
     Screen *sheet() const;
     void showTeamLarge();

@@ -1,5 +1,6 @@
 #include "results/form48_grid.h"
 
+#include "results/form26_pickers.h"
 #include "results/grid.h"
 #include "shell/look.h"
 
@@ -81,8 +82,7 @@ void Form48::step(std::string_view stop, std::string_view beside, double by)
 void Form48::pick(int row)
 {
     countEdits(m_edits + 1);
-    if (Screen *list = context.screens.open(QStringLiteral("Form26")))
-        list->setText(QStringLiteral("Label2"), QStringLiteral("class%1").arg(row));
+    openPicker(context.screens, PickList::drivers, QStringLiteral("class%1").arg(row));
 }
 
 // The count of edits shows in the left edge of "Imprimer", ten twips an edit.

@@ -1,6 +1,7 @@
 #include "results/form4_open_grand_prix.h"
 
 #include "results/amending.h"
+#include "results/form26_pickers.h"
 #include "results/open_grand_prix.h"
 #include "shell/look.h"
 
@@ -104,8 +105,7 @@ QLayout *Form4::head()
     row->addWidget(arrow("Command6", "▶", "Grand Prix suivant", [this] { stepAndShow(1); }));
     row->addWidget(gp, 1);
     row->addWidget(button(QStringLiteral("Command2"), QStringLiteral("Liste"), [this] {
-        if (Screen *list = context.screens.open(QStringLiteral("Form25")))
-            list->setText(QStringLiteral("Label2"), QStringLiteral("fr4"));
+        openPicker(context.screens, PickList::grandsPrix, QStringLiteral("fr4"));
     }));
     row->addSpacing(12);
     row->addWidget(styled(QStringLiteral("Saison"), "hint"));

@@ -1,0 +1,326 @@
+#include "results/form26_pickers.h"
+
+#include "results/main_screen.h"
+#include "results/team_list.h"
+#include "shell/look.h"
+#include "store/gp_list.h"
+
+#include <QBoxLayout>
+#include <QHeaderView>
+
+namespace circuidex {
+
+namespace {
+
+const QString tagControl = QStringLiteral("Tag");
+const QString wordControl = QStringLiteral("Label2");
+const QString deletion = QStringLiteral("supp");
+
+QString qt(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+QString formOf(PickList list)
+{
+    switch (list) {
+    case PickList::drivers:
+        return QStringLiteral("Form26");
+    case PickList::teams:
+        return QStringLiteral("Form42");
+    case PickList::grandsPrix:
+        break;
+    }
+    return QStringLiteral("Form25");
+}
+
+// What a search passes over.
+QColor faded()
+{
+    QColor colour = look::quiet;
+    colour.setAlphaF(.45F);
+    return colour;
+}
+
+// Without accents and capitals, so that "raikkonen" finds Räikkönen.
+QString folded(const QString &name)
+{
+    QString letters = name.normalized(QString::NormalizationForm_D).toCaseFolded();
+    letters.removeIf([](QChar c) { return c.category() == QChar::Mark_NonSpacing; });
+    return letters;
+}
+
+// How well a name fits what was typed: 0 its beginning, 1 that of a further word, 2 inside a word; absent not at all.
+std::optional<int> fit(const QString &name, const QString &typed)
+{
+    const qsizetype at = folded(name).indexOf(typed);
+    if (name.isEmpty() || at < 0)
+        return std::nullopt;
+    if (at == 0)
+        return 0;
+    return folded(name).contains(u' ' + typed) || folded(name).contains(u'-' + typed) ? 1 : 2;
+}
+
+}
+
+Screen *openPicker(Screens &screens, PickList list, const QString &word, const QString &year)
+{
+    Screen *opened = screens.open(formOf(list));
+    if (!opened)
+        return nullptr;
+    const bool asTag = markOf(list, word.toStdString()) == Mark::tag;
+    opened->setText(tagControl, asTag ? word : QString());
+    opened->setText(wordControl, asTag ? QString() : word);
+    if (!year.isEmpty())
+        opened->setText(QStringLiteral("Text1"), year);
+    return opened;
+}
+
+Picker::Picker(Context &theContext, const QString &name, const QString &title, Shape shape)
+    : Screen(theContext, name, title), m_shape(std::move(shape)), m_year(theContext.main.an.text())
+{
+    hidden(tagControl);
+    hidden(wordControl);
+    m_search = add(QStringLiteral("Recherche"), new Edit);
+    m_search->setPlaceholderText(QStringLiteral("Tapez un nom, puis Entrée"));
+    m_search->setToolTip(QStringLiteral("Entrée choisit le nom en couleur, Échap ferme la liste"));
+    connect(m_search, &QLineEdit::textChanged, this, [this] { narrow(); });
+    connect(m_search, &QLineEdit::returnPressed, this, [this] {
+        if (const auto found = bestFit())
+            pick(*found);
+    });
+    const int rows = (m_shape.count + m_shape.columns - 1) / m_shape.columns;
+    m_list = table(columns(), rows);
+    m_list->setAlternatingRowColors(false);
+    if (m_shape.title.isEmpty())
+        m_list->horizontalHeader()->hide();
+    m_list->setFixedHeight(m_list->rowsHigh(rows));
+    m_list->onPress = [this](const QString &array, int index) {
+        if (array == m_shape.array)
+            pick(index);
+    };
+    m_head = new QHBoxLayout;
+    m_head->addWidget(m_search, 1);
+    m_foot = new QVBoxLayout;
+    auto *layout = new QVBoxLayout(body());
+    layout->setContentsMargins(12, 10, 12, 12);
+    layout->setSpacing(look::gap);
+    layout->addLayout(m_head);
+    layout->addWidget(m_list);
+    layout->addLayout(m_foot);
+    layout->setSizeConstraint(QLayout::SetMinimumSize);
+    setFixedWidth(m_shape.width);
+    m_search->setFocus();
+}
+
+// The names run down a column and on in the next one.
+std::vector<Column> Picker::columns() const
+{
+    std::vector<Column> columns;
+    const int rows = (m_shape.count + m_shape.columns - 1) / m_shape.columns;
+    for (int first = m_shape.first; first < m_shape.first + m_shape.count; first += rows) {
+        if (m_shape.numbered)
+            columns.push_back({QStringLiteral("Numero"), QStringLiteral("N°"), 36, Qt::AlignRight, {}, first});
+        columns.push_back({m_shape.array, m_shape.title, 0, Qt::AlignLeft, {}, first, true});
+    }
+    return columns;
+}
+
+void Picker::addYear(std::function<void()> changed)
+{
+    auto *year = add(QStringLiteral("Text1"), new Edit);
+    year->setFixedWidth(64);
+    year->setAlignment(Qt::AlignCenter);
+    year->setToolTip(QStringLiteral("Une autre saison montre ses noms et ses numéros"));
+    bind(year, m_year);
+    listen(m_year, [changed = std::move(changed)](const std::string &) { changed(); });
+    m_head->addSpacing(4);
+    m_head->addWidget(styled(QStringLiteral("Saison"), "hint"));
+    m_head->addWidget(year);
+}
+
+Season Picker::season() const
+{
+    return Season(context.store, m_year.text());
+}
+
+void Picker::showNames(const std::vector<std::string> &names)
+{
+    for (int i = 0; i < m_shape.count; ++i) {
+        const bool named = i < static_cast<int>(names.size());
+        const int index = m_shape.first + i;
+        m_list->set(m_shape.array, index, named ? qt(names[static_cast<std::size_t>(i)]) : QString());
+    }
+    narrow();
+}
+
+std::optional<int> Picker::bestFit() const
+{
+    const QString typed = folded(m_search->text().trimmed());
+    std::optional<int> best, bestRank;
+    for (int index = m_shape.first; index < m_shape.first + m_shape.count && !typed.isEmpty(); ++index) {
+        const auto rank = fit(nameAt(index), typed);
+        if (rank && (!bestRank || *rank < *bestRank)) {
+            best = index;
+            bestRank = rank;
+        }
+    }
+    return best;
+}
+
+void Picker::narrow()
+{
+    const QString typed = folded(m_search->text().trimmed());
+    const auto best = bestFit();
+    for (int index = m_shape.first; index < m_shape.first + m_shape.count; ++index) {
+        Cell *cell = m_list->cell(m_shape.array, index);
+        const bool fits = typed.isEmpty() || fit(cell->text(), typed);
+        cell->setFore(fits ? std::nullopt : std::optional(faded()));
+        cell->setBack(index == best ? std::optional(look::chosen) : std::nullopt);
+    }
+}
+
+void Picker::pick(int index)
+{
+    handOver(index);
+    close();
+}
+
+void Picker::handOver(int index)
+{
+    const std::string tag = text(tagControl).toStdString(), word = text(wordControl).toStdString();
+    if (const auto to = destination(m_shape.list, tag, word))
+        serve(*to, index);
+}
+
+void Picker::serve(const Destination &to, int index)
+{
+    if (to.opens)
+        context.screens.open(qt(to.screen));
+    give(to, index);
+    for (const std::string_view button : to.buttons) {
+        if (button == again)
+            give(to, index);
+        else if (!button.empty())
+            pressOn(qt(to.screen), qt(button));
+    }
+}
+
+// Number and name into the screen's controls, where it is open.
+void Picker::give(const Destination &to, int index)
+{
+    const Screen *target = context.screens.find(qt(to.screen));
+    if (!target)
+        return;
+    const int row = index - m_shape.first;
+    const QString number = QString::number(to.form == NumberForm::row ? row : row + 1);
+    Control *name = target->control(qt(to.name.name), to.name.index);
+    if (name && to.form == NumberForm::tagOfName)
+        name->tag = number;
+    if (!to.number.name.empty())
+        target->setText(qt(to.number.name), number, to.number.index);
+    if (name)
+        name->setText(nameAt(index));
+}
+
+// "Form14.Command2" is on another screen than the one served.
+void Picker::pressOn(const QString &screen, const QString &button) const
+{
+    const bool elsewhere = button.contains(u'.');
+    const QString form = elsewhere ? button.section(u'.', 0, 0) : screen;
+    if (const Screen *target = context.screens.find(form))
+        target->press(elsewhere ? button.section(u'.', 1) : button);
+}
+
+Form26::Form26(Context &theContext, const QString &name, const QString &title)
+    : Picker(theContext, name, title,
+             {PickList::drivers, QStringLiteral("Label6"), 0, driverSlots, 2, 480, QStringLiteral("Pilote"), true})
+{
+    for (int number = 1; number <= driverSlots; ++number)
+        list().set(u"Numero", number - 1, QString::number(number));
+    addYear([this] { load(); });
+    load();
+}
+
+void Form26::load()
+{
+    const Season shown = season();
+    std::vector<std::string> names;
+    for (int number = 1; number <= driverSlots; ++number)
+        names.push_back(shown.nom(number));
+    showNames(names);
+}
+
+Form42::Form42(Context &theContext, const QString &name, const QString &title)
+    : Picker(theContext, name, title,
+             {PickList::teams, QStringLiteral("Text3"), 1, teamListTeams + 1, 1, 340, QStringLiteral("Ecurie"), false})
+{
+    for (int number = 1; number <= teamListDrivers; ++number)
+        hidden(QStringLiteral("Label6"), {}, {}, number);
+    hidden(QStringLiteral("Command1"), {}, [this] { load(); });
+    addYear([this] { load(); });
+    load();
+}
+
+void Form42::load()
+{
+    const std::vector<std::string> entries = teamsByFirstDriver(season(), 1, teamListDrivers);
+    for (int number = 1; number <= teamListDrivers; ++number)
+        setText(QStringLiteral("Label6"), qt(entries[static_cast<std::size_t>(number - 1)]), number);
+    showNames(teamList(season()));
+}
+
+Form25::Form25(Context &theContext, const QString &name, const QString &title)
+    : Picker(theContext, name, title,
+             {PickList::grandsPrix, QStringLiteral("Label6"), 0, gpListRows, 4, 780, {}, false})
+{
+    auto *deletionRow = new QHBoxLayout;
+    deletionRow->addWidget(
+        button(QStringLiteral("Command1"), QStringLiteral("Supprimer un GP"), [this] { startDeleting(); }));
+    auto *hint = styled({}, "hint");
+    deletionRow->addWidget(hint, 1);
+    foot().addLayout(deletionRow);
+    foot().addWidget(button(QStringLiteral("Command2"),
+                            QStringLiteral("Réorganiser et supprimer les doublons : Cette opération peut prendre "
+                                           "plusieures minutes si vous n'avez pas un PC puissant"),
+                            [this] { tidy(); }),
+                     0, Qt::AlignLeft);
+    control(wordControl)->onChange = [this, hint](const QString &) {
+        list().viewport()->setCursor(deleting() ? Qt::ForbiddenCursor : Qt::PointingHandCursor);
+        hint->setText(deleting()
+                          ? QStringLiteral("Cliquez sur le Grand Prix à supprimer de la liste, Échap pour renoncer")
+                          : QString());
+    };
+    showNames(gpList(context.store));
+}
+
+bool Form25::deleting() const
+{
+    return text(wordControl) == deletion && text(tagControl).isEmpty();
+}
+
+// From now on a click takes the name out of the list, whatever the list was opened for.
+void Form25::startDeleting()
+{
+    setText(tagControl, {});
+    setText(wordControl, deletion);
+}
+
+void Form25::pick(int index)
+{
+    if (!deleting())
+        return Picker::pick(index);
+    deleteListedGp(context.store, index);
+    close();
+}
+
+void Form25::tidy()
+{
+    {
+        const Waiting waiting(*this);
+        tidyGpList(context.store);
+    }
+    close();
+}
+
+}
