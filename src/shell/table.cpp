@@ -6,10 +6,28 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QPainter>
+#include <QStyledItemDelegate>
 
 #include <algorithm>
 
 namespace circuidex {
+
+namespace {
+
+// The style sheet paints the cells' frame in place of their back colour, so that the colour is laid under it here.
+class CellDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        if (const QVariant back = index.data(Qt::BackgroundRole); back.isValid())
+            painter->fillRect(option.rect, back.value<QColor>());
+        QStyledItemDelegate::paint(painter, option, index);
+    }
+};
+
+}
 
 void Cell::setText(const QString &text)
 {
@@ -92,7 +110,16 @@ QVariant CellModel::headerData(int section, Qt::Orientation orientation, int rol
         return column.title;
     if (role == Qt::TextAlignmentRole)
         return QVariant(column.align | Qt::AlignVCenter);
+    if (const auto tip = m_titleTips.find(section); role == Qt::ToolTipRole && tip != m_titleTips.end())
+        return tip->second;
     return {};
+}
+
+void CellModel::setTitle(int column, const QString &title, const QString &tip)
+{
+    m_columns[static_cast<std::size_t>(column)].title = title;
+    m_titleTips[column] = tip;
+    emit headerDataChanged(Qt::Horizontal, column, column);
 }
 
 void CellModel::changed(int row, int column)
@@ -105,6 +132,7 @@ Table::Table(std::vector<Column> columns, int rows, QWidget *parent) : QTableVie
     m_model = new CellModel(*this, std::move(columns), rows);
     m_model->setParent(this);
     setModel(m_model);
+    setItemDelegate(new CellDelegate(this));
     setAlternatingRowColors(true);
     setSelectionMode(ExtendedSelection);
     setEditTriggers(NoEditTriggers);

@@ -57,9 +57,11 @@ public:
     Cell &cell(int row, int column) const { return *m_cells[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)]; }
     const std::vector<Column> &columns() const { return m_columns; }
     void changed(int row, int column);
+    void setTitle(int column, const QString &title, const QString &tip); // over the column
 
 private:
     std::vector<Column> m_columns;
+    std::map<int, QString> m_titleTips;
     std::vector<std::vector<std::unique_ptr<Cell>>> m_cells;
 };
 
