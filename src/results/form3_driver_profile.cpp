@@ -190,11 +190,8 @@ void Form3::step(const char *stop, const char *beside, const char *sheetButton)
 {
     if (m_number.text() == stop)
         m_number.set(beside);
-    if (Screen *ratios = sheet()) {
-        for (int row = 0; row < 10; ++row)
-            ratios->setText(QStringLiteral("Label10"), {}, row);
+    if (Screen *ratios = sheet())
         ratios->press(QString::fromLatin1(sheetButton));
-    }
     open();
 }
 
@@ -203,6 +200,8 @@ void Form3::open()
 {
     read();
     if (Screen *ratios = sheet()) {
+        for (int row = 0; row < 10; ++row) // a ratio that can't be worked out leaves its row empty
+            ratios->setText(QStringLiteral("Label10"), {}, row);
         ratios->press(QStringLiteral("Actualiser"));
         m_seasons.set(ratios->text(QStringLiteral("Text1")).toStdString());
     }
