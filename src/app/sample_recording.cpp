@@ -1,0 +1,62 @@
+#include "app/sample_recording.h"
+
+#include "results/grid.h"
+#include "results/recording.h"
+
+namespace circuidex {
+
+void enterSampleDriver(const Season &season, const SampleDriver &driver, const SampleCareer &career)
+{
+    const auto write = [&](std::string_view prefix, const std::string &text) {
+        season.write(keys::N, keys::driver(prefix, driver.slot), text);
+    };
+    std::string titles;
+    for (const std::string &year : career.titles)
+        titles += "-" + year;
+    write("N°", std::to_string(driver.slot));
+    write("age", driver.birth);
+    write("nom", driver.name);
+    write("nbpts", "0");
+    write("champion", titles);
+    write("vic", std::to_string(career.wins));
+    write("pol", std::to_string(career.poles));
+    write("natio", driver.nationality);
+    write("ptstot", career.points.empty() ? "0" : career.points);
+    write("ecurie", driver.team);
+    write("nbgp", std::to_string(career.starts));
+    write("podiums", std::to_string(career.podiums));
+    season.write(keys::gp, keys::noo(driver.name), std::to_string(career.seasons + 1));
+    season.write(keys::N, keys::ptsecurie(driver.team), "0");
+}
+
+void enterSampleCalendar(const Season &season, const SampleSeason &sample)
+{
+    for (std::size_t k = 0; k < sample.races.size(); ++k) {
+        season.write(keys::gp, keys::namegp(static_cast<int>(k)), sample.races[k].name);
+        season.write(keys::gp, keys::dategp(sample.races[k].name), sample.races[k].date);
+    }
+}
+
+void recordSampleRace(MainScreen &main, const SampleSeason &sample, int slot)
+{
+    const Season season = main.season();
+    const SampleRace &race = sample.races[static_cast<std::size_t>(slot)];
+    const auto number = [&](const std::string &name) {
+        const auto found = driverNamed(season, name);
+        return found ? std::to_string(*found) : std::string();
+    };
+    for (const SampleMove &move : sample.moves)
+        if (move.gp == slot)
+            season.write(keys::N, keys::driver("ecurie", move.slot), move.team);
+    main.Label40.set(std::to_string(slot));
+    main.gp.set(race.name);
+    main.dat.set(race.date);
+    main.Text41.set("");
+    for (int place = 1; place <= classifiedPlaces; ++place)
+        main.number(place).set(number(race.finish[static_cast<std::size_t>(place - 1)]));
+    main.Text39.set(number(race.pole));
+    storeGrid(season, race.name, race.grid);
+    recordGrandPrix(main);
+}
+
+}

@@ -1,0 +1,17 @@
+#pragma once
+// Brings the real seasons of data/ into a program folder by the program's own recording: the drivers with what they
+// bring along, the calendar, and race after race.
+#include "app/sample_data.h"
+#include "results/main_screen.h"
+
+namespace circuidex {
+
+// Without points, with one season more than his career has.
+void enterSampleDriver(const Season &season, const SampleDriver &driver, const SampleCareer &career);
+
+void enterSampleCalendar(const Season &season, const SampleSeason &sample);
+
+// The race of a slot, with the changes of team that happened before it and its grid, into the season that is open.
+void recordSampleRace(MainScreen &main, const SampleSeason &sample, int slot);
+
+}
