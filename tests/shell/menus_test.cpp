@@ -383,6 +383,30 @@ TEST(Menus, DropDownsStandWholeOnTheDisplay)
     }
 }
 
+TEST(Menus, DropDownsStandBesideTheirButtons)
+{
+    test::TemporaryFolder folder;
+    std::filesystem::copy(CIRCUIDEX_SAMPLE, folder.path());
+    QueuedDialogs dialogs;
+    RecordingPlatform platform;
+    Program program(folder.path(), Numbers(), dialogs, platform);
+    program.start();
+    const Screen *main = program.screens().find(QStringLiteral("Form1"));
+    for (const menus::Menu &menu : menus::all()) {
+        if (!menu.dropDown())
+            continue;
+        SCOPED_TRACE(std::string(menu.name));
+        main->press(utf8(menu.button));
+        const Screen *opened = program.screens().find(utf8(menu.name));
+        ASSERT_NE(opened, nullptr);
+        const TwipRect button = main->control(utf8(menu.button))->geometry(), place = opened->place();
+        EXPECT_NEAR(place.top, button.top, twipsPerPixel);
+        EXPECT_LE(place.left + place.width, button.left);
+        EXPECT_GT(place.left, 0);
+    }
+    sweep();
+}
+
 // The screen with two drop-downs stands beside the one that opened it last, and closes with it.
 TEST(Menus, TheTagTellsWhichDropDownOpenedIt)
 {
