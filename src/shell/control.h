@@ -97,14 +97,15 @@ private:
     Kind m_kind;
 };
 
-// A control whose text, place and line are worked out when asked for, as the parts of the title bar.
+// A control whose text, tip, place and line are worked out when asked for, as the parts of the title bar and of a chart.
 class ShapeControl : public Control {
 public:
-    std::function<QString()> textNow;
+    std::function<QString()> textNow, tipNow;
     std::function<TwipRect()> geometryNow;
     std::function<TwipLine()> lineNow;
 
     QString text() const override { return textNow ? textNow() : QString(); }
+    QString tip() const override { return tipNow ? tipNow() : QString(); }
     TwipRect geometry() const override { return geometryNow ? geometryNow() : Control::geometry(); }
     std::optional<TwipLine> line() const override { return lineNow ? std::optional(lineNow()) : std::nullopt; }
 };

@@ -71,24 +71,20 @@ Screen::~Screen()
 
 void Screen::registerChrome()
 {
-    const auto shape = [this](const char *name, std::function<TwipRect(const TwipRect &)> geometry) -> ShapeControl & {
-        auto made = std::make_unique<ShapeControl>();
-        made->geometryNow = [this, geometry = std::move(geometry)] { return geometry(place()); };
-        made->setBack(look::colour(m_skin.main));
-        ShapeControl &control = *made;
-        keep(QString::fromLatin1(name), std::nullopt, std::move(made));
-        return control;
+    const auto part = [this](const char *name, std::function<TwipRect(const TwipRect &)> geometry) -> ShapeControl & {
+        ShapeControl &made = shape(QString::fromLatin1(name));
+        made.geometryNow = [this, geometry = std::move(geometry)] { return geometry(place()); };
+        made.setBack(look::colour(m_skin.main));
+        return made;
     };
-    shape("Image1apa", [](const TwipRect &) { return chrome::image1apa(); });
-    shape("Image2apa", [](const TwipRect &) { return chrome::image2apa(); });
-    shape("Image3apa", [](const TwipRect &w) { return chrome::image3apa(w.width); });
-    shape("Image4apa", [](const TwipRect &w) { return chrome::image4apa(w.width); }).onPress = [this] { close(); };
-    shape("Label1apa", [](const TwipRect &) { return chrome::label1apa(); });
-    shape("Label2apa", [](const TwipRect &) { return chrome::label2apa(); }).textNow = [this] { return m_bar->title(); };
+    part("Image1apa", [](const TwipRect &) { return chrome::image1apa(); });
+    part("Image2apa", [](const TwipRect &) { return chrome::image2apa(); });
+    part("Image3apa", [](const TwipRect &w) { return chrome::image3apa(w.width); });
+    part("Image4apa", [](const TwipRect &w) { return chrome::image4apa(w.width); }).onPress = [this] { close(); };
+    part("Label1apa", [](const TwipRect &) { return chrome::label1apa(); });
+    part("Label2apa", [](const TwipRect &) { return chrome::label2apa(); }).textNow = [this] { return m_bar->title(); };
     const auto edge = [this](const char *name, std::function<TwipLine(const TwipRect &)> line) {
-        auto made = std::make_unique<ShapeControl>();
-        made->lineNow = [this, line = std::move(line)] { return line(place()); };
-        keep(QString::fromLatin1(name), std::nullopt, std::move(made));
+        shape(QString::fromLatin1(name)).lineNow = [this, line = std::move(line)] { return line(place()); };
     };
     edge("Line1apa", [](const TwipRect &w) { return chrome::line1apa(w.height); });
     edge("Line2apa", [](const TwipRect &w) { return chrome::line2apa(w.width, w.height); });
@@ -165,7 +161,7 @@ QString Screen::text(const QString &name, std::optional<int> index) const
 TwipRect Screen::place() const
 {
     const TwipRect size{0, 0, width() * twipsPerPixel, height() * twipsPerPixel};
-    if (m_outOfSight)
+    if (m_outOfSight || pos() == m_placedAt) // where it was put, to the twip
         return {m_left, m_top, size.width, size.height};
     return {x() * twipsPerPixel, y() * twipsPerPixel, size.width, size.height};
 }
@@ -177,6 +173,7 @@ void Screen::setPlace(double left, double top)
     m_outOfSight = left >= outOfSight || top >= outOfSight;
     if (!m_outOfSight)
         move(static_cast<int>(left / twipsPerPixel), static_cast<int>(top / twipsPerPixel));
+    m_placedAt = pos();
     setVisible(!m_outOfSight);
 }
 
@@ -253,6 +250,14 @@ Control &Screen::hidden(const QString &name, Field &field, std::optional<int> in
 {
     auto made = std::make_unique<FieldControl>(field);
     Control &control = *made;
+    keep(name, index, std::move(made));
+    return control;
+}
+
+ShapeControl &Screen::shape(const QString &name, std::optional<int> index)
+{
+    auto made = std::make_unique<ShapeControl>();
+    ShapeControl &control = *made;
     keep(name, index, std::move(made));
     return control;
 }

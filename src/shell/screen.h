@@ -87,6 +87,7 @@ protected:
     Control &hidden(const QString &name, const QString &text = {}, std::function<void()> onPress = {},
                     std::optional<int> index = std::nullopt);
     Control &hidden(const QString &name, Field &field, std::optional<int> index = std::nullopt);
+    ShapeControl &shape(const QString &name, std::optional<int> index = std::nullopt); // a part of what is painted
     TimerControl &timer(const QString &name, int milliseconds, TimerControl::Kind kind, std::function<void()> fire);
     Table *table(std::vector<Column> columns, int rows);
 
@@ -112,7 +113,8 @@ private:
     std::map<QString, std::map<int, std::unique_ptr<Control>>> m_controls; // a single control has index -1
     std::vector<Table *> m_tables;
     std::shared_ptr<const int> m_alive = std::make_shared<const int>(0); // what listens for this screen ends with it
-    double m_left = 0, m_top = 0;
+    double m_left = 0, m_top = 0; // twips, as last set
+    QPoint m_placedAt{1 << 20, 0}; // where that put the window; nowhere at first
     bool m_outOfSight = false, m_closed = false;
     int m_waiting = 0;
     Skin m_skin;
