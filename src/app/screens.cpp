@@ -5,7 +5,9 @@
 #include "results/form2_drivers.h"
 #include "results/form26_pickers.h"
 #include "results/form30_scale.h"
+#include "results/form34_calendar.h"
 #include "results/form38_driver_list.h"
+#include "results/form39_new_season.h"
 #include "results/form3_driver_profile.h"
 #include "results/form48_grid.h"
 #include "results/form49_assistants.h"
@@ -39,7 +41,9 @@ std::vector<ScreenRow> screenRows()
         {text("Form25"), text("Liste des Grands-Prix"), make<Form25>},
         {text("Form26"), text("Liste des Pilotes"), make<Form26>},
         {text("Form30"), text("Barème d'attribution des points des 8 premiers"), make<Form30>},
+        {text("Form34"), text("Calendrier de la Saison"), make<Form34>},
         {text("Form38"), text("Liste des pilotes"), make<Form38>},
+        {text("Form39"), text("Créer une nouvelle saison"), make<Form39>},
         {text("Form40"), text("Eenregistrement de Grand-Prix"), make<Form40>},
         {text("Form42"), text("Liste des Ecuries"), make<Form42>},
         {text("Form48"), text("Grille de Départ"), make<Form48>},

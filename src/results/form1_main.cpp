@@ -5,6 +5,7 @@
 #include "results/form26_pickers.h"
 #include "results/media_of_grand_prix.h"
 #include "results/navigation.h"
+#include "results/new_season.h"
 #include "results/recording.h"
 #include "shell/look.h"
 
@@ -148,11 +149,12 @@ void Form1::registerHidden()
     using Kind = TimerControl::Kind;
     m_records = &timer(QStringLiteral("Timerrecords"), 0, Kind::once, [this] {
         for (const char *list : {"Command13", "Command14", "Command15"})
-            if (Screen *statistics = context.screens.open(QStringLiteral("Form32")))
+            if (Screen *statistics = context.screens.openUnseen(QStringLiteral("Form32")))
                 statistics->press(utf8(list));
         context.screens.close(QStringLiteral("Form32"));
         context.screens.close(QStringLiteral("Form4"));
     });
+    m_newSeason = &timer(QStringLiteral("Timer55"), 0, Kind::once, [this] { clearNewSeason(); });
     m_lap = &timer(QStringLiteral("Timerlap"), 0, Kind::once, [this] { context.screens.open(QStringLiteral("Form13")); });
     m_img = &timer(QStringLiteral("Timerimg"), 0, Kind::once, [this] { context.screens.open(QStringLiteral("Form13")); });
     m_vid = &timer(QStringLiteral("Timervid"), 0, Kind::once, [this] { playFilm(); });
@@ -588,6 +590,22 @@ void Form1::playFilm()
     context.platform.play(m_main.surroundings.findFile(filmPath(m_main)));
 }
 
+// A passage before that is still waiting isn't forgotten.
+void Form1::clearTotalsSoon(const QString &season)
+{
+    if (!m_newSeason->tag.isEmpty())
+        clearNewSeason();
+    m_newSeason->tag = season;
+    m_newSeason->start(500);
+}
+
+// The timer's tag says which season was passed to: another one may be open by now.
+void Form1::clearNewSeason()
+{
+    const QString season = std::exchange(m_newSeason->tag, {});
+    clearTotals(season.isEmpty() ? m_main.season() : Season(context.store, season.toStdString()));
+}
+
 void Form1::comeBack()
 {
     setWindowState(Qt::WindowNoState);
@@ -621,6 +639,8 @@ void Form1::keyPressEvent(QKeyEvent *event)
 
 void Form1::closing()
 {
+    if (!m_newSeason->tag.isEmpty())
+        clearNewSeason();
     context.store.setYearMarker(m_main.an.text());
     context.screens.onChange = {};
     for (const QString &name : context.screens.openNames())

@@ -13,6 +13,9 @@ public:
     // Back in sight after a screen that took its place: in its normal state, at the top left, as large as the display.
     void comeBack();
 
+    // In a moment the points of this season go back to 0: it has just been passed to.
+    void clearTotalsSoon(const QString &season);
+
 protected:
     void closing() override;
     void keyPressEvent(QKeyEvent *event) override;
@@ -48,10 +51,11 @@ private:
     void playFilm();
     void gpTyped(const std::string &text);
     void start();
+    void clearNewSeason();
 
     MainScreen &m_main;
     QStringList m_pointed;
-    TimerControl *m_records = nullptr, *m_lap = nullptr, *m_img = nullptr, *m_vid = nullptr;
+    TimerControl *m_newSeason = nullptr, *m_records = nullptr, *m_lap = nullptr, *m_img = nullptr, *m_vid = nullptr;
 };
 
 }

@@ -51,6 +51,7 @@ QLineEdit, QPlainTextEdit { background:#FFFFFF; border:1px solid #C9CFD8; border
 QLineEdit { min-height:20px; max-height:20px; }
 QLineEdit:focus, QPlainTextEdit:focus { border:1px solid MAIN; }
 QLineEdit:read-only { background:#FAFBFC; border-color:#E3E6EB; }
+QLineEdit[choice="true"] { background:#FFFFFF; border-color:#C9CFD8; }
 QPushButton { background:#FFFFFF; border:1px solid #C9CFD8; border-radius:4px; padding:3px 10px; min-height:20px; }
 QPushButton:hover { background:#EEF1F5; border-color:#AEB7C4; }
 QPushButton:pressed { background:#E2E6EC; }

@@ -1,0 +1,173 @@
+#include "results/new_season.h"
+
+#include "results/drivers.h"
+#include "results/navigation.h"
+
+namespace circuidex {
+
+namespace {
+
+constexpr int lastCountedNumber = 29; // files may hold points of numbers beyond the last driver
+constexpr int numbersWithOneMore = 24; // whose seasons are counted, from driver 1
+
+Season transitFile(const MainScreen &main)
+{
+    return Season(main.store, "transit");
+}
+
+// The title goes to the driver's record before the record is copied, so that both seasons know it.
+void crown(MainScreen &main, const std::string &champion)
+{
+    const Season season = main.season();
+    const std::string &year = season.stem();
+    const std::string name = season.nom(champion), points = season.driver("nbpts", champion);
+    season.write(keys::N, keys::driver("champion", champion), season.driver("champion", champion) + "-" + year);
+    main.dialogs.message(name + " sur " + season.ecurie(champion) + " est le champion du monde de la saison " + year +
+                         " avec " + points + " points!");
+    Season(main.store, std::string(keys::ARCHIVES)).write(keys::GP, keys::join("championdumd", year), name);
+}
+
+// Phase one for one number. A driver without team or figures is given them here.
+void leaveDriver(const Season &old, const Season &transit, const std::string &number)
+{
+    storeDriver(transit, number, completed(readDriver(old, number), DriverScreen::newDriver), DriverScreen::profile);
+    const std::string name = transit.nom(number), team = keys::lblecuriE(transit.ecurie(number));
+    storeCareerSeasons(transit, name, careerSeasons(old, name));
+    transit.write(keys::N, team, old.read(keys::N, team));
+}
+
+// A main screen of its own walks through the calendar, since the path of a circuit's picture is the one it is shown by.
+// It looks for no film: finding one is noted in the season.
+void leaveCalendar(const MainScreen &main, const Season &transit)
+{
+    Surroundings pictures;
+    pictures.findPicture = main.surroundings.findPicture;
+    MainScreen walker(main.store, main.dialogs, std::move(pictures));
+    walker.an.set(main.an.text());
+    walker.Label40.set("-1");
+    for (int slot = 0; slot < gpSlots; ++slot) {
+        nextGrandPrix(walker);
+        transit.write(keys::gp, keys::namegp(slot), walker.gp.text());
+        if (!walker.gp.empty())
+            transit.write(keys::gp, keys::picgp(walker.gp.text()), walker.Labell.text());
+    }
+}
+
+// Phase two for one number. Podiums begin to count here if they didn't before. The number itself goes with a driver who
+// has a name: the screen for a new driver looks for the first free one, and without it would offer number 1, which is
+// somebody's.
+void arriveDriver(const Season &transit, const Season &fresh, const std::string &number)
+{
+    DriverRecord record = readDriver(transit, number);
+    for (std::size_t i = 0; i < record.size(); ++i)
+        if (driverFields[i].prefix == "podiums" && record[i].empty())
+            record[i] = "0";
+    storeDriver(fresh, number, record, DriverScreen::profile);
+    const std::string name = fresh.nom(number), team = keys::lblecuriE(fresh.ecurie(number));
+    if (name.empty())
+        fresh.write(keys::N, keys::driver("N°", number), "");
+    const std::string seasons = careerSeasons(transit, name);
+    storeCareerSeasons(fresh, name, seasons.empty() ? "0" : seasons);
+    fresh.write(keys::N, team, transit.read(keys::N, team));
+}
+
+void arriveGrandPrix(const Season &transit, const Season &fresh, int slot)
+{
+    const std::string name = transit.namegp(slot);
+    fresh.write(keys::gp, keys::namegp(slot), name);
+    if (name.empty())
+        return;
+    for (int place = 1; place <= classifiedPlaces; ++place)
+        fresh.write(keys::podiums, keys::podium(place, name), "");
+    fresh.write(keys::gp, keys::picgp(name), transit.read(keys::gp, keys::picgp(name)));
+}
+
+// As the driver's sheet counts it: who has no count is in his first season, and begins his second.
+void countSeasons(const Season &season)
+{
+    for (int number = 1; number <= numbersWithOneMore; ++number) {
+        const std::string name = season.nom(number), held = careerSeasons(season, name);
+        if (const auto more = season.numbers().sum(held.empty() ? "1" : held, "1"))
+            storeCareerSeasons(season, name, *more);
+    }
+}
+
+// The inherited scale becomes the new season's own: a later change of the old one doesn't reach it.
+void passOnScale(MainScreen &main)
+{
+    if (main.closeScaleEditor)
+        main.closeScaleEditor(); // it holds the scale of the old season
+    main.refreshScale();
+    storeScale(main.season(), main.scale());
+}
+
+// False when the transit file doesn't hold the drivers; what an earlier passage left there must not arrive instead.
+bool leave(const MainScreen &main)
+{
+    const Season old = main.season(), transit = transitFile(main);
+    for (int number = 0; number < carriedSlots; ++number)
+        leaveDriver(old, transit, std::to_string(number));
+    leaveCalendar(main, transit);
+    return !main.store.writesLost();
+}
+
+void arrive(const MainScreen &main, const std::string &year)
+{
+    const Season transit = transitFile(main), fresh(main.store, year);
+    for (int number = 0; number < carriedSlots; ++number)
+        arriveDriver(transit, fresh, std::to_string(number));
+    for (int slot = 0; slot < gpSlots; ++slot)
+        arriveGrandPrix(transit, fresh, slot);
+    countSeasons(fresh);
+}
+
+}
+
+std::optional<int> championshipLeader(const Season &season)
+{
+    std::optional<int> leader;
+    double most = 0;
+    for (int number = 1; number <= driverSlots; ++number) {
+        const auto points = season.numbers().value(season.driver("nbpts", number));
+        if (!points || season.nom(number).empty() || (leader && *points <= most))
+            continue;
+        leader = number;
+        most = *points;
+    }
+    return leader;
+}
+
+bool passToNextSeason(MainScreen &main, const std::string &champion)
+{
+    const std::string year = main.an.text();
+    const auto next = main.store.numbers().sum(year, "1");
+    if (!next || *next == year)
+        return false;
+    crown(main, champion);
+    main.dialogs.message(
+        "Le programme va passer a la saison suivante! Il va transférer toutes les données des pilotes "
+        "de la saison " +
+        year + " vers la saison " + *next +
+        ". Vous pourez par la suite effectuer les transferts des pilotes, le calendrier etc... si vous "
+        "n'effectuez pas de mise a jour en ligne.");
+    if (!leave(main))
+        return false;
+    arrive(main, *next);
+    nextSeason(main);
+    main.dialogs.message("Opération terminée, vous pouvez désormais soit faire une mise a jour en ligne pour mettre a "
+                         "jour la base de donnée, soit entrer vous même les modifications qui ont eut lieu durant "
+                         "l'inter-saison");
+    passOnScale(main);
+    return true;
+}
+
+void clearTotals(const Season &season)
+{
+    for (int number = 1; number <= driverSlots; ++number)
+        if (const std::string team = season.ecurie(number); !team.empty())
+            season.write(keys::N, keys::ptsecurie(team), "0");
+    for (int number = 0; number <= lastCountedNumber; ++number)
+        season.write(keys::N, keys::driver("nbpts", number), "0");
+}
+
+}

@@ -1,0 +1,25 @@
+#pragma once
+// The passage to a new season. The champion is crowned, then drivers, careers, teams and the names of the calendar go
+// from the old season into the transit file and from there into the new one; results, dates, grids and remarks stay
+// behind. The old season is only read, but for the title; all else is written to files that a second try writes anew,
+// so a program that is killed on the way has lost nothing. There is no way back and no check that the season is over.
+#include "results/main_screen.h"
+
+namespace circuidex {
+
+inline constexpr int carriedSlots = 24; // numbers 0 to 23: driver 24 and those behind him stay behind
+
+// The driver with the most points, of several level on points the one with the lowest number; absent while nobody has
+// any.
+std::optional<int> championshipLeader(const Season &season);
+
+// From the season on the main screen to the one after it, with the champion of that number, and the main screen goes
+// with it: the same place in the calendar, nothing recorded there. The user is told before and after. An empty number
+// crowns nobody. False when there is no season to pass to, because the season's name is no year, or when the transit
+// file can't be written: the drivers have then gone nowhere.
+bool passToNextSeason(MainScreen &main, const std::string &champion);
+
+// Points of drivers and teams back to 0. They come over with the drivers and are cleared a moment after the passage.
+void clearTotals(const Season &season);
+
+}
