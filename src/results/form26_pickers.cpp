@@ -95,10 +95,7 @@ Picker::Picker(Context &theContext, const QString &name, const QString &title, S
     if (m_shape.title.isEmpty())
         m_list->horizontalHeader()->hide();
     m_list->setFixedHeight(m_list->rowsHigh(rows));
-    m_list->onPress = [this](const QString &array, int index) {
-        if (array == m_shape.array)
-            pick(index);
-    };
+    m_list->onPress = [this](const QString &, int index) { pick(index); }; // on a name or on its number
     m_head = new QHBoxLayout;
     m_head->addWidget(m_search, 1);
     m_foot = new QVBoxLayout;
