@@ -8,6 +8,7 @@
 #include "results/new_season.h"
 #include "results/recording.h"
 #include "shell/look.h"
+#include "shell/place_names.h"
 
 #include <QBoxLayout>
 #include <QGridLayout>
@@ -23,8 +24,6 @@ const QString numberTip = QStringLiteral("Double-cliquez pour accéder à la lis
 const QString nameTip = QStringLiteral(
     "Double-cliquez ici pour modifier l'arrivée du GP. Cliquez sur \"Enregistrer les modifications du GP "
     "séléctionné\" pour prendre en compte vos modifications.");
-
-const char *const placeNames[] = {"1er", "2nd", "3ème", "4ème", "5ème", "6ème", "7ème", "8ème"};
 
 // The buttons that open a side screen and show by "[F] " that it is open.
 struct SideScreen {
@@ -315,7 +314,7 @@ QWidget *Form1::resultCard()
     row(0, QStringLiteral("Pole-Position"), QStringLiteral("Text39"), m_main.Text39, QStringLiteral("Text9"),
         m_main.Text9, QStringLiteral("pole"));
     for (int place = 1; place <= classifiedPlaces; ++place)
-        row(place, utf8(placeNames[place - 1]), QStringLiteral("Text%1").arg(place), m_main.number(place),
+        row(place, placeName(place), QStringLiteral("Text%1").arg(place), m_main.number(place),
             QStringLiteral("Text%1").arg(30 + place), m_main.name(place), QString::number(place));
     auto *podium = pointedCommand(QStringLiteral("Label47"), QStringLiteral("Visualiser le podium"), [this] {
         showPodium();

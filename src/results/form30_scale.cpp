@@ -1,17 +1,12 @@
 #include "results/form30_scale.h"
 
 #include "shell/look.h"
+#include "shell/place_names.h"
 
 #include <QBoxLayout>
 #include <QGridLayout>
 
 namespace circuidex {
-
-namespace {
-
-const char *const placeNames[] = {"1er", "2nd", "3ème", "4ème", "5ème", "6ème", "7ème", "8ème"};
-
-}
 
 Form30::Form30(Context &theContext, const QString &name, const QString &title) :
     Screen(theContext, name, title), m_main(theContext.main), m_an(theContext.main.an.text())
@@ -27,7 +22,7 @@ Form30::Form30(Context &theContext, const QString &name, const QString &title) :
         box->setFixedWidth(70);
         connect(box, &QLineEdit::returnPressed, this, [this] { store(); });
         m_boxes[static_cast<std::size_t>(i)] = box;
-        grid->addWidget(styled(QString::fromUtf8(placeNames[i]), "place"), i % 4, 2 * (i / 4));
+        grid->addWidget(styled(placeName(i + 1), "place"), i % 4, 2 * (i / 4));
         grid->addWidget(box, i % 4, 2 * (i / 4) + 1);
     }
     grid->setColumnStretch(4, 1);

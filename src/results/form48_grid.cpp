@@ -3,19 +3,11 @@
 #include "results/form26_pickers.h"
 #include "results/grid.h"
 #include "shell/look.h"
+#include "shell/place_names.h"
 
 #include <QBoxLayout>
 
 namespace circuidex {
-
-namespace {
-
-QString placeName(int place)
-{
-    return place == 1 ? QStringLiteral("1er") : place == 2 ? QStringLiteral("2nd") : QStringLiteral("%1ème").arg(place);
-}
-
-}
 
 Form48::Form48(Context &theContext, const QString &name, const QString &title) :
     Screen(theContext, name, title), m_main(theContext.main), m_cursor(theContext.main.Label40.text()),

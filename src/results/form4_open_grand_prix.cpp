@@ -4,6 +4,7 @@
 #include "results/form26_pickers.h"
 #include "results/open_grand_prix.h"
 #include "shell/look.h"
+#include "shell/place_names.h"
 
 #include <QBoxLayout>
 
@@ -14,11 +15,6 @@ namespace circuidex {
 namespace {
 
 constexpr int shownRows = 8; // of both standings
-
-QString placeName(int place)
-{
-    return place == 1 ? QStringLiteral("1er") : place == 2 ? QStringLiteral("2nd") : QStringLiteral("%1ème").arg(place);
-}
 
 QString qt(const std::string &text)
 {
