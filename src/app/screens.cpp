@@ -14,6 +14,10 @@
 #include "results/form4_open_grand_prix.h"
 #include "shell/form57_menus.h"
 #include "shell/form59_window_list.h"
+#include "standings/form5_constructor_standings.h"
+#include "standings/form6_driver_standings.h"
+#include "standings/form70_team_detail.h"
+#include "standings/form7_full_standings.h"
 #include "statistics/form14_driver_sheet.h"
 
 namespace circuidex {
@@ -36,6 +40,9 @@ std::vector<ScreenRow> screenRows()
         {text("Form2"), text("Pilotes"), make<Form2>},
         {text("Form3"), text("Profil Pilote"), make<Form3>},
         {text("Form4"), text("Ouverture de Grand-Prix"), make<Form4>},
+        {text("Form5"), text("Classement Constructeur"), make<Form5>},
+        {text("Form6"), text("Classement Pilote"), make<Form6>},
+        {text("Form7"), text("Classement Pilote Détaillé"), make<Form7>},
         {text("Form12"), text("Podium"), make<Form12>},
         {text("Form14"), text("Statistiques"), make<Form14>},
         {text("Form25"), text("Liste des Grands-Prix"), make<Form25>},
@@ -49,6 +56,7 @@ std::vector<ScreenRow> screenRows()
         {text("Form48"), text("Grille de Départ"), make<Form48>},
         {text("Form49"), text("Enregistrement de la Grille de Départ"), make<Form49>},
         {text("Form59"), text("Liste des Fenêtres de Circuidex"), make<Form59>},
+        {text("Form70"), text("Classement Constructeur Détaillé"), make<Form70>},
     };
     for (const menus::Menu &menu : menus::all())
         rows.push_back({utf8(menu.name), utf8(menu.heading), make<DropDown>});

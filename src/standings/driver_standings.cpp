@@ -1,0 +1,49 @@
+#include "standings/driver_standings.h"
+
+namespace circuidex {
+
+std::array<DriverLine, driverSlots> driverLines(const Season &season)
+{
+    std::array<DriverLine, driverSlots> lines;
+    int number = 0;
+    for (DriverLine &line : lines) {
+        ++number;
+        line = {season.nom(number), season.driver("nbpts", number), season.ecurie(number), {}};
+        if (!line.team.empty())
+            line.teamPoints = season.read(keys::N, keys::ptsecurie(line.team));
+    }
+    return lines;
+}
+
+DriverStandings driverStandings(const Season &season, std::string_view favourite)
+{
+    const Numbers &numbers = season.numbers();
+    const auto lines = driverLines(season);
+    std::vector<Entry> entries;
+    for (const DriverLine &line : lines)
+        entries.push_back({line.name, numbers.value(line.points)});
+    const auto rows = rankedRows(entries, {.noFigure = NoFigure::likeTheOneBefore});
+
+    DriverStandings standings;
+    standings.table.rows.resize(driverSlots);
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        if (!rows[i] || *rows[i] > driverSlots)
+            continue;
+        standings.table.rows[static_cast<std::size_t>(*rows[i] - 1)] = {
+            lines[i].name, lines[i].points, lines[i].team, {}};
+        if (*rows[i] == 1)
+            standings.leader = static_cast<int>(i + 1);
+    }
+    measure(standings.table, 0, numbers);
+    choose(standings.table, favourite, numbers);
+    return standings;
+}
+
+std::string steppedDriver(std::string_view number, int by, const Numbers &numbers)
+{
+    const double end = by < 0 ? -1 : driverSlots + 1;
+    const auto from = numbers.value(number);
+    return numbers.text(!from || *from == end ? end : *from + by);
+}
+
+}
