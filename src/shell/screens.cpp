@@ -28,16 +28,22 @@ Screen *Screens::find(const QString &name) const
 
 Screen *Screens::open(const QString &name)
 {
-    Screen *screen = find(name);
-    if (!screen) {
-        const ScreenRow *made = row(name);
-        if (!made)
-            return nullptr;
-        screen = made->make(*m_context, made->name, made->title);
-        if (onChange)
-            onChange(name, true);
-    }
-    screen->present();
+    Screen *screen = openUnseen(name);
+    if (screen)
+        screen->present();
+    return screen;
+}
+
+Screen *Screens::openUnseen(const QString &name)
+{
+    if (Screen *screen = find(name))
+        return screen;
+    const ScreenRow *made = row(name);
+    if (!made)
+        return nullptr;
+    Screen *screen = made->make(*m_context, made->name, made->title);
+    if (onChange)
+        onChange(name, true);
     return screen;
 }
 

@@ -25,7 +25,9 @@ public:
 
     // Makes it if need be and brings it to the front. Null when the program has no such screen.
     Screen *open(const QString &name);
-    // The same as its menu entry does it.
+    // The same without showing it, for a screen that is only to act and is closed again at once.
+    Screen *openUnseen(const QString &name);
+    // Opens it as its menu entry does it.
     Screen *openFromMenu(const QString &name);
     Screen *find(const QString &name) const; // null when it isn't open
     bool isOpen(const QString &name) const { return find(name) != nullptr; }

@@ -8,7 +8,6 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QMimeData>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyle>
@@ -18,14 +17,6 @@
 namespace circuidex {
 
 namespace {
-
-// A release that ends a double click isn't a click of its own.
-bool endsClick(const QWidget *widget, const QMouseEvent *event, bool &afterDouble)
-{
-    const bool click = event->button() == Qt::LeftButton && widget->rect().contains(event->pos()) && !afterDouble;
-    afterDouble = false;
-    return click;
-}
 
 // A long text shows its beginning.
 void setFromStart(QLineEdit &edit, const QString &text)
@@ -134,7 +125,7 @@ int keyNamed(const QString &name)
 
 }
 
-Label::Label(const QString &text, QWidget *parent) : QLabel(text, parent)
+Label::Label(const QString &text, QWidget *parent) : Clickable(text, parent)
 {
     setTextFormat(Qt::PlainText);
 }
@@ -145,18 +136,6 @@ void Label::makeCommand()
     setCursor(Qt::PointingHandCursor);
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed); // its line stays under the words
-}
-
-void Label::mouseReleaseEvent(QMouseEvent *event)
-{
-    if (endsClick(this, event, m_afterDouble))
-        run(onClick);
-}
-
-void Label::mouseDoubleClickEvent(QMouseEvent *)
-{
-    m_afterDouble = true;
-    run(onDoubleClick);
 }
 
 void Label::enterEvent(QEnterEvent *event)
@@ -223,7 +202,7 @@ void Button::makeMain()
     setProperty("main", true);
 }
 
-Picture::Picture(QWidget *parent) : QWidget(parent)
+Picture::Picture(QWidget *parent) : Clickable(parent)
 {
     setMinimumSize(48, 36);
 }
@@ -250,18 +229,6 @@ void Picture::paintEvent(QPaintEvent *)
     }
     const QSize shown = (QSizeF(m_scaled.size()) / devicePixelRatioF()).toSize();
     painter.drawPixmap((width() - shown.width()) / 2, (height() - shown.height()) / 2, m_scaled);
-}
-
-void Picture::mouseReleaseEvent(QMouseEvent *event)
-{
-    if (endsClick(this, event, m_afterDouble))
-        run(onClick);
-}
-
-void Picture::mouseDoubleClickEvent(QMouseEvent *)
-{
-    m_afterDouble = true;
-    run(onDoubleClick);
 }
 
 QString WidgetControl::text() const

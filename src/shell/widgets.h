@@ -5,6 +5,7 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QPixmap>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -13,21 +14,42 @@
 
 namespace circuidex {
 
-class Label : public QLabel {
+// A widget that is clicked and double-clicked; the release that ends a double click isn't a click of its own.
+template <class Base>
+class Clickable : public Base {
 public:
-    explicit Label(const QString &text = {}, QWidget *parent = nullptr);
-    std::function<void()> onClick, onDoubleClick, onHover, onLeave;
-    void makeCommand(); // looks and behaves like a link: pointing hand, focus by Tab, Enter
+    using Base::Base;
+    std::function<void()> onClick, onDoubleClick;
 
 protected:
-    void mouseReleaseEvent(QMouseEvent *event) override;
-    void mouseDoubleClickEvent(QMouseEvent *event) override;
-    void enterEvent(QEnterEvent *event) override;
-    void leaveEvent(QEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override
+    {
+        const bool click = event->button() == Qt::LeftButton && this->rect().contains(event->pos()) && !m_afterDouble;
+        m_afterDouble = false;
+        if (const auto handler = onClick; handler && click)
+            handler();
+    }
+    void mouseDoubleClickEvent(QMouseEvent *) override
+    {
+        m_afterDouble = true;
+        if (const auto handler = onDoubleClick)
+            handler();
+    }
 
 private:
     bool m_afterDouble = false;
+};
+
+class Label : public Clickable<QLabel> {
+public:
+    explicit Label(const QString &text = {}, QWidget *parent = nullptr);
+    std::function<void()> onHover, onLeave;
+    void makeCommand(); // looks and behaves like a link: pointing hand, focus by Tab, Enter
+
+protected:
+    void enterEvent(QEnterEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 };
 
 class Edit : public QLineEdit {
@@ -61,26 +83,22 @@ public:
 enum class Outline { none, driver, car, circuit, race };
 
 // A picture file, scaled to the room it has. Without one the frame stays blank.
-class Picture : public QWidget {
+class Picture : public Clickable<QWidget> {
 public:
     explicit Picture(QWidget *parent = nullptr);
     const QString &path() const { return m_path; }
     void setPath(const QString &path);
     void setOutline(Outline outline) { m_outline = outline; }
-    std::function<void()> onClick, onDoubleClick;
     QSize sizeHint() const override { return {160, 120}; }
 
 protected:
     void paintEvent(QPaintEvent *event) override;
-    void mouseReleaseEvent(QMouseEvent *event) override;
-    void mouseDoubleClickEvent(QMouseEvent *event) override;
 
 private:
     QString m_path;
     Outline m_outline = Outline::none;
     QPixmap m_scaled;
     QSize m_scaledFor;
-    bool m_afterDouble = false;
 };
 
 // The control of a widget: text, colours and place are the widget's.
