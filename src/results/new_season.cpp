@@ -15,6 +15,13 @@ Season transitFile(const MainScreen &main)
     return Season(main.store, "transit");
 }
 
+// Absent for a text that is no number, and for one so great that one more makes no difference.
+std::optional<std::string> yearAfter(const std::string &year, const Numbers &numbers)
+{
+    const auto next = numbers.sum(year, "1");
+    return next && numbers.value(*next) != numbers.value(year) ? next : std::nullopt;
+}
+
 // The title goes to the driver's record before the record is copied, so that both seasons know it.
 void crown(MainScreen &main, const std::string &champion)
 {
@@ -140,8 +147,8 @@ std::optional<int> championshipLeader(const Season &season)
 bool passToNextSeason(MainScreen &main, const std::string &champion)
 {
     const std::string year = main.an.text();
-    const auto next = main.store.numbers().sum(year, "1");
-    if (!next || *next == year)
+    const auto next = yearAfter(year, main.store.numbers());
+    if (!next)
         return false;
     crown(main, champion);
     main.dialogs.message(

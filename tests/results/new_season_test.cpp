@@ -1,0 +1,359 @@
+// The passage to a new season: what comes over, what stays behind, two real seasons with passages between them, and a
+// program killed on the way.
+#include "results/new_season.h"
+
+#include "app/sample_recording.h"
+#include "results/drivers.h"
+#include "results/season_fixture.h"
+#include "store/archive.h"
+
+#include <csignal>
+#include <chrono>
+#include <random>
+#include <set>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace circuidex;
+using namespace circuidex::test;
+
+namespace {
+
+const std::string data = CIRCUIDEX_TESTDATA "/../../data/";
+
+template <class T>
+T parsed(const std::string &name, std::optional<T> (*parse)(std::string_view, std::string &))
+{
+    std::string error;
+    auto result = parse(content(data + name), error);
+    EXPECT_TRUE(result) << name << ": " << error;
+    return result.value_or(T{});
+}
+
+SampleSeason sampleSeason(const std::string &year)
+{
+    return parsed(year + ".saison", parseSampleSeason);
+}
+
+// Careers by name, from the published lists and race results alone.
+class Facts {
+public:
+    Facts()
+    {
+        for (const SampleCareer &career : parsed("carrieres.txt", parseSampleCareers))
+            m_careers[career.name] = career;
+    }
+    void race(const SampleSeason &season)
+    {
+        for (auto &[name, career] : m_careers)
+            career.starts += static_cast<int>(season.races.size()); // a race counts for everybody
+        for (const SampleRace &race : season.races) {
+            ++m_careers[race.pole].poles;
+            for (std::size_t i = 0; i < race.finish.size(); ++i) {
+                SampleCareer &career = m_careers[race.finish[i]];
+                career.wins += i == 0;
+                career.podiums += i < 3;
+                career.points = std::to_string(std::stoi("0" + career.points) + std::stoi(season.scale[i]));
+            }
+        }
+    }
+    std::string line(const std::string &name) { return line(m_careers[name]); }
+
+private:
+    static std::string line(const SampleCareer &career)
+    {
+        return std::to_string(career.starts) + " GP, " + std::to_string(career.wins) + " wins, " +
+            std::to_string(career.poles) + " poles, " + std::to_string(career.podiums) + " podiums, " + career.points;
+    }
+    std::map<std::string, SampleCareer> m_careers;
+};
+
+std::string keptLine(const Season &season, int number)
+{
+    const auto total = [&](const char *key) { return season.driver(key, number); };
+    return total("nbgp") + " GP, " + total("vic") + " wins, " + total("pol") + " poles, " + total("podiums") +
+        " podiums, " + total("ptstot");
+}
+
+std::string &field(DriverRecord &record, std::string_view prefix)
+{
+    std::size_t at = 0;
+    while (driverFields[at].prefix != prefix)
+        ++at;
+    return record[at];
+}
+
+// Two seasons in a folder that was empty, as one user would live through them.
+class TwoSeasons : public testing::Test {
+protected:
+    TwoSeasons()
+    {
+        desk.main.an.set("2003");
+        storeScale(season(), first.scale);
+        std::map<std::string, SampleCareer> careers;
+        for (const SampleCareer &career : parsed("carrieres.txt", parseSampleCareers))
+            careers[career.name] = career;
+        for (const SampleDriver &driver : first.drivers)
+            enterSampleDriver(season(), driver, careers[driver.name]);
+        recordAll(first);
+    }
+    Season season() const { return desk.main.season(); }
+
+    void recordAll(const SampleSeason &sample)
+    {
+        enterSampleCalendar(season(), sample);
+        for (std::size_t slot = 0; slot < sample.races.size(); ++slot)
+            recordSampleRace(desk.main, sample, static_cast<int>(slot));
+    }
+    void pass()
+    {
+        const auto leader = championshipLeader(season());
+        ASSERT_TRUE(leader);
+        ASSERT_TRUE(passToNextSeason(desk.main, std::to_string(*leader)));
+        clearTotals(season());
+    }
+    // Most drivers have another number in the new season: each is looked up by his name, a newcomer is typed in.
+    void lineUp(const SampleSeason &sample)
+    {
+        std::map<std::string, DriverRecord> known;
+        for (int number = 1; number <= driverSlots; ++number)
+            known[season().nom(number)] = readDriver(season(), std::to_string(number));
+        for (const SampleDriver &driver : sample.drivers) {
+            DriverRecord record = known[driver.name];
+            field(record, "nom") = driver.name;
+            field(record, "ecurie") = driver.team;
+            field(record, "age") = driver.birth;
+            field(record, "natio") = driver.nationality;
+            storeDriver(season(), std::to_string(driver.slot), completed(record, DriverScreen::profile),
+                        DriverScreen::profile);
+            if (careerSeasons(season(), driver.name).empty())
+                storeCareerSeasons(season(), driver.name, "1");
+        }
+    }
+
+    const SampleSeason first = sampleSeason("2003"), second = sampleSeason("2004");
+    Desk desk{Desk::empty};
+};
+
+TEST_F(TwoSeasons, CarryEveryCareerOn)
+{
+    Facts facts;
+    facts.race(first);
+    pass();
+    EXPECT_EQ(season().stem(), "2004");
+    std::set<std::string> carried;
+    for (int number = 1; number < carriedSlots; ++number) {
+        const std::string name = season().nom(number);
+        EXPECT_EQ(keptLine(season(), number), facts.line(name)) << name;
+        EXPECT_EQ(season().driver("nbpts", number), "0") << name;
+        carried.insert(name);
+    }
+    EXPECT_EQ(carried.size(), 23u);
+
+    lineUp(second);
+    recordAll(second);
+    facts.race(second);
+    int stayed = 0;
+    for (const SampleDriver &driver : second.drivers)
+        if (carried.contains(driver.name)) {
+            EXPECT_EQ(keptLine(season(), driver.slot), facts.line(driver.name)) << driver.name;
+            ++stayed;
+        }
+    EXPECT_EQ(stayed, 18);
+    pass();
+    EXPECT_EQ(season().driver("champion", 1), "-1994-1995-2000-2001-2002-2003-2004");
+    EXPECT_EQ(careerSeasons(season(), "Michael Schumacher"), "15"); // 12 before, and his third of ours begins
+    EXPECT_EQ(careerSeasons(season(), "Felipe Massa"), "2");
+}
+
+TEST_F(TwoSeasons, ArchiveEveryWinnerAndBothChampions)
+{
+    pass();
+    lineUp(second);
+    recordAll(second);
+    pass();
+    for (const SampleSeason *sample : {&first, &second})
+        for (const SampleRace &race : sample->races)
+            EXPECT_EQ(archivedWinner(desk.store, race.name, sample->year), race.finish[0]) << race.name << sample->year;
+    EXPECT_EQ(desk.read("ARCHIVES [GP] championdumd2003"), "Michael Schumacher");
+    EXPECT_EQ(desk.read("ARCHIVES [GP] championdumd2004"), "Michael Schumacher");
+    EXPECT_EQ(desk.read("ARCHIVES [GP] championdumd2005"), "");
+}
+
+TEST(NewSeason, TakesOverAndLeavesBehind)
+{
+    const std::string same = "[N°] nom1; [N°] nom23; [N°] age5; [N°] natio5; [N°] ecurie5; [N°] vic5; [N°] pol5; [N°] "
+                             "podiums5; [N°] ptstot5; [N°] nbgp5; [N°] sitweb5; [N°] path5; [N°] pi5; [N°] champion5; "
+                             "[N°] lblecuriERenault; [gp] namegp0; [gp] namegp18; [bareme] 1; [bareme] 8";
+    const std::string gone =
+        "[N°] nom24; [N°] nom25; [N°] nom26; [N°] N°24; [gp] namegp19; [gp] dategpMonaco; [gp] nogp; "
+        "[podium] podium1Monaco; [podium] podium8Monaco; [podium] remMonaco; [N°] polMonaco; [N°] "
+        "Monacogrilledepart-1; [N°] Renaultecuriepts/gp5; [N°] pneuecurieRenault; [N°] memnom1";
+    const std::string values = "[N°] N°5=5; [gp] nooFernando Alonso=5; [N°] nbpts5=0; [N°] nbpts29=0; [N°] "
+                               "ptsecurieRenault=0; [gp] picgpMonaco=\\m.jpg; [N°] champion5=-2005";
+    Surroundings allPictures;
+    allPictures.findPicture = [](const std::string &path) { return path; };
+    Desk desk(Desk::sample, '.', allPictures);
+    for (const std::string &line : split(
+             "2005 [N°] sitweb5=www.fernandoalonso.com; 2005 [N°] path5=\\Photos\\a.jpg; 2005 [N°] pi5=C:\\b.jpg; 2005 "
+             "[N°] lblecuriERenault=\\r26.jpg; 2005 [N°] memnom1=5; galerie [gp] picgpMonaco=\\m.jpg; 2005 [podium] "
+             "remMonaco=pluie; 2005 [N°] pneuecurieRenault=M; 2006 [podium] podium1Monaco=7",
+             ';'))
+        desk.write(line);
+    const Keys old = desk.keys("2005");
+    ASSERT_TRUE(passToNextSeason(desk.main, "5"));
+    clearTotals(desk.main.season());
+    for (const std::string &key : split(same, ';')) {
+        EXPECT_NE(desk.read("2005 " + key), "") << key;
+        EXPECT_EQ(desk.read("2006 " + key), desk.read("2005 " + key)) << key;
+    }
+    for (const std::string &key : split(gone, ';'))
+        EXPECT_EQ(desk.read("2006 " + key), "") << key;
+    for (const std::string &line : split(values, ';'))
+        EXPECT_EQ(desk.read("2006 " + split(line, '=')[0]), split(line, '=')[1]) << line;
+    EXPECT_EQ(changes(old, desk.keys("2005")), Lines{"champion5: - > -2005"});
+    EXPECT_EQ(firstFreeNumber(desk.main.season()), 24);
+}
+
+TEST(NewSeason, FillsWhatWasEmpty)
+{
+    Desk desk(Desk::empty);
+    desk.write("2005 [N°] nom1=Nouveau");
+    desk.write("transit [N°] nom2=Ancien"); // of an earlier passage
+    ASSERT_TRUE(passToNextSeason(desk.main, "1"));
+    Keys fresh = desk.keys("2006");
+    std::erase_if(fresh, [](const auto &key) { return !key.first.ends_with("1"); });
+    EXPECT_EQ(changes({}, fresh),
+              lines("N°1: - > 1; champion1: - > -2005; ecurie1: - > Aucune; nbpts1: - > 0; nom1: - > "
+                    "Nouveau; podiums1: - > 0; pol1: - > 0; ptstot1: - > 0; vic1: - > 0; ecurie11: - "
+                    "> Aucune; ecurie21: - > Aucune; nbpts11: - > 0; nbpts21: - > 0; podiums11: - > 0; "
+                    "podiums21: - > 0; pol11: - > 0; pol21: - > 0; ptstot11: - > 0; ptstot21: - > 0; "
+                    "vic11: - > 0; vic21: - > 0; [bareme] 1: - > 10"));
+    EXPECT_EQ(careerSeasons(desk.main.season(), "Nouveau"), "1");
+    EXPECT_EQ(desk.read("2006 [N°] nom2"), "");
+    EXPECT_EQ(firstFreeNumber(desk.main.season()), 2);
+}
+
+TEST(NewSeason, InheritsTheScaleForGood)
+{
+    Desk desk;
+    storeScale(desk.main.season(), {"12", "9", "7", "5", "4", "3", "2", "1"});
+    ASSERT_TRUE(passToNextSeason(desk.main, "5"));
+    storeScale(Season(desk.store, "2005"), {"1", "1", "1", "1", "1", "1", "1", "1"});
+    EXPECT_EQ(loadScale(desk.main.season())[1], "9");
+    EXPECT_EQ(desk.main.ptspilot[0].text(), "12");
+}
+
+TEST(NewSeason, ProposesTheLeader)
+{
+    struct Case {
+        const char *name, *points; // of numbers 1, 2, 3, "-" for nothing
+        int leader; // 0 for nobody
+    };
+    for (const Case &c : {Case{"clear", "10 30 20", 2}, Case{"level", "10 30 30", 2}, Case{"no race", "0 0 0", 1},
+                          Case{"half points", "2 2.5 -", 2}, Case{"below zero", "- -2 -1", 3},
+                          Case{"nothing", "- - -", 0}, Case{"words", "beaucoup 1 -", 2}}) {
+        Desk desk(Desk::empty);
+        for (int number = 1; number <= 3; ++number) {
+            desk.write("2005 [N°] nom" + std::to_string(number) + "=Pilote");
+            desk.write("2005 [N°] nbpts" + std::to_string(number) + "=" +
+                       split(c.points, ' ')[static_cast<std::size_t>(number - 1)]);
+        }
+        desk.write("2005 [N°] nbpts4=99"); // nobody
+        EXPECT_EQ(championshipLeader(desk.main.season()).value_or(0), c.leader) << c.name;
+    }
+}
+
+// No year, or no room for the transit file: nobody is lost and nothing overwritten.
+TEST(NewSeason, StaysWhereItCannotPass)
+{
+    for (const std::string stem : {"essai", "", "1e20"}) {
+        Desk desk(Desk::empty);
+        desk.main.an.set(stem);
+        EXPECT_FALSE(passToNextSeason(desk.main, "1")) << stem;
+        EXPECT_EQ(desk.dialogs.said, Lines{}) << stem;
+        EXPECT_EQ(desk.folder.names(), Lines{}) << stem;
+    }
+    Desk desk;
+    std::filesystem::create_directory(desk.folder / "f1transit.ini");
+    desk.write("2006 [N°] nom1=Quelqu'un");
+    const Keys before = desk.keys("2006");
+    EXPECT_FALSE(passToNextSeason(desk.main, "5"));
+    EXPECT_EQ(changes(before, desk.keys("2006")), Lines{});
+    EXPECT_EQ(desk.main.an.text(), "2005");
+}
+
+// A passage in a process of its own, killed after so many microseconds; true if that caught it on the way.
+class InterruptedPassage : public testing::Test {
+protected:
+    static bool passKilledAfter(const std::filesystem::path &folder, std::optional<std::chrono::microseconds> time)
+    {
+        const pid_t child = ::fork();
+        if (child == 0) {
+            QueuedDialogs dialogs;
+            Store store(folder);
+            MainScreen main(store, dialogs);
+            main.an.set("2005");
+            passToNextSeason(main, "5");
+            clearTotals(main.season());
+            ::_exit(0);
+        }
+        if (time) {
+            ::usleep(static_cast<useconds_t>(time->count()));
+            ::kill(child, SIGKILL);
+        }
+        int status = 0;
+        ::waitpid(child, &status, 0);
+        return WIFSIGNALED(status);
+    }
+    // The new season but for the paths of pictures, in which each test's own folder stands.
+    static Keys freshKeys(const Desk &desk)
+    {
+        Keys keys = desk.keys("2006");
+        std::erase_if(keys, [](const auto &key) { return key.first.starts_with("[gp] picgp"); });
+        return keys;
+    }
+    // Nothing but sections and whole lines with a key.
+    static void expectReadable(const std::filesystem::path &file)
+    {
+        const std::string bytes = content(file);
+        EXPECT_TRUE(bytes.empty() || bytes.back() == '\n') << file;
+        for (const std::string &line : split(bytes, '\n'))
+            EXPECT_TRUE(line == "\r" || line.empty() || line.starts_with("[") || line.find('=') != line.npos) << line;
+    }
+};
+
+TEST_F(InterruptedPassage, LeavesBothSeasonsReadableAndCanBeTriedAgain)
+{
+    Desk whole;
+    const Keys old = whole.keys("2005"), archive = whole.keys("ARCHIVES");
+    const auto start = std::chrono::steady_clock::now();
+    passKilledAfter(whole.folder.path(), std::nullopt);
+    const auto duration =
+        std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - start).count();
+    const Keys fresh = freshKeys(whole);
+    ASSERT_EQ(fresh.at("[N°] nom5"), "Fernando Alonso");
+
+    std::mt19937 random(20051016);
+    std::uniform_int_distribution<long> moment(0, static_cast<long>(duration));
+    int caught = 0;
+    for (int attempt = 0; attempt < 20; ++attempt) {
+        Desk desk;
+        caught += passKilledAfter(desk.folder.path(), std::chrono::microseconds(moment(random)));
+        for (const char *file : {"f12005.ini", "f12006.ini", "f1transit.ini", "f1ARCHIVES.ini"})
+            expectReadable(desk.folder / file);
+        for (const std::string &line : changes(old, desk.keys("2005")))
+            EXPECT_EQ(line, "champion5: - > -2005");
+        for (const std::string &line : changes(archive, desk.keys("ARCHIVES")))
+            EXPECT_EQ(line, "[GP] championdumd2005: - > Fernando Alonso");
+        for (const auto &[key, value] : freshKeys(desk))
+            EXPECT_TRUE(fresh.contains(key)) << key;
+        desk.write("2005 [N°] champion5=");
+        ASSERT_TRUE(passToNextSeason(desk.main, "5"));
+        clearTotals(desk.main.season());
+        EXPECT_EQ(changes(fresh, freshKeys(desk)), Lines{}) << "after " << attempt;
+    }
+    EXPECT_GT(caught, 0);
+}
+
+}
