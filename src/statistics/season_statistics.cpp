@@ -1,0 +1,178 @@
+#include "statistics/season_statistics.h"
+
+#include <algorithm>
+
+namespace circuidex {
+
+namespace {
+
+constexpr int comparedEntries = 21; // rows 1 to 21 of a list are searched for repeats; the newcomer stands behind them
+constexpr int countedSlots = 30; // of the calendar, 20 of which are in use
+constexpr double namedBar = 750, figuredBar = 1500; // twips from which a bar bears the name, and the figure too
+
+using Texts = std::array<std::string, driverSlots>;
+
+std::string &of(Texts &texts, int number)
+{
+    return texts[static_cast<std::size_t>(number - 1)];
+}
+
+// The driver number that a result names; absent for nobody.
+std::optional<int> driverNumber(const std::string &text, const Numbers &numbers)
+{
+    const auto value = numbers.value(text);
+    if (!value || *value < 1 || *value > driverSlots || *value != static_cast<int>(*value))
+        return std::nullopt;
+    return static_cast<int>(*value);
+}
+
+void countFor(Texts &figures, const std::string &driver, const Numbers &numbers)
+{
+    if (const auto number = driverNumber(driver, numbers)) {
+        std::string &figure = of(figures, *number);
+        figure = numbers.sum(figure.empty() ? "0" : figure, "1").value_or(figure);
+    }
+}
+
+Texts counted(const Season &season, CountedRaces what)
+{
+    Texts figures;
+    for (int slot = 0; slot < countedSlots; ++slot) {
+        const std::string gpName = season.namegp(slot);
+        if (what.achievement == Achievement::pole)
+            countFor(figures, season.read(keys::N, keys::pol(gpName)), season.numbers());
+        if (what.achievement == Achievement::place)
+            countFor(figures, season.podium(what.place, gpName), season.numbers());
+        for (int place = 1; what.achievement == Achievement::podium && place <= 3; ++place)
+            countFor(figures, season.podium(place, gpName), season.numbers());
+    }
+    return figures;
+}
+
+std::string pointsPerRace(const std::string &points, const Season &season)
+{
+    const auto scored = season.numbers().value(points);
+    const auto races = season.numbers().value(season.read(keys::gp, "nogp"));
+    return scored && races && *races != 0 ? season.numbers().fixed(*scored / *races, 2) : std::string();
+}
+
+void collect(StatisticTable &made, const Season &season, const Statistic &statistic)
+{
+    const Season source = statistic.allTime ? Season(season.store(), std::string(keys::ARCHIVES)) : season;
+    for (int n = 1; n <= driverSlots; ++n) {
+        if (statistic.allTime) {
+            of(made.names, n) = source.read(keys::record, keys::driver(statistic.allTime->nameKey, n));
+            of(made.figures, n) = source.read(keys::record, keys::driver(statistic.allTime->figureKey, n));
+        } else {
+            of(made.names, n) = source.nom(n);
+            const std::string points = source.driver("nbpts", n);
+            of(made.figures, n) = statistic.word == "pgp" ? pointsPerRace(points, source) : points;
+        }
+    }
+    if (const auto what = countedRaces(statistic.word))
+        made.figures = counted(source, *what);
+}
+
+// Of two entries with one name the first stays.
+void removeRepeats(Texts &names, Texts &figures)
+{
+    for (int a = 1; a <= comparedEntries; ++a) {
+        for (int b = 1; b <= comparedEntries; ++b)
+            if (a != b && of(names, a) == of(names, b)) {
+                of(names, b).clear();
+                of(figures, b) = "0";
+            }
+        if (of(names, a).empty())
+            of(figures, a) = "0";
+    }
+}
+
+// An entry that was emptied has nothing to rank by, so that it holds no row before the drivers without a figure.
+std::vector<Entry> entriesOf(const StatisticTable &made, const Numbers &numbers)
+{
+    std::vector<Entry> entries;
+    for (std::size_t i = 0; i < made.names.size(); ++i) {
+        auto figure = numbers.value(made.figures[i]);
+        if (made.names[i].empty() && figure == 0)
+            figure.reset();
+        entries.push_back({made.names[i], figure});
+    }
+    return entries;
+}
+
+void place(StatisticTable &made, const Numbers &numbers)
+{
+    const auto rows = rankedRows(entriesOf(made, numbers));
+    made.table.rows.resize(driverSlots);
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (!rows[i] || *rows[i] > driverSlots)
+            continue;
+        StandingsRow &row = made.table.rows[static_cast<std::size_t>(*rows[i] - 1)];
+        row.name = made.names[i];
+        row.points = made.figures[i];
+        if (*rows[i] == 1)
+            made.first = static_cast<int>(i + 1);
+    }
+    measure(made.table, 0, numbers);
+}
+
+Bar bar(const StandingsRow &row, const std::string &best, const Numbers &numbers)
+{
+    const auto figure = numbers.value(row.points), full = numbers.value(best);
+    if (!figure || !full || *full == 0)
+        return {};
+    Bar made{std::clamp(*figure / *full, 0.0, 1.0) * fullBar, {}};
+    if (made.width >= figuredBar)
+        made.caption = row.name + " (" + row.points + ")";
+    else if (made.width >= namedBar)
+        made.caption = row.name;
+    return made;
+}
+
+}
+
+const Statistic *statisticNamed(std::string_view word)
+{
+    const auto found =
+        std::find_if(statistics.begin(), statistics.end(), [=](const Statistic &s) { return s.word == word; });
+    return found == statistics.end() ? nullptr : &*found;
+}
+
+StatisticTable statisticTable(const Season &season, const Statistic &statistic)
+{
+    StatisticTable made;
+    collect(made, season, statistic);
+    removeRepeats(made.names, made.figures);
+    place(made, season.numbers());
+    for (std::size_t row = 0; row < made.bars.size(); ++row)
+        made.bars[row] = bar(made.table.rows[row], made.table.rows[0].points, season.numbers());
+    return made;
+}
+
+void keepAllTimeList(Store &store, const Statistic &statistic, const Standings &table)
+{
+    if (!statistic.allTime)
+        return;
+    const Season archive(store, std::string(keys::ARCHIVES));
+    const auto keep = [&](std::string_view prefix, int row, const std::string &text) {
+        const std::string key = keys::driver(prefix, row);
+        if (archive.read(keys::record, key) != text)
+            archive.write(keys::record, key, text);
+    };
+    int row = 0;
+    for (const StandingsRow &entry : table.rows) {
+        ++row;
+        keep(statistic.allTime->nameKey, row, entry.name);
+        keep(statistic.allTime->figureKey, row, entry.points);
+    }
+}
+
+void sortAllTimeLists(Store &store)
+{
+    const Season archive(store, std::string(keys::ARCHIVES));
+    for (const std::string_view word : {"t20pol", "t20vic", "t20pts"})
+        if (const Statistic *list = statisticNamed(word))
+            keepAllTimeList(store, *list, statisticTable(archive, *list).table);
+}
+
+}
