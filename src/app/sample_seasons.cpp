@@ -3,6 +3,7 @@
 //
 //     sample-seasons DATA FOLDER
 #include "app/sample_recording.h"
+#include "statistics/season_statistics.h"
 #include "store/archive.h"
 
 #include <cstdio>
@@ -120,13 +121,16 @@ int main(int argc, char **argv)
         enterSampleCalendar(season, sample);
         const bool complete = year != "2005";
         const int races = static_cast<int>(sample.races.size()) - (complete ? 0 : 1);
-        for (int slot = 0; slot < races; ++slot)
+        for (int slot = 0; slot < races; ++slot) {
             recordSampleRace(main, sample, slot);
+            sortAllTimeLists(store);
+        }
         if (complete) {
             careers = careersAfter(season, sample, std::move(careers));
             crown(season, sample, careers);
         }
     }
+    sortAllTimeLists(store); // the last newcomers' older entries go
     store.setYearMarker("2005");
     store.settle();
     if (!faults.said.empty() || store.writesLost()) {

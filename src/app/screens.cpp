@@ -14,11 +14,17 @@
 #include "results/form4_open_grand_prix.h"
 #include "shell/form57_menus.h"
 #include "shell/form59_window_list.h"
+#include "standings/form20_wins_by_grand_prix.h"
+#include "standings/form21_wins_by_season.h"
+#include "standings/form23_wins_by_driver.h"
+#include "standings/form24_winner_search.h"
+#include "standings/form33_race_list.h"
 #include "standings/form5_constructor_standings.h"
 #include "standings/form6_driver_standings.h"
 #include "standings/form70_team_detail.h"
 #include "standings/form7_full_standings.h"
 #include "statistics/form14_driver_sheet.h"
+#include "statistics/form32_season_statistics.h"
 
 namespace circuidex {
 
@@ -45,9 +51,16 @@ std::vector<ScreenRow> screenRows()
         {text("Form7"), text("Classement Pilote Détaillé"), make<Form7>},
         {text("Form12"), text("Podium"), make<Form12>},
         {text("Form14"), text("Statistiques"), make<Form14>},
+        {text("Form20"), text("Victoires par Grand-prix"), make<Form20>},
+        {text("Form21"), text("Victoires par Saison"), make<Form21>},
+        {text("Form23"), text("Victoires par Pilote"), make<Form23>},
+        {text("Form24"), text("Recherche d'un Vainqueur"), make<Form24>},
         {text("Form25"), text("Liste des Grands-Prix"), make<Form25>},
         {text("Form26"), text("Liste des Pilotes"), make<Form26>},
         {text("Form30"), text("Barème d'attribution des points des 8 premiers"), make<Form30>},
+        {text("Form32"), text("Statistiques de la Saison"), make<Form32>,
+         [](Screen &screen) { screen.press(QStringLiteral("Command17")); }},
+        {text("Form33"), text("Liste des Grands-Prix"), make<Form33>},
         {text("Form34"), text("Calendrier de la Saison"), make<Form34>},
         {text("Form38"), text("Liste des pilotes"), make<Form38>},
         {text("Form39"), text("Créer une nouvelle saison"), make<Form39>},

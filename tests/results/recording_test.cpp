@@ -55,9 +55,9 @@ TEST(Recording, NotesTheWinnerAndTheRecordCandidates)
     recordChina(desk, result, "9");
     EXPECT_EQ(changes(before, desk.keys("ARCHIVES")),
               lines("[GP] Chine2005: - > Fernando Alonso; [GP] Chine: Rubens Barrichello > Fernando Alonso; "
-                    "[record] nompol22: Ralf Schumacher > Kimi Räikkönen; [record] pol22: 6 > 9; "
-                    "[record] nomvic22: Kimi Räikkönen > Fernando Alonso; [record] vic22: 9 > 8; "
-                    "[record] nompts22: Kimi Räikkönen > Fernando Alonso; [record] ptstot22: 273 > 247"));
+                    "[record] nompol22: - > Kimi Räikkönen; [record] pol22: - > 9; "
+                    "[record] nomvic22: - > Fernando Alonso; [record] vic22: - > 8; "
+                    "[record] nompts22: - > Fernando Alonso; [record] ptstot22: - > 247"));
     EXPECT_EQ(desk.main.Label11.text(), "Grand prix enregistré!");
     EXPECT_EQ(desk.main.an.text() + " " + desk.main.Label40.text(), "2005 18");
     EXPECT_EQ(desk.main.name(1).text() + ", " + desk.main.name(8).text(), "Fernando Alonso, Jenson Button");
