@@ -1,0 +1,112 @@
+#include "charts/chart_series.h"
+
+#include "standings/points_matrix.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace circuidex::charts {
+
+namespace {
+
+constexpr int slotsSearched = 26; // for the end of the season
+
+// The place where each subject's name stands in each race, the last one where it stands twice.
+SeriesCells placesOf(const Season &season, const Subjects &subjects, int places, auto &&nameAt)
+{
+    SeriesCells series;
+    for (std::size_t slot = 0; slot < slotsRead; ++slot) {
+        for (Cells &cells : series.cells)
+            cells[slot] = std::to_string(places + 1);
+        const std::string gp = season.namegp(static_cast<int>(slot));
+        for (int place = 1; place <= places; ++place) {
+            const std::string name = nameAt(place, gp);
+            for (std::size_t s = 0; s < subjects.size() && !name.empty(); ++s)
+                if (subjects[s] == name)
+                    series.cells[s][slot] = std::to_string(place);
+        }
+    }
+    return series;
+}
+
+std::optional<int> firstSlot(auto &&hasNothing)
+{
+    for (int slot = 0; slot < slotsSearched; ++slot)
+        if (hasNothing(slot))
+            return slot;
+    return std::nullopt;
+}
+
+}
+
+SeriesCells driverPoints(const Season &season, const Scale &scale, const Subjects &subjects)
+{
+    const PointsMatrix matrix = pointsMatrix(season, scale);
+    SeriesCells series;
+    for (std::size_t s = 0; s < subjects.size(); ++s) {
+        const auto number = season.numbers().value(subjects[s]);
+        if (!number || *number < 1 || *number > driverSlots || *number != std::floor(*number))
+            continue;
+        for (int slot = 0; slot < gpSlots; ++slot)
+            series.cells[s][static_cast<std::size_t>(slot)] = matrix.at(static_cast<int>(*number), slot);
+    }
+    return series;
+}
+
+SeriesCells teamPoints(const Season &season, const Scale &, const Subjects &subjects)
+{
+    SeriesCells series;
+    for (std::size_t s = 0; s < subjects.size(); ++s)
+        for (std::size_t slot = 0; slot + 1 < slotsRead && !subjects[s].empty(); ++slot)
+            series.cells[s][slot] = season.read(keys::N, keys::ecuriepts(subjects[s], std::to_string(slot)));
+    return series;
+}
+
+SeriesCells finishPlaces(const Season &season, const Scale &, const Subjects &subjects)
+{
+    return placesOf(season, subjects, classifiedPlaces, [&](int place, const std::string &gp) {
+        const std::string number = season.podium(place, gp);
+        return number.empty() ? std::string() : season.nom(number);
+    });
+}
+
+SeriesCells gridPlacesOf(const Season &season, const Scale &, const Subjects &subjects)
+{
+    return placesOf(season, subjects, gridPlacesRead,
+                    [&](int place, const std::string &gp) { return season.grille(place, gp); });
+}
+
+Values numbersIn(const Cells &cells, const Numbers &numbers)
+{
+    Values values;
+    std::transform(cells.begin(), cells.begin() + segments, values.begin(),
+                   [&](const std::string &cell) { return numbers.value(cell); });
+    return values;
+}
+
+std::optional<int> firstWithoutResult(const Season &season)
+{
+    return firstSlot([&](int slot) {
+        const std::string gp = season.namegp(slot);
+        return season.podium(1, gp).empty() && season.podium(2, gp).empty();
+    });
+}
+
+std::optional<int> firstWithoutGrid(const Season &season)
+{
+    return firstSlot([&](int slot) {
+        const std::string gp = season.namegp(slot);
+        return season.grille(1, gp).empty() && season.grille(2, gp).empty();
+    });
+}
+
+std::optional<int> firstWithoutPoints(const SeriesCells &series)
+{
+    for (std::size_t slot = 0; slot + 1 < slotsRead; ++slot)
+        if (std::all_of(series.cells.begin(), series.cells.end(),
+                        [&](const Cells &cells) { return cells[slot].empty(); }))
+            return static_cast<int>(slot);
+    return std::nullopt;
+}
+
+}
