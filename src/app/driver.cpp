@@ -165,6 +165,7 @@ std::optional<QString> Driver::execute(const QString &line)
         answer = onControl(words.first, words.rest).value_or(error(QStringLiteral("no such command: ") + words.first));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // screens that closed are gone
     m_program.settle();
+    m_program.offerCopies();
     return answer;
 }
 

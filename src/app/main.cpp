@@ -7,6 +7,7 @@
 #include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QLibraryInfo>
+#include <QTimer>
 #include <QTranslator>
 
 int main(int argc, char **argv)
@@ -19,10 +20,21 @@ int main(int argc, char **argv)
         application.installTranslator(&french);
     circuidex::QtDialogs dialogs;
     circuidex::QtPlatform platform;
-    circuidex::Program program(circuidex::programFolder(), circuidex::userNumbers(), dialogs, platform);
+    const std::filesystem::path folder = circuidex::programFolder();
+    const circuidex::FolderLock lock(folder);
+    const circuidex::Opening opening = circuidex::openingOf(lock, dialogs);
+    if (opening == circuidex::Opening::refused)
+        return 0;
+    circuidex::Program program(folder, circuidex::userNumbers(), dialogs, platform);
+    if (opening == circuidex::Opening::readOnly)
+        program.store().setReadOnly();
     program.start();
     // An action of the user has ended when the event loop goes to rest.
     QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &application,
-                     [&program] { program.settle(); });
+                     [&program] {
+                         program.settle();
+                         if (program.offersCopies()) // a box can't be shown from here
+                             QTimer::singleShot(0, qApp, [&program] { program.offerCopies(); });
+                     });
     return application.exec();
 }

@@ -10,6 +10,8 @@
 #include <QLocale>
 #include <QStandardPaths>
 
+#include <algorithm>
+
 namespace circuidex {
 
 namespace {
@@ -31,10 +33,11 @@ Surroundings surroundings(const std::filesystem::path &folder)
 
 }
 
-Program::Program(std::filesystem::path folder, Numbers numbers, Dialogs &dialogs, Platform &platform) :
-    m_store(folder, numbers), m_main(m_store, dialogs, surroundings(folder)), m_screens(screenRows()),
-    m_context{m_store, m_main, dialogs, platform, m_screens}
+Program::Program(std::filesystem::path folder, Numbers numbers, Dialogs &dialogs, Platform &platform)
+    : m_store(folder, numbers), m_main(m_store, dialogs, surroundings(folder)),
+      m_screens(screenRows()), m_context{m_store, m_main, dialogs, platform, m_screens}
 {
+    m_store.protect();
     m_screens.setContext(m_context);
 }
 
@@ -42,6 +45,9 @@ Program::~Program() = default;
 
 void Program::start()
 {
+    for (const std::string &stem : {m_store.yearMarker(), std::string("ARCHIVES"), std::string("galerie")})
+        m_store.LireINI(stem, {}, {}); // a damaged one is asked about before the first screen writes to it
+    offerCopies();
     m_screens.open(QStringLiteral("Form1"));
 }
 
@@ -49,7 +55,42 @@ void Program::settle()
 {
     m_store.settle();
     m_store.newMoment();
-    m_main.writesLost.set(m_store.writesLost() ? "Attention : les modifications ne sont pas conservées." : "");
+    m_main.writesLost.set(m_store.notice());
+}
+
+bool Program::offersCopies() const
+{
+    const auto &damaged = m_store.damaged();
+    return !m_store.readOnly() &&
+        std::any_of(damaged.begin() + static_cast<std::ptrdiff_t>(m_offered), damaged.end(),
+                    [](const Store::Damaged &each) { return each.copy.has_value(); });
+}
+
+void Program::offerCopies()
+{
+    if (m_store.readOnly())
+        return;
+    while (m_offered < m_store.damaged().size()) {
+        const Store::Damaged each = m_store.damaged()[m_offered++];
+        if (!each.copy)
+            continue;
+        const bool wanted = m_context.dialogs.question(
+            "Le fichier " + each.name + " est abîmé : ce n'est plus un fichier texte.\n\nRemettre sa copie du " +
+            each.copy->when + " ? Le fichier abîmé est gardé sous un autre nom.");
+        if (wanted && !m_store.restore(each.name))
+            m_context.dialogs.message("La copie n'a pas pu être remise. Le fichier est resté tel quel.");
+    }
+    settle();
+}
+
+Opening openingOf(const FolderLock &lock, Dialogs &dialogs)
+{
+    if (!lock.heldElsewhere())
+        return Opening::alone;
+    const bool look =
+        dialogs.question("Circuidex est déjà ouvert sur ce dossier. Deux programmes qui écrivent dans les mêmes "
+                         "fichiers se gêneraient.\n\nL'ouvrir en lecture seule, sans rien y changer ?");
+    return look ? Opening::readOnly : Opening::refused;
 }
 
 std::filesystem::path programFolder()
@@ -57,7 +98,8 @@ std::filesystem::path programFolder()
     const QString beside = QCoreApplication::applicationDirPath();
     if (QFileInfo(beside).isWritable())
         return beside.toStdString();
-    const QString own = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/Circuidex");
+    const QString own =
+        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/Circuidex");
     QDir().mkpath(own);
     return own.toStdString();
 }

@@ -1,5 +1,6 @@
 #pragma once
 // The running program: the store of its folder, the main screen's record, and all its screens.
+#include "platform/folder_lock.h"
 #include "results/main_screen.h"
 #include "shell/screens.h"
 
@@ -25,14 +26,25 @@ public:
     // was lost.
     void settle();
 
+    // Asks, once for each data file found damaged, whether its newest good copy shall take its place. `offersCopies`
+    // says whether there is anything to ask.
+    bool offersCopies() const;
+    void offerCopies();
+
 private:
     Store m_store;
     MainScreen m_main;
     Screens m_screens;
     Context m_context;
+    std::size_t m_offered = 0; // of the store's damaged files
 };
 
-// The folder of the executable when it can be written, otherwise "Circuidex" in the user's data folder, made if need be.
+// How a folder may be opened that another program may have open: two that write would take each other's changes back.
+enum class Opening { alone, readOnly, refused };
+Opening openingOf(const FolderLock &lock, Dialogs &dialogs);
+
+// The folder of the executable when it can be written, otherwise "Circuidex" in the user's data folder, made if need
+// be.
 std::filesystem::path programFolder();
 
 // The user's decimal separator, from LC_ALL, LC_NUMERIC and LANG.

@@ -13,6 +13,34 @@
 
 namespace circuidex::disk {
 
+// Some file systems answer a rename over a file by sending the new one to the disk and waiting for the old one's last
+// write, which costs ten times the rest. Two names that change places and the removal of one do the same without.
+Calls calls = {
+    [](const char *path, int flags, mode_t mode) { return ::open(path, flags, mode); },
+    [](const char *path, struct stat *info) { return ::stat(path, info); },
+    [](int file, struct stat *info) { return ::fstat(file, info); },
+    ::read,
+    ::write,
+    ::fchmod,
+    ::close,
+#ifdef __linux__
+    ::fdatasync,
+#else
+    ::fsync,
+#endif
+    ::fsync,
+    [](const char *path) { return ::faccessat(AT_FDCWD, path, W_OK, AT_EACCESS); },
+    ::rename,
+#ifdef RENAME_EXCHANGE
+    [](const char *one, const char *other) { return ::renameat2(AT_FDCWD, one, AT_FDCWD, other, RENAME_EXCHANGE); },
+#else
+    [](const char *, const char *) { return -1; },
+#endif
+    ::link,
+    ::unlink,
+    [](const char *path) { return ::mkdir(path, 0777); },
+};
+
 namespace {
 
 constexpr std::string_view ours = ".circuidex-"; // data files begin with "f1", or are the year marker
@@ -24,7 +52,7 @@ public:
     Descriptor(const std::string &path, int flags, mode_t mode = 0)
     {
         do
-            m_number = ::open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY, mode);
+            m_number = calls.open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY, mode);
         while (m_number < 0 && errno == EINTR);
     }
     ~Descriptor() { close(); }
@@ -35,7 +63,7 @@ public:
     int number() const { return m_number; }
     bool close()
     {
-        const bool closed = m_number < 0 || ::close(m_number) == 0;
+        const bool closed = m_number < 0 || calls.close(m_number) == 0;
         m_number = -1;
         return closed;
     }
@@ -76,7 +104,7 @@ Stamp refused(Stamp stamp)
 bool writeAll(int descriptor, std::string_view bytes)
 {
     while (!bytes.empty()) {
-        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
+        const ssize_t written = calls.write(descriptor, bytes.data(), bytes.size());
         if (written < 0 && errno == EINTR)
             continue;
         if (written <= 0)
@@ -91,7 +119,7 @@ bool readAll(int descriptor, std::size_t expected, std::string &bytes)
     bytes.resize(expected + 1); // one more, to see the end without another round
     std::size_t filled = 0;
     for (;;) {
-        const ssize_t got = ::read(descriptor, bytes.data() + filled, bytes.size() - filled);
+        const ssize_t got = calls.read(descriptor, bytes.data() + filled, bytes.size() - filled);
         if (got < 0 && errno == EINTR)
             continue;
         if (got < 0)
@@ -111,15 +139,6 @@ bool readAll(int descriptor, std::size_t expected, std::string &bytes)
 bool hollow(std::string_view bytes)
 {
     return bytes.find_first_not_of('\0') == bytes.npos;
-}
-
-int syncData(int descriptor)
-{
-#ifdef __linux__
-    return ::fdatasync(descriptor);
-#else
-    return ::fsync(descriptor);
-#endif
 }
 
 std::string nameOf(const std::string &path)
@@ -145,34 +164,29 @@ std::string oldName(const std::string &path)
 
 bool create(const std::string &path, std::string_view bytes, const struct stat *old, Stamp &after)
 {
-    ::unlink(path.c_str()); // left by a killed process that had our number
+    calls.unlink(path.c_str()); // left by a killed process that had our number
     Descriptor file(path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, 0666);
     struct stat info;
-    if (!file || ::fstat(file.number(), &info) != 0)
+    if (!file || calls.describe(file.number(), &info) != 0)
         return false;
     if (old && (old->st_uid != info.st_uid || old->st_gid != info.st_gid) &&
         ::fchown(file.number(), old->st_uid, old->st_gid) != 0)
         errno = 0; // the file then belongs to who writes it
-    if (old && (old->st_mode & 07777) != (info.st_mode & 07777) && ::fchmod(file.number(), old->st_mode & 07777) != 0)
+    if (old && (old->st_mode & 07777) != (info.st_mode & 07777) &&
+        calls.setMode(file.number(), old->st_mode & 07777) != 0)
         return false;
-    if (!writeAll(file.number(), bytes) || ::fstat(file.number(), &info) != 0)
+    if (!writeAll(file.number(), bytes) || calls.describe(file.number(), &info) != 0)
         return false;
     after = stampOf(info);
     return file.close();
 }
 
-// Some file systems answer a rename over a file by sending the new one to the disk and waiting for the old one's last
-// write, which costs ten times the rest. Two names that change places and the removal of one do the same without.
-bool exchange([[maybe_unused]] const std::string &fresh, [[maybe_unused]] const std::string &path)
+bool exchange(const std::string &fresh, const std::string &path)
 {
-#ifdef RENAME_EXCHANGE
-    if (::renameat2(AT_FDCWD, fresh.c_str(), AT_FDCWD, path.c_str(), RENAME_EXCHANGE) != 0)
+    if (calls.exchange(fresh.c_str(), path.c_str()) != 0)
         return false;
-    ::unlink(fresh.c_str()); // the old file now; left there it is tidied away later
+    calls.unlink(fresh.c_str()); // the old file now; left there it is tidied away later
     return true;
-#else
-    return false;
-#endif
 }
 
 }
@@ -180,7 +194,7 @@ bool exchange([[maybe_unused]] const std::string &fresh, [[maybe_unused]] const 
 Stamp look(const std::string &path)
 {
     struct stat info;
-    return ::stat(path.c_str(), &info) == 0 ? stampOf(info) : stampOfError(errno);
+    return calls.stat(path.c_str(), &info) == 0 ? stampOf(info) : stampOfError(errno);
 }
 
 Stamp read(const std::string &path, std::string &bytes)
@@ -190,7 +204,7 @@ Stamp read(const std::string &path, std::string &bytes)
     if (!file)
         return errno == ENOENT || errno == ENOTDIR || errno == ENAMETOOLONG ? Stamp() : refused(look(path));
     struct stat info;
-    if (::fstat(file.number(), &info) != 0)
+    if (calls.describe(file.number(), &info) != 0)
         return refused(Stamp());
     const Stamp stamp = stampOf(info);
     if (stamp.kind != Kind::file || readAll(file.number(), stamp.size, bytes))
@@ -224,19 +238,19 @@ std::string target(const std::string &path)
 bool keepOld(const std::string &path)
 {
     const std::string old = oldName(path);
-    if (::link(path.c_str(), old.c_str()) == 0)
+    if (calls.link(path.c_str(), old.c_str()) == 0)
         return true;
     if (errno != EEXIST)
         return errno == ENOENT;
     // What a killed program held on to gives way to what is in the file now, once that is surely on the disk.
     std::string bytes;
-    return read(path, bytes).kind == Kind::file && !hollow(bytes) && syncFile(path) && ::unlink(old.c_str()) == 0 &&
-        ::link(path.c_str(), old.c_str()) == 0;
+    return read(path, bytes).kind == Kind::file && !hollow(bytes) && syncFile(path) && calls.unlink(old.c_str()) == 0 &&
+        calls.link(path.c_str(), old.c_str()) == 0;
 }
 
 void dropOld(const std::string &path)
 {
-    ::unlink(oldName(path).c_str());
+    calls.unlink(oldName(path).c_str());
 }
 
 Stamp repairAndRead(const std::string &path, std::string &bytes)
@@ -247,39 +261,49 @@ Stamp repairAndRead(const std::string &path, std::string &bytes)
     const std::string real = target(path);
     std::string old;
     const bool useful = read(oldName(real), old).kind == Kind::file && !hollow(old);
-    return useful && ::rename(oldName(real).c_str(), real.c_str()) == 0 ? read(path, bytes) : stamp;
+    return useful && calls.rename(oldName(real).c_str(), real.c_str()) == 0 ? read(path, bytes) : stamp;
 }
 
 bool replace(const std::string &path, std::string_view bytes, bool held, Stamp &after)
 {
     struct stat old;
-    const bool exists = ::stat(path.c_str(), &old) == 0;
-    if (exists ? !S_ISREG(old.st_mode) || ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0 : errno != ENOENT)
+    const bool exists = calls.stat(path.c_str(), &old) == 0;
+    if (exists ? !S_ISREG(old.st_mode) || calls.mayWrite(path.c_str()) != 0 : errno != ENOENT)
         return false;
     const std::string fresh = newName(path);
     const bool created = create(fresh, bytes, exists ? &old : nullptr, after);
-    if (created && ((exists && held && exchange(fresh, path)) || ::rename(fresh.c_str(), path.c_str()) == 0))
+    if (created && ((exists && held && exchange(fresh, path)) || calls.rename(fresh.c_str(), path.c_str()) == 0))
         return true;
-    ::unlink(fresh.c_str());
+    calls.unlink(fresh.c_str());
     return false;
 }
 
 bool syncFile(const std::string &path)
 {
     const Descriptor file(path, O_RDONLY | O_NONBLOCK);
-    return file && syncData(file.number()) == 0;
+    return file && calls.sync(file.number()) == 0;
 }
 
 bool syncFolder(const std::string &path)
 {
     const Descriptor folder(path, O_RDONLY | O_DIRECTORY);
-    return folder && ::fsync(folder.number()) == 0;
+    return folder && calls.syncFolder(folder.number()) == 0;
 }
 
 std::string folderOf(const std::string &path)
 {
     const auto slash = path.find_last_of('/');
     return slash == path.npos ? "." : slash == 0 ? "/" : path.substr(0, slash);
+}
+
+bool makeFolder(const std::string &path)
+{
+    return calls.makeFolder(path.c_str()) == 0 || errno == EEXIST;
+}
+
+bool move(const std::string &from, const std::string &to)
+{
+    return look(to).kind == Kind::missing && calls.rename(from.c_str(), to.c_str()) == 0;
 }
 
 void tidy(const std::string &folder)
@@ -294,7 +318,7 @@ void tidy(const std::string &folder)
         // Another program that runs now needs its own for a moment only.
         if (name.starts_with(ours) && name.ends_with(beingWritten) && ::lstat(path.c_str(), &info) == 0 &&
             S_ISREG(info.st_mode) && std::time(nullptr) - info.st_mtime > 60)
-            ::unlink(path.c_str());
+            calls.unlink(path.c_str());
     }
     ::closedir(open);
 }

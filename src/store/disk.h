@@ -5,7 +5,32 @@
 #include <string>
 #include <string_view>
 
+#include <sys/types.h>
+
+struct stat;
+
 namespace circuidex::disk {
+
+// The system calls that the files go through, each with the answer and errno of the system's own. A test puts others in
+// their place to refuse one, to note their order or to end the program between two.
+struct Calls {
+    int (*open)(const char *path, int flags, mode_t mode);
+    int (*stat)(const char *path, struct ::stat *info);
+    int (*describe)(int file, struct ::stat *info);
+    ssize_t (*read)(int file, void *to, std::size_t size);
+    ssize_t (*write)(int file, const void *from, std::size_t size);
+    int (*setMode)(int file, mode_t mode);
+    int (*close)(int file);
+    int (*sync)(int file); // the data, and what it takes to find them
+    int (*syncFolder)(int folder);
+    int (*mayWrite)(const char *path);
+    int (*rename)(const char *from, const char *to);
+    int (*exchange)(const char *one, const char *other);
+    int (*link)(const char *from, const char *to);
+    int (*unlink)(const char *path);
+    int (*makeFolder)(const char *path);
+};
+extern Calls calls;
 
 inline constexpr std::size_t largest = std::size_t(64) << 20; // bytes; a file beyond that is refused
 
@@ -49,6 +74,12 @@ bool syncFile(const std::string &path);
 bool syncFolder(const std::string &path);
 
 std::string folderOf(const std::string &path);
+
+// True also for a folder that is there already.
+bool makeFolder(const std::string &path);
+
+// Gives the file a name that no other one has. False when it keeps the one it had.
+bool move(const std::string &from, const std::string &to);
 
 // Removes what a killed program left of a write in this folder.
 void tidy(const std::string &folder);

@@ -16,6 +16,7 @@ struct Store::Entry {
     disk::Stamp stamp;
     bool loaded = false; // false: the next read reads the file
     bool settled = false; // false: the file may have changed under the same stamp
+    bool text = true;
     std::uint64_t moment = 0;
     std::int64_t tick = 0;
 };
@@ -64,6 +65,24 @@ std::string_view lineOf(std::string_view utf8, std::string &scratch)
     return scratch;
 }
 
+std::string nameOf(const std::string &path)
+{
+    return path.substr(path.find_last_of('/') + 1);
+}
+
+// The name that the file bears from now on, its own with the minute; empty when it can't be moved.
+std::string moveAside(const std::string &path, const std::string &ending)
+{
+    const std::string stem = std::string(path).append(".").append(backups::minuteNow());
+    for (int number = 1; number < 100; ++number) {
+        const std::string another = number == 1 ? std::string() : "-" + std::to_string(number);
+        const std::string aside = std::string(stem).append(another).append(".").append(ending);
+        if (disk::look(aside).kind == disk::Kind::missing)
+            return disk::move(path, aside) ? aside : std::string();
+    }
+    return {};
+}
+
 }
 
 Store::Store(std::filesystem::path folder, Numbers numbers) : m_folder(std::move(folder)), m_numbers(numbers) { }
@@ -102,10 +121,17 @@ void Store::refresh(Entry &entry, bool beforeWrite) const
     if (entry.loaded && stamp == entry.stamp && (entry.settled || sameMoment))
         return;
     std::string bytes;
-    entry.stamp = entry.loaded ? disk::read(entry.path, bytes) : disk::repairAndRead(entry.path, bytes);
+    const disk::Stamp read = entry.loaded ? disk::read(entry.path, bytes) : load(entry.path, bytes);
+    if (read.kind == disk::Kind::refused && entry.loaded && stamp == entry.stamp)
+        return; // what was read before is the better answer than nothing
+    entry.stamp = read;
     entry.settled = !disk::young(entry.stamp);
-    if (!entry.loaded || bytes != entry.file.bytes())
+    if (!entry.loaded || bytes != entry.file.bytes()) {
+        entry.text = !m_protected || isText(bytes);
+        if (!entry.text)
+            noteDamage(entry.path);
         entry.file = KeyFile(std::move(bytes));
+    }
     entry.loaded = true;
 }
 
@@ -134,16 +160,20 @@ void Store::writeBytes(std::string_view stem, std::string_view section, std::str
     if (!found)
         return;
     refresh(*found, true);
-    if (found->stamp.kind == disk::Kind::refused) {
+    if (found->stamp.kind == disk::Kind::refused || m_readOnly) {
         m_writesLost = true;
         return;
     }
+    if (!found->text)
+        found->file = KeyFile();
     if (!found->file.set(section, key, value) && found->stamp.kind == disk::Kind::file)
         return;
-    if (replace(found->path, found->file.bytes(), found->stamp))
+    if (write(found->path, found->file.bytes(), found->text, found->stamp)) {
         found->settled = false;
-    else
+        found->text = true;
+    } else {
         found->loaded = false; // what wasn't kept isn't shown either
+    }
 }
 
 void Store::EcrireINI(std::string_view stem, std::string_view section, std::string_view key, std::string_view value)
@@ -152,11 +182,41 @@ void Store::EcrireINI(std::string_view stem, std::string_view section, std::stri
     writeBytes(stem, lineOf(section, m_section), lineOf(key, m_key), lineOf(value, scratch));
 }
 
-bool Store::replace(const std::string &path, std::string_view bytes, disk::Stamp &after)
+// The file as it was left by the last run.
+disk::Stamp Store::load(const std::string &path, std::string &bytes) const
 {
-    if (!std::exchange(m_tidied, true))
-        disk::tidy(m_folder.string());
+    return m_readOnly ? disk::read(path, bytes) : disk::repairAndRead(path, bytes);
+}
+
+void Store::beforeFirstWrite()
+{
+    if (std::exchange(m_written, true))
+        return;
+    disk::tidy(m_folder.string());
+    if (m_protected)
+        backups::make(m_folder.string());
+}
+
+// Files that aren't text keep their bytes under another name, which is given back when the write fails.
+bool Store::write(const std::string &path, std::string_view bytes, bool overText, disk::Stamp &after)
+{
+    beforeFirstWrite();
     const std::string target = disk::target(path);
+    const std::string aside = overText ? std::string() : moveAside(target, "abime");
+    if (!overText && aside.empty())
+        return !(m_writesLost = true);
+    if (replace(target, bytes, after)) {
+        if (!overText)
+            noteDamage(path).aside = nameOf(aside);
+        return true;
+    }
+    if (!overText)
+        disk::move(aside, target);
+    return false;
+}
+
+bool Store::replace(const std::string &target, std::string_view bytes, disk::Stamp &after)
+{
     const auto known = std::find_if(m_unsettled.begin(), m_unsettled.end(),
                                     [&target](const Unsettled &each) { return each.path == target; });
     const bool first = known == m_unsettled.end();
@@ -167,6 +227,57 @@ bool Store::replace(const std::string &path, std::string_view bytes, disk::Stamp
     else if (first && held)
         disk::dropOld(target);
     return !m_writesLost;
+}
+
+Store::Damaged &Store::noteDamage(const std::string &path) const
+{
+    const std::string name = nameOf(path);
+    const auto known = std::find_if(m_damaged.begin(), m_damaged.end(),
+                                    [&name](const Damaged &each) { return each.name == name && !each.restored; });
+    if (known != m_damaged.end())
+        return *known;
+    return m_damaged.emplace_back(Damaged{name, {}, backups::newestGood(m_folder.string(), name), false});
+}
+
+bool Store::restore(const std::string &name)
+{
+    const auto wanted = std::find_if(m_damaged.begin(), m_damaged.end(),
+                                     [&name](const Damaged &each) { return each.name == name && !each.restored; });
+    if (wanted == m_damaged.end() || !wanted->copy || m_readOnly)
+        return false;
+    std::string good;
+    if (disk::read(wanted->copy->path, good).kind != disk::Kind::file || good.empty() || !isText(good))
+        return false;
+    beforeFirstWrite();
+    const std::string target = disk::target((m_folder / name).string());
+    const bool empty = disk::look(target).kind == disk::Kind::missing;
+    const std::string aside = empty ? std::string() : moveAside(target, wanted->aside.empty() ? "abime" : "remplace");
+    if (!empty && aside.empty())
+        return !(m_writesLost = true);
+    disk::Stamp after;
+    wanted->restored = replace(target, good, after);
+    if (!wanted->restored && !empty)
+        disk::move(aside, target);
+    if (wanted->restored && wanted->aside.empty())
+        wanted->aside = nameOf(aside);
+    for (const auto &[stem, entry] : m_files)
+        entry->loaded = false;
+    return wanted->restored;
+}
+
+std::string Store::notice() const
+{
+    if (m_readOnly)
+        return "Lecture seule : les modifications ne sont pas conservées.";
+    if (m_writesLost)
+        return "Attention : les modifications ne sont pas conservées.";
+    if (m_damaged.empty())
+        return {};
+    const Damaged &last = m_damaged.back();
+    if (last.restored)
+        return last.name + " : copie du " + last.copy->when + " remise ; l'ancien : " + last.aside;
+    return last.aside.empty() ? last.name + " n'est pas un fichier texte ; il reste tel quel."
+                              : last.name + " n'était pas un fichier texte ; mis de côté : " + last.aside;
 }
 
 // The content held is let go when the new one, and the name that leads to it, are surely on the disk.
@@ -189,8 +300,11 @@ void Store::settle()
 
 std::string Store::yearMarker() const
 {
+    const std::string path = (m_folder / yearFile).string();
     std::string bytes;
-    disk::repairAndRead((m_folder / yearFile).string(), bytes);
+    load(path, bytes);
+    if (m_protected && !isText(bytes))
+        noteDamage(path);
     std::string_view line = std::string_view(bytes).substr(0, bytes.find_first_of("\r\n"));
     const auto start = line.find_first_not_of(" \t");
     line.remove_prefix(std::min(start, line.size()));
@@ -208,7 +322,10 @@ void Store::setYearMarker(std::string_view year)
     disk::Stamp stamp = disk::read(path, held);
     if (stamp.kind == disk::Kind::file && held == line)
         return;
-    replace(path, line, stamp);
+    if (m_readOnly)
+        m_writesLost = true;
+    else
+        write(path, line, !m_protected || isText(held), stamp);
 }
 
 }

@@ -131,4 +131,16 @@ std::string toCodePage(std::string_view utf8)
     return std::string(toCodePage(utf8, scratch));
 }
 
+bool isText(std::string_view bytes)
+{
+    std::size_t odd = 0;
+    for (const char c : bytes) {
+        const unsigned byte = static_cast<Unit>(c);
+        const bool control = (byte < ' ' && (byte < '\t' || byte > '\r') && byte != 0x1A) || byte == 0x7F;
+        odd += control || byte == 0x81 || byte == 0x8D || byte == 0x8F || byte == 0x90 || byte == 0x9D;
+    }
+    constexpr std::string_view block("\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0", 16);
+    return odd * 16 <= bytes.size() && (odd < block.size() || bytes.find(block) == bytes.npos);
+}
+
 }

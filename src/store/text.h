@@ -14,4 +14,9 @@ std::string toCodePage(std::string_view utf8);
 // The same without a copy: ASCII comes back as it is, other text as a view of the scratch string.
 std::string_view toCodePage(std::string_view utf8, std::string &scratch);
 
+// False for bytes that nobody wrote as a text file: more than one in sixteen is a control character without a meaning
+// in text or one of the five open bytes (of chance bytes it is one in eight), or sixteen zeros stand in a row, as in a
+// block that never reached the disk. A few odd bytes, and no bytes at all, are text.
+bool isText(std::string_view bytes);
+
 }
