@@ -485,6 +485,8 @@ QWidget *Form1::sideButton(const QString &name)
 void Form1::pressToggle(const QString &name)
 {
     const SideScreen &side = *sideScreenOf(name);
+    if (name == u"Command4") // what finishers without a team left behind
+        m_main.season().write(keys::N, "ptsecurie", "0");
     if (side.menu)
         for (const SideScreen &other : sideScreens)
             if (other.menu && &other != &side)
@@ -494,8 +496,6 @@ void Form1::pressToggle(const QString &name)
         return;
     }
     const Waiting waiting(*this);
-    if (name == u"Command4")
-        m_main.season().write(keys::N, "ptsecurie", "0");
     if (name == u"Command7")
         m_main.refreshScale();
     context.screens.open(utf8(side.screen));
