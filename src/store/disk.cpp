@@ -287,7 +287,7 @@ bool syncFile(const std::string &path)
 bool syncFolder(const std::string &path)
 {
     const Descriptor folder(path, O_RDONLY | O_DIRECTORY);
-    return folder && calls.syncFolder(folder.number()) == 0;
+    return folder && (calls.syncFolder(folder.number()) == 0 || errno == EINVAL);
 }
 
 std::string folderOf(const std::string &path)

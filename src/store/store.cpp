@@ -283,17 +283,15 @@ std::string Store::notice() const
 // The content held is let go when the new one, and the name that leads to it, are surely on the disk.
 void Store::settle()
 {
-    std::vector<std::string> folders;
+    std::map<std::string, bool> folders; // true: synced
     for (Unsettled &each : m_unsettled) {
         each.held = disk::syncFile(each.path) || disk::look(each.path).kind == disk::Kind::missing;
-        const std::string folder = disk::folderOf(each.path);
-        if (std::find(folders.begin(), folders.end(), folder) == folders.end())
-            folders.push_back(folder);
+        folders.emplace(disk::folderOf(each.path), false);
     }
-    for (const std::string &folder : folders)
-        disk::syncFolder(folder);
+    for (auto &[folder, synced] : folders)
+        synced = disk::syncFolder(folder);
     for (const Unsettled &each : m_unsettled)
-        if (each.held)
+        if (each.held && folders[disk::folderOf(each.path)])
             disk::dropOld(each.path);
     m_unsettled.clear();
 }

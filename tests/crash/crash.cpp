@@ -2,14 +2,14 @@
 //
 //     crash KILLS SAMPLE
 //
-// A child process of its own copy of the sample folder records a Grand Prix, amends it, cancels another one and closes,
-// all through the program's own functions. Half of the kills come from the child itself, right before one of its system
-// calls or in the middle of a write, at places spread over the whole work; the other half from outside after a time by
-// chance. Whatever is left must be the state of all data files after some prefix of the writes, as an undisturbed run
-// went through them; where the child chose the place, exactly the state of that place. Then the next start of the
-// program must read these files, go on writing and tidy up.
+// A child process on its own copy of the sample folder records a Grand Prix, amends it, cancels another one, passes to
+// the next season and closes, all through the program's own functions. Three in four of the kills come from the child
+// itself, right before one of its system calls or in the middle of a write, at places spread over the whole work; the
+// others from outside after a time by chance. Whatever is left must be the state of all data files after some prefix of
+// the writes, as an undisturbed run went through them; where the child chose the place, exactly the state of that
+// place. Then the next start of the program must read these files, go on writing and tidy up.
 #include "results/amending.h"
-#include "results/navigation.h"
+#include "results/new_season.h"
 #include "results/recording.h"
 #include "store/temporary_folder.h"
 #include "store/watched_calls.h"
@@ -47,6 +47,21 @@ void enter(MainScreen &main, const char *slot, const char *name, std::array<cons
     main.Text39.set(pole);
 }
 
+// A copy of the sample folder, in the same place each time: stored paths begin with the place.
+class Workshop {
+public:
+    explicit Workshop(const fs::path &sample) { fs::copy(sample, path()); }
+    ~Workshop() { fs::remove_all(path()); }
+    Workshop(const Workshop &) = delete;
+    Workshop &operator=(const Workshop &) = delete;
+
+    fs::path path() const { return m_place / "programme"; }
+    fs::path operator/(const std::string &name) const { return path() / name; }
+
+private:
+    inline static const TemporaryFolder m_place;
+};
+
 // What a user does in one sitting; `settle` ends each action, as in the program.
 void work(const fs::path &folder)
 {
@@ -65,7 +80,10 @@ void work(const fs::path &folder)
     main.Label40.set("3");
     cancelGrandPrix(main);
     store.settle();
-    store.setYearMarker("2004");
+    passToNextSeason(main, "5");
+    clearTotals(main.season());
+    store.settle();
+    store.setYearMarker(main.an.text());
 }
 
 bool isData(const std::string &name)
@@ -73,15 +91,20 @@ bool isData(const std::string &name)
     return name.starts_with("f1") || name == "Année";
 }
 
-// Name and content of every data file.
-using State = std::map<std::string, std::string>;
+// Name, size and hash of every data file.
+using State = std::map<std::string, std::pair<std::size_t, std::size_t>>;
+
+std::pair<std::size_t, std::size_t> digest(const std::string &bytes)
+{
+    return {bytes.size(), std::hash<std::string>()(bytes)};
+}
 
 State stateOf(const fs::path &folder)
 {
     State state;
     for (const auto &entry : fs::directory_iterator(folder))
         if (const std::string name = entry.path().filename().string(); isData(name))
-            state[name] = content(entry.path());
+            state[name] = digest(content(entry.path()));
     return state;
 }
 
@@ -93,8 +116,7 @@ struct Course {
 
 Course undisturbed(const fs::path &sample)
 {
-    const TemporaryFolder folder;
-    fs::copy(sample, folder.path());
+    const Workshop folder(sample);
     Course course;
     course.states.push_back(stateOf(folder.path()));
     bool changed = false;
@@ -140,8 +162,7 @@ public:
 
     void atCall(std::size_t call)
     {
-        const TemporaryFolder folder;
-        fs::copy(m_sample, folder.path());
+        const Workshop folder(m_sample);
         const pid_t child = ::fork();
         if (child == 0)
             workAndDieAt(folder.path(), call);
@@ -153,8 +174,7 @@ public:
 
     void after(std::chrono::microseconds time)
     {
-        const TemporaryFolder folder;
-        fs::copy(m_sample, folder.path());
+        const Workshop folder(m_sample);
         const pid_t child = ::fork();
         if (child == 0) {
             work(folder.path());
@@ -185,9 +205,9 @@ private:
     }
 
     // What a next start does: it reads what is there, writes on, and leaves nothing lying about.
-    void lookAround(const TemporaryFolder &folder, const std::string &where)
+    void lookAround(const Workshop &folder, const std::string &where)
     {
-        const State before = stateOf(folder.path());
+        const std::string before = content(folder / "f12005.ini");
         std::error_code none;
         for (const auto &entry : fs::recursive_directory_iterator(folder / "Sauvegardes", none))
             if (const std::string name = entry.path().filename().string(); isData(name))
@@ -200,9 +220,7 @@ private:
             if (store.writesLost() || !store.damaged().empty())
                 fault(where + ": the next start can't write");
         }
-        State after = stateOf(folder.path());
-        const std::string added = before.at("f12005.ini") + "[essai]\r\nclef=1\r\n";
-        if (after["f12005.ini"] != added)
+        if (content(folder / "f12005.ini") != before + "[essai]\r\nclef=1\r\n")
             fault(where + ": the next start doesn't go on from what was left");
         if (fs::exists(folder / ".circuidex-f12005.ini.old"))
             fault(where + ": what was held on to wasn't let go");
@@ -235,8 +253,7 @@ int main(int argc, char **argv)
         trial.atCall(std::min(place, calls - 1));
     const auto start = std::chrono::steady_clock::now();
     {
-        const TemporaryFolder folder;
-        fs::copy(argv[2], folder.path());
+        const Workshop folder(argv[2]);
         work(folder.path());
     }
     const auto whole = std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - start);
