@@ -99,6 +99,10 @@ TEST_P(EveryScreen, OpensAndCloses)
         EXPECT_EQ(say(QStringLiteral("open ") + row.name), "ok");
         EXPECT_EQ(say(QStringLiteral("settle")), "ok");
         const Screen *screen = screens.find(row.name);
+        if (row.name == u"Form33") { // with no number to explain it closes by itself
+            EXPECT_EQ(screen, nullptr);
+            continue;
+        }
         ASSERT_NE(screen, nullptr);
         EXPECT_FALSE(const_cast<Screen *>(screen)->grab().isNull());
         for (Table *table : screen->tables())
