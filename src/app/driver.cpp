@@ -124,6 +124,11 @@ std::optional<std::string> QueuedDialogs::chooseFile(const std::string &, const 
     return answer.isEmpty() ? std::nullopt : std::optional(answer.toStdString());
 }
 
+std::optional<std::string> QueuedDialogs::chooseNewFile(const std::string &title, const std::string &filter)
+{
+    return chooseFile(title, filter);
+}
+
 void RecordingPlatform::print(QWidget &, const std::string &name)
 {
     calls << QStringLiteral("print ") + QString::fromStdString(name);

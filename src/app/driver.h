@@ -17,6 +17,7 @@ public:
     void message(const std::string &text) override;
     bool question(const std::string &text) override;
     std::optional<std::string> chooseFile(const std::string &title, const std::string &filter) override;
+    std::optional<std::string> chooseNewFile(const std::string &title, const std::string &filter) override;
 
     QStringList shown;
     std::deque<QString> answers;

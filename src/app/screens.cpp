@@ -1,5 +1,6 @@
 #include "app/screens.h"
 
+#include "charts/form8_point_charts.h"
 #include "results/form12_podium.h"
 #include "results/form1_main.h"
 #include "results/form2_drivers.h"
@@ -49,6 +50,7 @@ std::vector<ScreenRow> screenRows()
         {text("Form5"), text("Classement Constructeur"), make<Form5>},
         {text("Form6"), text("Classement Pilote"), make<Form6>},
         {text("Form7"), text("Classement Pilote Détaillé"), make<Form7>},
+        {text("Form8"), text("Graphique des Points Pilote"), make<PointChart>},
         {text("Form12"), text("Podium"), make<Form12>},
         {text("Form14"), text("Statistiques"), make<Form14>},
         {text("Form20"), text("Victoires par Grand-prix"), make<Form20>},
@@ -65,11 +67,15 @@ std::vector<ScreenRow> screenRows()
         {text("Form38"), text("Liste des pilotes"), make<Form38>},
         {text("Form39"), text("Créer une nouvelle saison"), make<Form39>},
         {text("Form40"), text("Eenregistrement de Grand-Prix"), make<Form40>},
+        {text("Form41"), text("Graphique des Points Ecurie"), make<PointChart>},
         {text("Form42"), text("Liste des Ecuries"), make<Form42>},
+        {text("Form45"), text("Classement Pilote à l'Arrivée"), make<PointChart>},
         {text("Form48"), text("Grille de Départ"), make<Form48>},
         {text("Form49"), text("Enregistrement de la Grille de Départ"), make<Form49>},
+        {text("Form53"), text("Grille de Départ par Pilote"), make<PointChart>},
         {text("Form59"), text("Liste des Fenêtres de Circuidex"), make<Form59>},
         {text("Form70"), text("Classement Constructeur Détaillé"), make<Form70>},
+        {text("Form71"), text("Nombre de Points par GP par Ecurie"), make<PointChart>},
     };
     for (const menus::Menu &menu : menus::all())
         rows.push_back({utf8(menu.name), utf8(menu.heading), make<DropDown>});

@@ -47,4 +47,15 @@ std::optional<std::string> QtDialogs::chooseFile(const std::string &title, const
     return path.isEmpty() ? std::nullopt : std::optional(path.toStdString());
 }
 
+std::optional<std::string> QtDialogs::chooseNewFile(const std::string &title, const std::string &filter)
+{
+    QFileDialog dialog(QApplication::activeWindow(), QString::fromStdString(title), {}, QString::fromStdString(filter));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    const QString ending = dialog.nameFilters().value(0).section(QLatin1String("*."), 1).section(u')', 0, 0);
+    dialog.setDefaultSuffix(ending);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    return dialog.selectedFiles().constFirst().toStdString();
+}
+
 }

@@ -17,6 +17,10 @@ public:
 
     // The chosen path, absent when the user cancels. The filter is in the form "Images (*.jpg *.png)".
     virtual std::optional<std::string> chooseFile(const std::string &title, const std::string &filter) = 0;
+
+    // The same for a file to be written; a name typed without an ending gets that of the filter. Without anybody to ask,
+    // the user has cancelled.
+    virtual std::optional<std::string> chooseNewFile(const std::string &, const std::string &) { return std::nullopt; }
 };
 
 }

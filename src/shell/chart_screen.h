@@ -1,0 +1,80 @@
+#pragma once
+// The screen of a line chart with four series: the painted chart and its parts as named controls, thickness, scale,
+// highlight with the moving average, the settings kept, and the pictures of it for other programs. A derived screen
+// says whose lines they are, where its controls stand and what a point means.
+#include "charts/season_chart.h"
+#include "shell/chart_view.h"
+#include "shell/screen.h"
+
+namespace circuidex {
+
+// The names of the controls that differ from screen to screen, and what they say.
+struct ChartControls {
+    const charts::Instance &instance;
+    std::array<std::string_view, charts::seriesCount> markers; // "=> ", one a series
+    std::string_view markerTip;
+    std::string_view custom; // caption of the button for lines of the user's own width
+    bool entersWidth = false; // Enter in the box of the width does as that button
+    bool waits = false; // a drawing shows the wait pointer
+};
+
+// A fixed text at the left edge of the paper. It doesn't stand at the height that it names; a fine line leads there.
+struct EdgeCaption {
+    std::string_view text;
+    double top; // twips
+    double value;
+};
+
+class ChartScreen : public Screen {
+public:
+    ChartScreen(Context &context, const QString &name, const QString &title, const ChartControls &controls);
+
+protected:
+    // Settings and first drawing; the last thing that a derived constructor does.
+    void begin();
+    void draw();
+    void closing() override;
+
+    virtual Season season() const; // whose values are drawn and which keeps the settings
+    virtual void takeSubjects() { } // from the controls into the chart, before a drawing and at closing
+    virtual void showSubjects() { } // the other way round, after a drawing
+    virtual QString meaning(int series, int slot) const = 0; // of a point, without the name of the Grand Prix
+    virtual std::vector<EdgeCaption> edgeCaptions() const { return {}; }
+
+    ChartView *view() { return m_view; }
+    Label *marker(int series);
+    QLayout *thicknessRow();
+    QLayout *scaleRow();
+    Button *drawButton();
+    QColor colour(int series) const;
+    QString gpName(int slot) const;
+    const charts::Paper &paper() const { return m_chart.instance().paper; }
+
+    charts::SeasonChart m_chart;
+
+private:
+    void registerLines();
+    void registerPaper();
+    void registerAverage();
+    void registerLine(const QString &name, int index, QColor colour, std::function<TwipLine()> line);
+    void registerSaving();
+    void save(const QString &kind, const QByteArray &bytes);
+    void showChart();
+    void addSeries(ChartPicture &picture) const;
+    void addAverage(ChartPicture &picture) const;
+    void addPaper(ChartPicture &picture) const;
+    void addScale(ChartPicture &picture) const;
+    void addEdgeCaptions(ChartPicture &picture) const;
+    void addLevel(ChartPicture &picture, double y) const;
+    void addHeight(ChartPicture &picture, const QString &caption, double centre, double right) const;
+    std::vector<TwipLine> averageLines() const;
+    TwipRect mask() const;
+
+    const ChartControls &m_controls;
+    ChartView *m_view;
+};
+
+// Enter in a box, without Shift, Ctrl or Alt.
+void onEnter(Edit *edit, std::function<void()> handler);
+
+}

@@ -1,0 +1,354 @@
+#include "shell/chart_view.h"
+
+#include "shell/look.h"
+
+#include <QBuffer>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QSvgGenerator>
+#include <QToolTip>
+
+#include <algorithm>
+#include <cmath>
+
+namespace circuidex {
+
+namespace {
+
+constexpr int captionPixels = 11, headPixels = 56; // captions' font, title and legend of a picture
+constexpr int pictureScale = 2;
+constexpr double reach = 28; // pixels from the pointer to what it points at
+
+// From twips to where they are painted. What lies absurdly far off stays within what painters can count.
+class Scaling {
+public:
+    Scaling(const TwipRect &region, const QRectF &target)
+        : m_region(region), m_target(target), m_x(region.width > 0 ? target.width() / region.width : 0),
+          m_y(region.height > 0 ? target.height() / region.height : 0)
+    {
+    }
+    QPointF operator()(const ChartPoint &p) const
+    {
+        return {m_target.left() + far((p.x - m_region.left) * m_x), m_target.top() + far((p.y - m_region.top) * m_y)};
+    }
+    QRectF operator()(const TwipRect &r) const
+    {
+        return {(*this)(ChartPoint{r.left, r.top}), (*this)(ChartPoint{r.left + r.width, r.top + r.height})};
+    }
+
+private:
+    static double far(double pixels) { return std::clamp(pixels, -30000.0, 30000.0); }
+
+    TwipRect m_region;
+    QRectF m_target;
+    double m_x, m_y;
+};
+
+QPolygonF path(const ChartStroke &stroke, const Scaling &scaled)
+{
+    QPolygonF points;
+    for (const ChartPoint &point : stroke.points)
+        points << scaled(point);
+    return points;
+}
+
+// The part of a segment inside a frame, as the shares of its length where it enters and leaves; absent when it is
+// outside.
+std::optional<std::pair<double, double>> insideShare(const QLineF &segment, const QRectF &frame)
+{
+    double enters = 0, leaves = 1;
+    const auto cut = [&](double at, double step, double low, double high) {
+        if (step == 0)
+            return at >= low && at <= high;
+        const double a = (low - at) / step, b = (high - at) / step;
+        enters = std::max(enters, std::min(a, b));
+        leaves = std::min(leaves, std::max(a, b));
+        return enters <= leaves;
+    };
+    if (!cut(segment.x1(), segment.dx(), frame.left(), frame.right()) ||
+        !cut(segment.y1(), segment.dy(), frame.top(), frame.bottom()))
+        return std::nullopt;
+    return std::pair(enters, leaves);
+}
+
+// What of a path lies inside a frame. Done here, because files of lines know no clipping.
+std::vector<QPolygonF> cutOff(const QPolygonF &path, const QRectF &frame)
+{
+    std::vector<QPolygonF> parts;
+    bool goesOn = false;
+    for (qsizetype i = 1; i < path.size(); ++i) {
+        const QLineF segment(path.at(i - 1), path.at(i));
+        const auto share = insideShare(segment, frame);
+        if (share && !goesOn)
+            parts.push_back({segment.pointAt(share->first)});
+        if (share)
+            parts.back() << segment.pointAt(share->second);
+        goesOn = share && share->second == 1;
+    }
+    return parts;
+}
+
+QPen pen(const ChartStroke &stroke)
+{
+    // Smoothed edges make a line look thinner than it is.
+    return {stroke.colour, stroke.width + .5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
+}
+
+// Of upright and level lines, each in a single row of pixels.
+QPolygonF inWholePixels(QPolygonF path)
+{
+    for (QPointF &point : path)
+        point = {std::floor(point.x()) + .5, std::floor(point.y()) + .5};
+    return path;
+}
+
+bool inside(const TwipRect &r, const ChartPoint &p)
+{
+    return p.x >= r.left && p.x <= r.left + r.width && p.y >= r.top && p.y <= r.top + r.height;
+}
+
+QFont pixelFont(const QFont &font, int pixels, bool bold = false)
+{
+    QFont sized(font);
+    sized.setPixelSize(pixels);
+    sized.setBold(bold);
+    return sized;
+}
+
+void paintLegend(QPainter &painter, const std::vector<ChartLegend> &legend, QPointF at, double right)
+{
+    const double each = legend.empty() ? 0 : (right - at.x()) / double(legend.size());
+    for (const ChartLegend &entry : legend) {
+        painter.fillRect(QRectF(at.x(), at.y() + 3, 18, 4), entry.colour);
+        painter.setPen(look::ink);
+        const QString shown = painter.fontMetrics().elidedText(entry.text, Qt::ElideRight, int(each - 36));
+        painter.drawText(QRectF(at.x() + 24, at.y() - 5, each - 28, 20), Qt::AlignLeft | Qt::AlignVCenter, shown);
+        at.rx() += each;
+    }
+}
+
+}
+
+ChartView::ChartView(QWidget *parent) : QWidget(parent)
+{
+    setMouseTracking(true);
+    setFocusPolicy(Qt::TabFocus);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    setFont(pixelFont(font(), captionPixels));
+}
+
+void ChartView::setPicture(ChartPicture picture)
+{
+    m_picture = std::move(picture);
+    setAccessibleName(m_picture.title);
+    point(std::nullopt);
+    update();
+}
+
+void ChartView::paint(QPainter &painter, const QRectF &target) const
+{
+    const Scaling scaled(m_picture.region, target);
+    const QRectF paper = scaled(m_picture.paper).adjusted(-1, -1, 1, 1);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    for (const ChartStroke &rule : m_picture.grid) {
+        painter.setPen(QPen(rule.colour, rule.width));
+        for (const QPolygonF &part : cutOff(inWholePixels(path(rule, scaled)), paper))
+            painter.drawPolyline(part);
+    }
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (const auto *blocks : {&m_picture.masks, &m_picture.bars})
+        for (const ChartBlock &block : *blocks)
+            painter.fillRect(scaled(block.place) & paper, block.colour);
+    for (const ChartStroke &line : m_picture.lines) {
+        painter.setPen(pen(line));
+        for (const QPolygonF &part : cutOff(path(line, scaled), paper))
+            painter.drawPolyline(part);
+    }
+    for (const ChartStroke &leader : m_picture.leaders) {
+        painter.setPen(pen(leader));
+        painter.drawPolyline(path(leader, scaled));
+    }
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    for (const ChartStroke &axis : m_picture.axes) {
+        painter.setPen(QPen(axis.colour, axis.width));
+        painter.drawPolyline(inWholePixels(path(axis, scaled)));
+    }
+    painter.setFont(font());
+    painter.setPen(look::quiet);
+    for (const ChartText &text : m_picture.texts)
+        painter.drawText(scaled(text.place), int(text.align) | Qt::TextDontClip, text.text);
+}
+
+void ChartView::paintPage(QPainter &painter, const QSizeF &page) const
+{
+    painter.fillRect(QRectF(QPointF(), page), Qt::white);
+    painter.setFont(pixelFont(font(), 14, true));
+    painter.setPen(look::ink);
+    painter.drawText(QRectF(12, 6, page.width() - 24, 22), Qt::AlignLeft | Qt::AlignVCenter, m_picture.title);
+    painter.setFont(pixelFont(font(), 12));
+    paintLegend(painter, m_picture.legend, {12, 38}, page.width() - 12);
+    paint(painter, QRectF(0, headPixels, page.width(), page.height() - headPixels));
+}
+
+// The dot at the point, and beside it what it means, always inside the widget.
+void ChartView::paintBubble(QPainter &painter) const
+{
+    const ChartStroke &line = m_picture.lines[std::size_t(m_pointed->line)];
+    const QPointF at = Scaling(m_picture.region, rect())(line.points[std::size_t(m_pointed->point)]);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(Qt::white, 1.5));
+    painter.setBrush(line.colour);
+    painter.drawEllipse(at, 5, 5);
+    painter.setFont(pixelFont(font(), 12));
+    const QSizeF size = painter.fontMetrics().size(0, m_pointedText) + QSize(16, 8);
+    const double left = at.x() + 10 + size.width() < width() ? at.x() + 10 : at.x() - 10 - size.width();
+    const QRectF box(
+        QPointF(std::max(left, 1.0), std::clamp(at.y() - 14 - size.height(), 1.0, height() - size.height() - 1)), size);
+    painter.setPen(QPen(look::line, 1));
+    painter.setBrush(QColor(255, 255, 255, 240));
+    painter.drawRoundedRect(box, 4, 4);
+    painter.setPen(look::ink);
+    painter.drawText(box, Qt::AlignCenter, m_pointedText);
+}
+
+void ChartView::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    paint(painter, rect());
+    if (m_pointed)
+        paintBubble(painter);
+}
+
+QSize ChartView::pageSize() const
+{
+    return {std::max(width(), 320), std::max(height(), 200) + headPixels};
+}
+
+QImage ChartView::image() const
+{
+    QImage image(pageSize() * pictureScale, QImage::Format_RGB32);
+    image.setDevicePixelRatio(pictureScale);
+    QPainter painter(&image);
+    paintPage(painter, pageSize());
+    return image;
+}
+
+QByteArray ChartView::png() const
+{
+    QBuffer bytes;
+    bytes.open(QIODevice::WriteOnly);
+    image().save(&bytes, "PNG");
+    return bytes.data();
+}
+
+QByteArray ChartView::svg() const
+{
+    QBuffer bytes;
+    QSvgGenerator generator;
+    generator.setOutputDevice(&bytes);
+    generator.setSize(pageSize());
+    generator.setViewBox(QRect(QPoint(), pageSize()));
+    generator.setTitle(m_picture.title);
+    QPainter painter(&generator);
+    paintPage(painter, pageSize());
+    painter.end();
+    return bytes.data();
+}
+
+bool ChartView::seen(const Spot &spot) const
+{
+    const ChartPoint &point = m_picture.lines[std::size_t(spot.line)].points[std::size_t(spot.point)];
+    return inside(m_picture.paper, point) && describe && !describe(spot.line, spot.point).isEmpty();
+}
+
+// The nearest in sight; of lines that meet there, the uppermost.
+std::optional<ChartView::Spot> ChartView::nearest(const QPointF &pointer) const
+{
+    const Scaling scaled(m_picture.region, rect());
+    std::optional<Spot> found;
+    double distance = reach * reach;
+    for (int line = 0; line < int(m_picture.lines.size()); ++line) {
+        const auto &points = m_picture.lines[std::size_t(line)].points;
+        for (int point = 0; point < int(points.size()); ++point) {
+            const QPointF away = scaled(points[std::size_t(point)]) - pointer;
+            const double squared = QPointF::dotProduct(away, away);
+            if (squared <= distance && seen({line, point})) {
+                distance = squared;
+                found = Spot{line, point};
+            }
+        }
+    }
+    return found;
+}
+
+void ChartView::point(std::optional<Spot> spot)
+{
+    if (spot == m_pointed)
+        return;
+    m_pointed = spot;
+    m_pointedText = spot ? describe(spot->line, spot->point) : QString();
+    setAccessibleDescription(m_pointedText);
+    update();
+}
+
+// Along a line to the next Grand Prix, or to the next line at the same one. From nowhere, the first point in sight.
+std::optional<ChartView::Spot> ChartView::stepped(int key) const
+{
+    const bool along = key == Qt::Key_Left || key == Qt::Key_Right;
+    const int by = key == Qt::Key_Left || key == Qt::Key_Up ? -1 : 1;
+    Spot spot = m_pointed.value_or(Spot{0, -1});
+    for (;;) {
+        (along || !m_pointed ? spot.point : spot.line) += m_pointed ? by : 1;
+        if (spot.line < 0 || spot.line >= int(m_picture.lines.size()) || spot.point < 0 ||
+            spot.point >= int(m_picture.lines[std::size_t(spot.line)].points.size()))
+            return m_pointed;
+        if (seen(spot))
+            return spot;
+    }
+}
+
+void ChartView::mouseMoveEvent(QMouseEvent *event)
+{
+    point(nearest(event->position()));
+}
+
+void ChartView::leaveEvent(QEvent *)
+{
+    point(std::nullopt);
+}
+
+void ChartView::focusOutEvent(QFocusEvent *event)
+{
+    point(std::nullopt);
+    QWidget::focusOutEvent(event);
+}
+
+void ChartView::keyPressEvent(QKeyEvent *event)
+{
+    const int key = event->key();
+    if (key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Up || key == Qt::Key_Down)
+        point(stepped(key));
+    else if (onEnter && (key == Qt::Key_Return || key == Qt::Key_Enter))
+        onEnter();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+bool ChartView::event(QEvent *event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QWidget::event(event);
+    const auto *help = static_cast<QHelpEvent *>(event);
+    const Scaling scaled(m_picture.region, rect());
+    for (const ChartText &text : m_picture.texts)
+        if (text.tip && scaled(text.place).contains(help->pos())) {
+            QToolTip::showText(help->globalPos(), text.tip(), this);
+            return true;
+        }
+    QToolTip::hideText();
+    return true;
+}
+
+}

@@ -1,0 +1,102 @@
+#pragma once
+// Paints a chart given as plain shapes in twips, sharp at any size: lines, bars, masks, captions. The mouse and the
+// arrow keys point at the ends of the lines and show what each means. The same painting makes pictures for other
+// programs, with title and legend.
+#include "shell/twips.h"
+
+#include <QColor>
+#include <QImage>
+#include <QWidget>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace circuidex {
+
+struct ChartPoint {
+    double x = 0, y = 0;
+};
+
+struct ChartStroke {
+    std::vector<ChartPoint> points;
+    QColor colour;
+    int width = 1; // pixels
+};
+
+struct ChartBlock {
+    TwipRect place;
+    QColor colour;
+};
+
+struct ChartText {
+    TwipRect place;
+    QString text;
+    Qt::Alignment align = Qt::AlignCenter;
+    std::function<QString()> tip = {}; // asked when the pointer rests on it
+};
+
+struct ChartLegend {
+    QColor colour;
+    QString text;
+};
+
+struct ChartPicture {
+    TwipRect region; // what the widget shows, stretched to its size
+    TwipRect paper; // grid, bars and lines are cut off at its edge
+    std::vector<ChartStroke> grid; // behind everything else, in whole pixels
+    std::vector<ChartBlock> masks; // over the grid
+    std::vector<ChartBlock> bars;
+    std::vector<ChartStroke> lines; // later ones above
+    std::vector<ChartStroke> axes; // in whole pixels, uncut
+    std::vector<ChartStroke> leaders; // from the captions to what they name, uncut
+    std::vector<ChartText> texts;
+    QString title; // of a picture for other programs
+    std::vector<ChartLegend> legend;
+};
+
+class ChartView : public QWidget {
+    Q_OBJECT
+public:
+    explicit ChartView(QWidget *parent = nullptr);
+
+    void setPicture(ChartPicture picture);
+
+    std::function<void()> onEnter;
+
+    // What a point of a line means, for the bubble beside it; empty when there is nothing to point at.
+    std::function<QString(int line, int point)> describe;
+
+    // Title, legend and chart as they stand on the screen; the image has twice its pixels.
+    QImage image() const;
+    QByteArray png() const;
+    QByteArray svg() const;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    bool event(QEvent *event) override;
+
+private:
+    struct Spot {
+        int line, point;
+        friend bool operator==(const Spot &, const Spot &) = default;
+    };
+    void paint(QPainter &painter, const QRectF &target) const;
+    void paintPage(QPainter &painter, const QSizeF &page) const;
+    void paintBubble(QPainter &painter) const;
+    QSize pageSize() const;
+    bool seen(const Spot &spot) const;
+    std::optional<Spot> nearest(const QPointF &pointer) const;
+    void point(std::optional<Spot> spot);
+    std::optional<Spot> stepped(int key) const;
+
+    ChartPicture m_picture;
+    std::optional<Spot> m_pointed;
+    QString m_pointedText;
+};
+
+}
