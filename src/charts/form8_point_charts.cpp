@@ -359,7 +359,7 @@ QString PointChart::meaning(int series, int slot) const
     const QString name = QString::fromStdString(m_chart.name(series)) + QStringLiteral(" : ");
     const auto value = numbers.value(m_chart.cell(series, slot));
     if (chart.downFrom)
-        return name + (value && *value < *chart.downFrom ? placeName(int(*value)) : unplacedCaption());
+        return name + (value && *value >= 1 && *value < *chart.downFrom ? placeName(int(*value)) : unplacedCaption());
     const QString points = pointsText(QString::fromStdString(numbers.text(value.value_or(0))));
     if (chart.rule == Rule::level)
         return name + points;
