@@ -2,7 +2,6 @@
 
 #include "results/amending.h"
 #include "results/form26_pickers.h"
-#include "results/open_grand_prix.h"
 #include "shell/look.h"
 #include "shell/place_names.h"
 
@@ -204,6 +203,13 @@ void Form4::showResultOnly()
 {
     m_race.gp.set(season().read(keys::gp, keys::namegp(m_cursor.text())));
     showResult(m_race, season());
+    showGrid(loadGrid(season(), m_race.gp.text()));
+}
+
+void Form4::showGrid(const Grid &grid)
+{
+    for (int i = 0; i < gridPlaces; ++i)
+        m_grid->set(u"Text99", i, qt(grid[static_cast<std::size_t>(i)]));
 }
 
 void Form4::load()
@@ -212,10 +218,9 @@ void Form4::load()
     showResult(m_race, shown);
     const Grid grid = loadGrid(shown, m_race.gp.text());
     const auto teamsOfGrid = gridTeams(shown, grid);
-    for (int i = 0; i < gridPlaces; ++i) {
-        m_grid->set(u"Text99", i, qt(grid[static_cast<std::size_t>(i)]));
+    showGrid(grid);
+    for (int i = 0; i < gridPlaces; ++i)
         m_grid->set(u"Text11", i, qt(teamsOfGrid[static_cast<std::size_t>(i)]));
-    }
     for (int place = 1; place <= classifiedPlaces; ++place)
         m_result->set(u"Text10", place - 1, qt(shown.ecurie(m_race.number(place).text())));
 }

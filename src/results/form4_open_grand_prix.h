@@ -2,6 +2,7 @@
 // Form4, a Grand Prix as it was: result, grid with teams, and both championships at that moment. It opens on the Grand Prix
 // of the main screen and then walks on its own, through Grands Prix and seasons.
 #include "results/main_screen.h"
+#include "results/open_grand_prix.h"
 #include "shell/screens.h"
 
 namespace circuidex {
@@ -18,7 +19,8 @@ private:
     QWidget *standingsCard();
 
     Season season() const { return Season(context.store, m_year.text()); }
-    void showResultOnly(); // the fields, without grid, teams and standings
+    void showResultOnly(); // the fields and the grid, without teams and standings
+    void showGrid(const Grid &grid);
     void load();           // all but the standings
     void showStandings();
     void open(); // all at once, by the cursor
