@@ -135,7 +135,9 @@ private:
 
     void finish(const std::string &end)
     {
-        if (!lines.empty() && lines.back().end.empty())
+        if (lines.empty() && !m_mark.empty())
+            lines.push_back({"", end}); // the mark alone is a line begun
+        else if (!lines.empty() && lines.back().end.empty())
             lines.back().end = end;
     }
 

@@ -76,6 +76,28 @@ std::string makeRun(const std::string &backups)
     return disk::makeFolder(backups) && disk::makeFolder(run) ? run : std::string();
 }
 
+// One file into the folder of a run; false when there is no room. A copy bears the time of its file, so that the next
+// run sees at a glance whether it is still the same. A file that changed a moment ago may change again under the same
+// time, so its copy bears its own.
+bool copy(const std::string &folder, const std::string &name, const std::string &lastRun, const std::string &run)
+{
+    const auto in = [&name](const std::string &place) { return std::string(place).append("/").append(name); };
+    const disk::Stamp stamp = disk::look(in(folder));
+    const disk::Stamp known = lastRun.empty() ? disk::Stamp() : disk::look(in(lastRun));
+    const bool same = known.kind == disk::Kind::file && known.size == stamp.size && known.modified == stamp.modified;
+    if (same && disk::share(in(lastRun), in(run)))
+        return true;
+    std::string bytes;
+    if (disk::read(in(folder), bytes).kind != disk::Kind::file || !isText(bytes))
+        return true; // nothing worth a copy
+    disk::Stamp after;
+    if (!disk::replace(in(run), bytes, false, after))
+        return false;
+    if (!disk::young(stamp))
+        disk::setModified(in(run), stamp.modified);
+    return true;
+}
+
 }
 
 std::string minuteNow()
@@ -90,17 +112,19 @@ std::string minuteNow()
 void make(const std::string &folder)
 {
     const std::string backups = backupFolder(folder);
-    std::string run, bytes;
+    const std::vector<std::string> before = runsIn(backups);
+    const std::string last = before.empty() ? std::string() : std::string(backups).append("/").append(before.back());
+    std::string run;
     for (const std::string &name : namesIn(folder)) {
-        const std::string path = std::string(folder).append("/").append(name);
-        if (!isDataFile(name) || disk::read(path, bytes).kind != disk::Kind::file || !isText(bytes))
+        if (!isDataFile(name))
             continue;
         if (run.empty() && (run = makeRun(backups)).empty())
             return;
-        disk::Stamp after;
-        if (!disk::replace(std::string(run).append("/").append(name), bytes, false, after))
+        if (!copy(folder, name, last, run))
             return remove(run);
     }
+    std::error_code kept; // only an empty folder can be removed so
+    fs::remove(run, kept);
     std::vector<std::string> runs = runsIn(backups);
     for (std::size_t i = 0; i + runsKept < runs.size(); ++i)
         if (const std::string old = std::string(backups).append("/").append(runs[i]); old != run)

@@ -1,7 +1,9 @@
 #pragma once
 // Copies of all data files as they were before the first write of a run, one folder a run:
 // "Sauvegardes/2026-11-22_2145/f12005.ini". The ten newest runs are kept. Only text is copied, so that what stands
-// there is worth restoring; the user restores by copying a file back (docs/restoring.md).
+// there is worth restoring; the user restores by copying a file back (docs/restoring.md). A file that is unchanged
+// since the run before takes no room again: its copy gets a second name. It isn't read either, so many old seasons cost
+// next to nothing.
 #include <optional>
 #include <string>
 #include <string_view>

@@ -296,6 +296,19 @@ std::string folderOf(const std::string &path)
     return slash == path.npos ? "." : slash == 0 ? "/" : path.substr(0, slash);
 }
 
+bool share(const std::string &path, const std::string &secondName)
+{
+    return calls.link(path.c_str(), secondName.c_str()) == 0;
+}
+
+void setModified(const std::string &path, std::int64_t modified)
+{
+    const timespec at = {static_cast<time_t>(modified / 1'000'000'000), static_cast<long>(modified % 1'000'000'000)};
+    const timespec times[] = {at, at};
+    if (::utimensat(AT_FDCWD, path.c_str(), times, 0) != 0)
+        errno = 0; // only costs a later copy
+}
+
 bool makeFolder(const std::string &path)
 {
     return calls.makeFolder(path.c_str()) == 0 || errno == EEXIST;

@@ -75,6 +75,12 @@ bool syncFolder(const std::string &path);
 
 std::string folderOf(const std::string &path);
 
+// A second name for the same file. False where there are no such names, or when the name is taken.
+bool share(const std::string &path, const std::string &secondName);
+
+// Sets the time of the last change, in nanoseconds as in a stamp.
+void setModified(const std::string &path, std::int64_t modified);
+
 // True also for a folder that is there already.
 bool makeFolder(const std::string &path);
 

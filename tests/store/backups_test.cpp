@@ -5,6 +5,7 @@
 #include "store/store.h"
 #include "store/temporary_folder.h"
 #include "store/text.h"
+#include "store/watched_calls.h"
 
 #include <gtest/gtest.h>
 
@@ -139,6 +140,54 @@ TEST_F(Protected, RunsOfOneMinuteHaveFoldersOfTheirOwn)
     }
     EXPECT_EQ(runs().size(), 3u);
     EXPECT_EQ(content(backups::newestGood(folder.path().string(), "f12005.ini")->path), season + "3");
+}
+
+TEST_F(Protected, UnchangedFileIsCopiedOnceAndAChangedOneAgain)
+{
+    const auto old = fs::file_time_type::clock::now() - std::chrono::hours(1);
+    layDown(folder / "f12004.ini", season);
+    fs::last_write_time(folder / "f12004.ini", old);
+    for (const char *value : {"1", "2", "3"}) {
+        Store each(folder.path());
+        each.protect();
+        each.EcrireINI("2005", "a", "k", value);
+    }
+    ASSERT_EQ(runs().size(), 3u);
+    const auto copy = [this](int run, const char *name) {
+        return folder / ("Sauvegardes/" + runs().at(static_cast<std::size_t>(run)) + "/" + name);
+    };
+    EXPECT_TRUE(fs::equivalent(copy(0, "f12004.ini"), copy(2, "f12004.ini")));
+    EXPECT_FALSE(fs::equivalent(copy(2, "f12004.ini"), folder / "f12004.ini"));
+    EXPECT_EQ(content(copy(1, "f12005.ini")) + content(copy(2, "f12005.ini")), "[a]\r\nk=1\r\n[a]\r\nk=2\r\n");
+    layDown(folder / "f12004.ini", "[b]\r\n"); // smaller, and of now
+    fs::remove(file());
+    write("4");
+    EXPECT_EQ(content(copy(3, "f12004.ini")), "[b]\r\n");
+    EXPECT_EQ(content(copy(2, "f12004.ini")), season);
+}
+
+// Old seasons are on the disk for years; a start reads the files it shows and no other one.
+TEST_F(Protected, ManySeasonsCostNothingUntilTheyAreRead)
+{
+    for (int year = 1950; year <= 2026; ++year) {
+        layDown(folder / ("f1" + std::to_string(year) + ".ini"), season);
+        fs::last_write_time(folder / ("f1" + std::to_string(year) + ".ini"),
+                            fs::file_time_type::clock::now() - std::chrono::hours(1));
+    }
+    const auto readsOf = [this](bool writing) {
+        int reads = 0;
+        Store start(folder.path());
+        start.protect();
+        const test::WatchedCalls watched(
+            [&reads](const test::WatchedCalls::Call &call) { return reads += call.name == "read", 0; });
+        EXPECT_EQ(start.LireINI("2005", "N°", "nom1"), "Räikkönen");
+        if (writing)
+            start.EcrireINI("2005", "a", "k", "1");
+        return reads;
+    };
+    EXPECT_LE(readsOf(false), 2); // the file, and its end
+    write("0"); // the first run of all copies the 77
+    EXPECT_LE(readsOf(true), 8);
 }
 
 TEST_F(Protected, CopyThatCannotBeMadeStopsNoWrite)
