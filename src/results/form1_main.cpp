@@ -341,7 +341,8 @@ QWidget *Form1::remarkCard()
     layout->addWidget(status);
     auto *lost = new Label;
     lost->setObjectName(QStringLiteral("lost"));
-    lost->setVisible(false);
+    lost->setWordWrap(true);
+    lost->setVisible(!m_main.writesLost.text().empty());
     bind(lost, m_main.writesLost);
     listen(m_main.writesLost, [lost](const std::string &said) { lost->setVisible(!said.empty()); });
     layout->addWidget(add(QStringLiteral("nonconservees"), lost));
