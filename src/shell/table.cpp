@@ -15,7 +15,8 @@ namespace circuidex {
 
 namespace {
 
-// The style sheet paints the cells' frame in place of their back colour, so that the colour is laid under it here.
+// The style sheet paints the cells' frame in place of their back colour, so that the colour is laid under it here. The
+// frame of the current cell is for those who came by Tab; in a table that only opened it would look like a choice.
 class CellDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -23,7 +24,10 @@ public:
     {
         if (const QVariant back = index.data(Qt::BackgroundRole); back.isValid())
             painter->fillRect(option.rect, back.value<QColor>());
-        QStyledItemDelegate::paint(painter, option, index);
+        QStyleOptionViewItem shown = option;
+        shown.state.setFlag(QStyle::State_HasFocus,
+                            option.state.testFlags(QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange));
+        QStyledItemDelegate::paint(painter, shown, index);
     }
 };
 
@@ -92,12 +96,18 @@ QVariant CellModel::data(const QModelIndex &index, int role) const
     const Cell &at = cell(index.row(), index.column());
     const Column &column = m_columns[static_cast<std::size_t>(index.column())];
     switch (role) {
-    case Qt::DisplayRole: return at.text();
-    case Qt::ToolTipRole: return at.tip();
-    case Qt::BackgroundRole: return at.back() ? QVariant(*at.back()) : QVariant();
-    case Qt::ForegroundRole: return at.fore() ? QVariant(*at.fore()) : QVariant();
-    case Qt::TextAlignmentRole: return QVariant(column.align | Qt::AlignVCenter);
-    default: return {};
+    case Qt::DisplayRole:
+        return at.text();
+    case Qt::ToolTipRole:
+        return at.tip();
+    case Qt::BackgroundRole:
+        return at.back() ? QVariant(*at.back()) : QVariant();
+    case Qt::ForegroundRole:
+        return at.fore() ? QVariant(*at.fore()) : QVariant();
+    case Qt::TextAlignmentRole:
+        return QVariant(column.align | Qt::AlignVCenter);
+    default:
+        return {};
     }
 }
 
@@ -240,7 +250,7 @@ QString Table::asText() const
 int Table::rowsHigh(int rows) const
 {
     return (horizontalHeader()->isHidden() ? 0 : horizontalHeader()->height()) +
-           rows * verticalHeader()->defaultSectionSize() + 2;
+        rows * verticalHeader()->defaultSectionSize() + 2;
 }
 
 void Table::keyPressEvent(QKeyEvent *event)
@@ -255,12 +265,12 @@ void Table::keyPressEvent(QKeyEvent *event)
         for (const QStringList &row : rows)
             lines << row.join(u'\t');
         QApplication::clipboard()->setText(lines.join(u'\n'));
-    } else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && currentIndex().isValid() && onPress) {
+    } else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && currentIndex().isValid() &&
+               onPress) {
         pressed(currentIndex().row(), currentIndex().column(), false);
     } else {
         QTableView::keyPressEvent(event);
     }
 }
-
 
 }

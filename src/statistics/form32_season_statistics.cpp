@@ -22,7 +22,8 @@ QString qt(std::string_view text)
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-// Draws the bar of a row, its caption in white on it where it fits.
+// Draws the bar of a row, its caption in white on it: the name alone where the figure doesn't fit behind it, and
+// nothing where the name doesn't fit either.
 class BarDelegate : public QStyledItemDelegate {
 public:
     BarDelegate(const StatisticTable &drawn, QObject *parent) : QStyledItemDelegate(parent), m_drawn(drawn) { }
@@ -36,22 +37,31 @@ public:
         if (area.isEmpty())
             return;
         painter->fillRect(area, barColour);
-        QFont font = option.font;
-        font.setPixelSize(11);
+        const QString name =
+            bar.caption.empty() ? QString() : qt(m_drawn.table.rows[static_cast<std::size_t>(index.row())].name);
         const QRect inside = area.adjusted(5, 0, -4, 0);
-        const QString caption = qt(bar.caption);
-        if (QFontMetrics(font).horizontalAdvance(caption) > inside.width())
-            font.setPixelSize(10);
-        if (QFontMetrics(font).horizontalAdvance(caption) > inside.width())
-            return; // the row says the name too
         painter->save();
-        painter->setFont(font);
         painter->setPen(Qt::white);
-        painter->drawText(inside, Qt::AlignVCenter | Qt::AlignLeft, caption);
+        for (const QString &caption : {qt(bar.caption), name})
+            if (draw(*painter, option.font, inside, caption))
+                break;
         painter->restore();
     }
 
 private:
+    static bool draw(QPainter &painter, QFont font, const QRect &inside, const QString &caption)
+    {
+        for (const int size : {11, 10}) { // pixels
+            font.setPixelSize(size);
+            if (QFontMetrics(font).horizontalAdvance(caption) > inside.width())
+                continue;
+            painter.setFont(font);
+            painter.drawText(inside, Qt::AlignVCenter | Qt::AlignLeft, caption);
+            return true;
+        }
+        return false;
+    }
+
     const StatisticTable &m_drawn;
 };
 

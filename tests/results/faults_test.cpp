@@ -2,6 +2,8 @@
 #include "results/season_fixture.h"
 #include "store/watched_calls.h"
 
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 using namespace circuidex;
@@ -55,10 +57,11 @@ TEST(Faults, EachCallOfAWriteFailsOnceAndTheFileIsWholeAllTheTime)
     EXPECT_GT(losses, 10); // else nothing was refused that mattered
 }
 
-// The same of a whole recording, at places spread over it: one key lacks what wasn't kept, all others are as they
-// should be.
-TEST(Faults, EachCallOfARecordingFailsOnceAndNothingElseIsHarmed)
+// The same of a whole recording, at places spread over it, or in the long run (CIRCUIDEX_EVERY_FAULT) at each of its
+// calls with each error: one key lacks what wasn't kept, all others are as they should be.
+TEST(Faults, CallsOfARecordingFailOnceAndNothingElseIsHarmed)
 {
+    const bool every = std::getenv("CIRCUIDEX_EVERY_FAULT") != nullptr;
     Desk clean;
     int all = 0;
     {
@@ -68,7 +71,9 @@ TEST(Faults, EachCallOfARecordingFailsOnceAndNothingElseIsHarmed)
     const Keys done = clean.keys("2005"), doneArchive = clean.keys("ARCHIVES");
     ASSERT_GT(all, 300);
     int losses = 0;
-    for (int refused = 0, round = 0; refused < all; refused += 1 + all / 60, ++round) {
+    const int rounds = every ? 3 * all : 60;
+    for (int round = 0; round < rounds; ++round) {
+        const int refused = every ? round / 3 : round * all / rounds;
         Desk desk;
         desk.store.protect();
         bool lost = false;
@@ -88,6 +93,7 @@ TEST(Faults, EachCallOfARecordingFailsOnceAndNothingElseIsHarmed)
         EXPECT_EQ(desk.read("2005 [essai] clef"), "1");
     }
     EXPECT_GT(losses, 10);
+    std::printf("%d refusals at %d calls, %d of them lost a write\n", rounds, all, losses);
 }
 
 // A disk that has had enough for good: all writes are lost, all files stay, and when there is room again writing works.

@@ -10,6 +10,9 @@
 //     restart                         the program is killed and started on the same folder
 //     > COMMAND                       given to the driver; without an expected answer any but an error is right
 //     = COMMAND => ANSWER             the same, with the answer that it must give, to the letter
+//     ? PLACE: NAME = TEXT | ...      what several controls of a screen, or keys of "f12005.ini [gp]", must read
+//     ! PLACE: NAME = TEXT | ...      sets or writes them
+//     ? COMMAND SCREEN: ..., ! press SCREEN: NAME | ...   the same with another command of the driver
 //     < ANSWER                        the answer that the command before must have given
 //     ~ PATTERN                       a regular expression that the answer before must match as a whole
 //
@@ -47,7 +50,7 @@ void onQtMessage(QtMsgType type, const QMessageLogContext &, const QString &text
 
 class Scenario {
 public:
-    Scenario(QString sample, QString file) : m_sample(std::move(sample)), m_file(std::move(file)) {}
+    Scenario(QString sample, QString file) : m_sample(std::move(sample)), m_file(std::move(file)) { }
 
     void play()
     {
@@ -76,6 +79,8 @@ private:
         } else if (const qsizetype arrow = line.indexOf(u" => "); line.startsWith(u"= ") && arrow > 0) {
             command(line.mid(2, arrow - 2));
             expectAnswer(line.mid(arrow + 4));
+        } else if (line.startsWith(u"? ") || line.startsWith(u"! ")) {
+            each(rest, line.startsWith(u'?'));
         } else if (line.startsWith(u'<')) {
             expectAnswer(rest);
         } else if (line.startsWith(u"~ ")) {
@@ -83,6 +88,26 @@ private:
             expect(pattern.match(m_answer).hasMatch(), QStringLiteral("expected to match «%1»").arg(rest));
         } else if (!line.isEmpty() && !line.startsWith(u'#')) {
             directive(line);
+        }
+    }
+
+    // One command for each item of a line.
+    void each(const QString &line, bool check)
+    {
+        static const QRegularExpression form(QStringLiteral(R"(^(?:(\w+) )?(\w+|\S+\.ini \[[^\]]*\]): (.*)$)"));
+        const auto match = form.match(line);
+        const QString place = match.captured(2);
+        const bool file = place.endsWith(u']');
+        const QString usual = file ? (check ? u"read"_qs : u"write"_qs) : check ? u"get"_qs : u"set"_qs;
+        const QString word = match.captured(1).isEmpty() ? usual : match.captured(1);
+        if (!match.hasMatch())
+            fail(m_where, QStringLiteral("expected: PLACE: NAME = TEXT"));
+        for (const QString &item : match.captured(3).split(u" | "_qs)) {
+            const QString name = item.section(u" ="_qs, 0, 0), text = item.section(u" ="_qs, 1).mid(1);
+            const QString at = word + u' ' + place + (file ? u' ' : u'.') + name;
+            command(check || !item.contains(u" ="_qs) ? at : at + (file ? u'=' : u' ') + text);
+            if (check)
+                expectAnswer(text);
         }
     }
 
