@@ -58,7 +58,8 @@ TEST(Faults, EachCallOfAWriteFailsOnceAndTheFileIsWholeAllTheTime)
 }
 
 // The same of a whole recording, at places spread over it, or in the long run (CIRCUIDEX_EVERY_FAULT) at each of its
-// calls with each error: one key lacks what wasn't kept, all others are as they should be.
+// calls with each error: one key lacks what wasn't kept, all others are as they should be. A record is
+// the career's figure, so it follows one that wasn't kept.
 TEST(Faults, CallsOfARecordingFailOnceAndNothingElseIsHarmed)
 {
     const bool every = std::getenv("CIRCUIDEX_EVERY_FAULT") != nullptr;
@@ -87,7 +88,9 @@ TEST(Faults, CallsOfARecordingFailOnceAndNothingElseIsHarmed)
         }
         losses += lost;
         const Lines missing = changes(desk.keys("2005"), done), more = changes(desk.keys("ARCHIVES"), doneArchive);
-        EXPECT_LE(missing.size() + more.size(), lost ? 1u : 0u) << refused << ": " << testing::PrintToString(missing);
+        const bool follows = missing.size() == 1 && more.size() == 1 && more[0].starts_with("[record] ");
+        EXPECT_LE(missing.size() + more.size(), (lost ? 1u : 0u) + follows)
+            << refused << ": " << testing::PrintToString(missing) << testing::PrintToString(more);
         desk.write("2005 [essai] clef=1");
         EXPECT_FALSE(desk.store.writesLost());
         EXPECT_EQ(desk.read("2005 [essai] clef"), "1");
