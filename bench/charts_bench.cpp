@@ -2,9 +2,7 @@
 #include "app/driver.h"
 #include "charts/season_chart.h"
 #include "shell/chart_view.h"
-#include "shell/look.h"
 
-#include <QApplication>
 #include <benchmark/benchmark.h>
 
 #include <filesystem>
@@ -69,14 +67,4 @@ void pressAndPaint(benchmark::State &state)
 }
 BENCHMARK(pressAndPaint)->DenseRange(0, 4)->Unit(benchmark::kMillisecond);
 
-}
-
-int main(int argc, char **argv)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    look::dress(application);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
 }

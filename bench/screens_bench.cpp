@@ -1,8 +1,7 @@
 // How long the large tables take to open on a full season: the screen made, filled and laid out, ready to be painted.
 #include "app/driver.h"
-#include "shell/look.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QDir>
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
@@ -35,14 +34,4 @@ BENCHMARK_CAPTURE(openScreen, Form7, "Form7", false)->Unit(benchmark::kMilliseco
 BENCHMARK_CAPTURE(openScreen, Form7_painted, "Form7", true)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(openScreen, Form6, "Form6", false)->Unit(benchmark::kMillisecond);
 
-}
-
-int main(int argc, char **argv)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    look::dress(application);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
 }

@@ -1,9 +1,7 @@
 // How long a step through the calendar takes on the main screen when every Grand Prix has two pictures of two megapixels:
 // files looked up, decoded, scaled and painted.
 #include "app/driver.h"
-#include "shell/look.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QPainter>
 #include <QTemporaryDir>
@@ -57,14 +55,4 @@ void stepWithPictures(benchmark::State &state)
 }
 BENCHMARK(stepWithPictures)->Unit(benchmark::kMillisecond);
 
-}
-
-int main(int argc, char **argv)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    look::dress(application);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
 }

@@ -115,11 +115,6 @@ constexpr double barLeft = 480, barHeight = 120, barGap = 12;
 const std::array<QColor, seriesCount> barColours{QColor(255, 0, 0), QColor(0, 255, 0), QColor(0, 0, 255),
                                                  QColor(255, 255, 0)};
 
-QString qt(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
-}
-
 const PointChartRow &rowOf(const QString &screen)
 {
     const auto found = std::find_if(std::begin(rows), std::end(rows), [&](const PointChartRow &row) {
@@ -313,10 +308,10 @@ void PointChart::showSubjects()
 {
     for (int s = 0; s < seriesCount; ++s) {
         const auto at = std::size_t(s);
-        m_names[at]->setText(QString::fromStdString(m_row.byNumber() ? m_chart.name(s) : m_chart.subjects[at].text()));
+        m_names[at]->setText(qt(m_row.byNumber() ? m_chart.name(s) : m_chart.subjects[at].text()));
         if (m_row.controls.instance.average == AverageOf::values)
             for (int i = 1; i <= slotsRead; ++i)
-                setText(QString::fromLatin1(cellArrays[at]), QString::fromStdString(m_chart.cell(s, i - 1)), i);
+                setText(QString::fromLatin1(cellArrays[at]), qt(m_chart.cell(s, i - 1)), i);
     }
     for (int index = 0; index < 2 && m_row.hasPairs(); ++index)
         showPair(index);
@@ -328,7 +323,7 @@ void PointChart::showPair(int index)
     ChartPicture picture;
     picture.region = picture.paper = {barLeft, barTops[std::size_t(2 * index)], fullBar, 2 * barHeight};
     for (const int bar : {2 * index, 2 * index + 1}) {
-        const QString points = QString::fromStdString(bar % 2 == 0 ? pair.totalA : pair.totalB);
+        const QString points = qt(bar % 2 == 0 ? pair.totalA : pair.totalB);
         m_points[std::size_t(bar)]->setText(points);
         setText(QString::fromLatin1(totals[std::size_t(bar)]), points);
         TwipRect place = barPlace(m_chart, bar);
@@ -336,8 +331,8 @@ void PointChart::showPair(int index)
         picture.bars.push_back({place, barColours[std::size_t(bar)]});
     }
     m_bars[std::size_t(index)]->setPicture(std::move(picture));
-    m_sentences[std::size_t(index)]->setText(QString::fromStdString(pair.sentence));
-    m_sentences[std::size_t(index)]->setToolTip(QString::fromStdString(pair.sentence));
+    m_sentences[std::size_t(index)]->setText(qt(pair.sentence));
+    m_sentences[std::size_t(index)]->setToolTip(qt(pair.sentence));
 }
 
 std::vector<EdgeCaption> PointChart::edgeCaptions() const
@@ -356,11 +351,11 @@ QString PointChart::meaning(int series, int slot) const
 {
     const Instance &chart = m_row.controls.instance;
     const Numbers &numbers = context.store.numbers();
-    const QString name = QString::fromStdString(m_chart.name(series)) + QStringLiteral(" : ");
+    const QString name = qt(m_chart.name(series)) + QStringLiteral(" : ");
     const auto value = numbers.value(m_chart.cell(series, slot));
     if (chart.downFrom)
         return name + (value && *value >= 1 && *value < *chart.downFrom ? placeName(int(*value)) : unplacedCaption());
-    const QString points = pointsText(QString::fromStdString(numbers.text(value.value_or(0))));
+    const QString points = pointsText(qt(numbers.text(value.value_or(0))));
     if (chart.rule == Rule::level)
         return name + points;
     double sum = 0;
@@ -368,8 +363,8 @@ QString PointChart::meaning(int series, int slot) const
         sum += numbers.value(m_chart.cell(series, k)).value_or(0);
     return name +
         QStringLiteral("%1 (+%2)")
-            .arg(pointsText(QString::fromStdString(numbers.text(sum))),
-                 QString::fromStdString(numbers.text(value.value_or(0))));
+            .arg(pointsText(qt(numbers.text(sum))),
+                 qt(numbers.text(value.value_or(0))));
 }
 
 }

@@ -105,9 +105,9 @@ void Form12::fill(int column)
     const std::string team = season.ecurie(number);
     const auto find = [this](const std::string &stored) { return m_main.surroundings.findPicture(stored); };
     const auto show = [this, column](const QString &name, const std::string &path) {
-        setText(name, QString::fromStdString(path), column);
+        setText(name, qt(path), column);
     };
-    setText(utf8(nameLabels[column]), QString::fromStdString(driver));
+    setText(utf8(nameLabels[column]), qt(driver));
     std::string photo = find(season.driver("path", number));
     if (photo.empty())
         photo = find(m_main.folder() + "\\Photos\\Pilotes\\photo_" + driver + ".jpg");
@@ -119,7 +119,7 @@ void Form12::fill(int column)
     m_second[static_cast<std::size_t>(column)]->setVisible(!text(QStringLiteral("Image1"), column).isEmpty());
     show(QStringLiteral("ecuriE"), car);
     if (column == 0)
-        setText(QStringLiteral("Image2"), QString::fromStdString(m_main.Image1.text()));
+        setText(QStringLiteral("Image2"), qt(m_main.Image1.text()));
 }
 
 void Form12::walk(const QString &mainScreenButton)
@@ -127,10 +127,10 @@ void Form12::walk(const QString &mainScreenButton)
     if (const Screen *main = context.screens.find(QStringLiteral("Form1")))
         main->press(mainScreenButton);
     for (int column = 0; column < 3; ++column) {
-        setText(utf8(numberLabels[column]), QString::fromStdString(m_main.number(column + 1).text()));
+        setText(utf8(numberLabels[column]), qt(m_main.number(column + 1).text()));
         m_timers[static_cast<std::size_t>(column)]->start(100);
     }
-    setText(QStringLiteral("Label11"), QString::fromStdString(m_main.gp.text()));
+    setText(QStringLiteral("Label11"), qt(m_main.gp.text()));
 }
 
 void Form12::showLarge(int column)

@@ -249,7 +249,7 @@ QWidget *Form1::selectionCard()
     number->setToolTip(QStringLiteral("Numéro de la course dans la saison"));
     auto &follow = timer(QStringLiteral("Timer2"), 30, TimerControl::Kind::standing, [this, number] {
         const auto shown = m_main.store.numbers().sum(m_main.Label40.text(), "1");
-        number->setText(QString::fromStdString(shown.value_or("")));
+        number->setText(qt(shown.value_or("")));
     });
     listen(m_main.Label40, [&follow](const std::string &) { follow.kick(); });
     follow.kick();
@@ -319,7 +319,7 @@ QWidget *Form1::resultCard()
     auto *podium = pointedCommand(QStringLiteral("Label47"), QStringLiteral("Visualiser le podium"), [this] {
         showPodium();
         if (Screen *shown = context.screens.find(QStringLiteral("Form12")))
-            shown->setText(QStringLiteral("Label11"), QString::fromStdString(m_main.gp.text()));
+            shown->setText(QStringLiteral("Label11"), qt(m_main.gp.text()));
     });
     grid->addWidget(podium, classifiedPlaces + 1, 1, 1, 2, Qt::AlignLeft);
     grid->setColumnMinimumWidth(0, 86);
@@ -527,7 +527,7 @@ void Form1::showPodium()
 {
     Screen *podium = context.screens.open(QStringLiteral("Form12"));
     for (int place = 1; podium && place <= 3; ++place)
-        podium->setText(QStringLiteral("Label%1").arg(6 + place), QString::fromStdString(m_main.number(place).text()));
+        podium->setText(QStringLiteral("Label%1").arg(6 + place), qt(m_main.number(place).text()));
 }
 
 void Form1::afterResult()
@@ -583,7 +583,7 @@ void Form1::filmClicked()
 void Form1::playFilm()
 {
     if (Screen *gallery = context.screens.open(QStringLiteral("frmmain"))) {
-        gallery->setText(QStringLiteral("Command8"), QString::fromStdString(filmPath(m_main)));
+        gallery->setText(QStringLiteral("Command8"), qt(filmPath(m_main)));
         gallery->press(QStringLiteral("Command8"));
         return;
     }

@@ -16,11 +16,6 @@ const QString tagControl = QStringLiteral("Tag");
 const QString wordControl = QStringLiteral("Label2");
 const QString deletion = QStringLiteral("supp");
 
-QString qt(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 QString formOf(PickList list)
 {
     switch (list) {

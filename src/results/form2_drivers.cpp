@@ -7,15 +7,6 @@
 
 namespace circuidex {
 
-namespace {
-
-QString qt(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-}
-
 DriverScreenBase::DriverScreenBase(Context &theContext, const QString &name, const QString &title, DriverScreen kind) :
     Screen(theContext, name, title), m_main(theContext.main), m_kind(kind)
 {

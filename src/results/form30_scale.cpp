@@ -17,7 +17,7 @@ Form30::Form30(Context &theContext, const QString &name, const QString &title) :
     grid->setVerticalSpacing(6);
     for (int i = 0; i < classifiedPlaces; ++i) {
         auto *box = add(QStringLiteral("Text%1").arg(i + 1), new Edit);
-        box->setText(QString::fromStdString(scale[static_cast<std::size_t>(i)]));
+        box->setText(qt(scale[static_cast<std::size_t>(i)]));
         box->setAlignment(Qt::AlignRight);
         box->setFixedWidth(70);
         connect(box, &QLineEdit::returnPressed, this, [this] { store(); });
@@ -34,7 +34,7 @@ Form30::Form30(Context &theContext, const QString &name, const QString &title) :
     auto *layout = new QVBoxLayout(body());
     layout->setContentsMargins(12, 12, 12, 12);
     layout->setSpacing(look::gap);
-    layout->addWidget(card(QStringLiteral("Points des places, saison %1").arg(QString::fromStdString(m_an.text())), grid));
+    layout->addWidget(card(QStringLiteral("Points des places, saison %1").arg(qt(m_an.text())), grid));
     layout->addWidget(note("ATTENTION: Ne changez pas ces paramètres au cours d'une saison.", "caption"));
     layout->addWidget(note("Ce barème peut être changé d'une saison à l'autre mais pas en cours de saison: les calculs "
                            "de classement seraient faussés.",

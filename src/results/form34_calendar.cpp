@@ -74,12 +74,12 @@ QLayout *Form34::rows()
 void Form34::load()
 {
     const Season season = m_main.season();
-    m_heading->setText(QStringLiteral("Grands Prix %1").arg(QString::fromStdString(season.stem())));
+    m_heading->setText(QStringLiteral("Grands Prix %1").arg(qt(season.stem())));
     for (int slot = 0; slot < gpSlots; ++slot) {
         const std::string gpName = season.namegp(slot);
         const std::string date = gpName.empty() ? std::string() : season.read(keys::gp, keys::dategp(gpName));
-        setText(QStringLiteral("Text3"), QString::fromStdString(gpName), slot);
-        setText(QStringLiteral("Text4"), QString::fromStdString(date), slot);
+        setText(QStringLiteral("Text3"), qt(gpName), slot);
+        setText(QStringLiteral("Text4"), qt(date), slot);
     }
 }
 

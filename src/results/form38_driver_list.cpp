@@ -18,7 +18,7 @@ Form38::Form38(Context &theContext, const QString &name, const QString &title) :
     const Season season = context.main.season();
     for (int i = 0; i < driverSlots; ++i) {
         drivers->set(u"Label1", i, placeName(i + 1));
-        drivers->set(u"Text1", i, QString::fromStdString(season.nom(i + 1)));
+        drivers->set(u"Text1", i, qt(season.nom(i + 1)));
     }
     drivers->setFixedHeight(drivers->rowsHigh(driverSlots));
     auto *foot = new QHBoxLayout;

@@ -69,7 +69,7 @@ QLayout *Form39::championRow()
         listen(*of, [&follow](const std::string &) { follow.kick(); });
     auto *heading = styled({}, "caption");
     const auto name = [heading](const std::string &year) {
-        heading->setText(QStringLiteral("Champion du monde de la saison %1").arg(QString::fromStdString(year)));
+        heading->setText(QStringLiteral("Champion du monde de la saison %1").arg(qt(year)));
     };
     name(m_main.an.text());
     listen(m_main.an, name);
@@ -96,7 +96,7 @@ void Form39::pass()
             return;
     }
     if (auto *main = dynamic_cast<Form1 *>(context.screens.find(QStringLiteral("Form1"))))
-        main->clearTotalsSoon(QString::fromStdString(m_main.an.text()));
+        main->clearTotalsSoon(qt(m_main.an.text()));
     close();
 }
 

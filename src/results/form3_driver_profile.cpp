@@ -14,11 +14,6 @@ const QString replaceNote = QStringLiteral(
     "Note: Si vous voulez entrer un nouveau pilote ou en remplacer un, allez sur le N° de pilote voulu, cliquez sur "
     "'Vider les champs' et entrez ses caractéristiques, cliquez ensuite sur 'Enregistrer modifications'");
 
-QString qt(const std::string &text)
-{
-    return QString::fromStdString(text);
-}
-
 }
 
 Form3::Form3(Context &theContext, const QString &name, const QString &title) :

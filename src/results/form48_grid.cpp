@@ -57,7 +57,7 @@ void Form48::load()
 {
     const Grid grid = loadGrid(m_main.season(), m_gp.text());
     for (int x = 0; x < gridPlaces; ++x)
-        m_grid->set(u"Text99", x, QString::fromStdString(grid[static_cast<std::size_t>(x)]));
+        m_grid->set(u"Text99", x, qt(grid[static_cast<std::size_t>(x)]));
 }
 
 // No circle here: at the stop the cursor is first set beside it. Behind the calendar everything is empty.

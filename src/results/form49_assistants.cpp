@@ -76,7 +76,7 @@ QWidget *Assistant::names()
     grid->setSpacing(4);
     const Season season = m_main.season();
     for (int i = 0; i < driverSlots; ++i) {
-        const QString driver = QString::fromStdString(season.nom(i + 1));
+        const QString driver = qt(season.nom(i + 1));
         auto *made = button(nameControl(), driver, [this, i] { choose(i); }, i);
         made->setProperty("name", true);
         made->setFixedHeight(26);

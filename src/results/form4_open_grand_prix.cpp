@@ -15,11 +15,6 @@ namespace {
 
 constexpr int shownRows = 8; // of both standings
 
-QString qt(const std::string &text)
-{
-    return QString::fromStdString(text);
-}
-
 QStringList namesFrom(int first)
 {
     QStringList names;

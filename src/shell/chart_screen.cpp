@@ -86,7 +86,7 @@ QColor ChartScreen::colour(int series) const
 
 QString ChartScreen::gpName(int slot) const
 {
-    return QString::fromStdString(season().namegp(slot));
+    return qt(season().namegp(slot));
 }
 
 void ChartScreen::registerLine(const QString &name, int index, QColor colour, std::function<TwipLine()> line)
@@ -183,7 +183,7 @@ void ChartScreen::save(const QString &kind, const QByteArray &bytes)
     const auto path = context.dialogs.chooseNewFile(title().toStdString(), filter.toStdString());
     if (!path)
         return;
-    QSaveFile file(QString::fromStdString(*path));
+    QSaveFile file(qt(*path));
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
         context.dialogs.message("L'image n'a pas pu être enregistrée.");
 }
@@ -298,7 +298,7 @@ void ChartScreen::addSeries(ChartPicture &picture) const
         for (int k = 0; k <= segments && vertex(k) <= m_chart.mask(); ++k)
             line.points.push_back({vertex(k), m_chart.curve(s).at(k - 1)});
         picture.lines.push_back(std::move(line));
-        picture.legend.push_back({colour(s), QString::fromStdString(m_chart.name(s))});
+        picture.legend.push_back({colour(s), qt(m_chart.name(s))});
     }
     picture.masks.push_back({mask(), Qt::white});
 }
@@ -335,7 +335,7 @@ void ChartScreen::addScale(ChartPicture &picture) const
     const Numbers &numbers = context.store.numbers();
     for (const Tick &tick : m_chart.ticks(numbers)) {
         addLevel(picture, tick.y);
-        addHeight(picture, QString::fromStdString(numbers.text(tick.value)), tick.y, gap);
+        addHeight(picture, qt(numbers.text(tick.value)), tick.y, gap);
     }
 }
 

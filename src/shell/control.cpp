@@ -79,7 +79,7 @@ bool Control::inSight() const
 
 QString FieldControl::text() const
 {
-    return QString::fromStdString(m_field.text());
+    return qt(m_field.text());
 }
 
 void FieldControl::setText(const QString &text)

@@ -10,10 +10,17 @@
 
 #include <functional>
 #include <optional>
+#include <string_view>
 
 class QWidget;
 
 namespace circuidex {
+
+// A text of the store or of a rule, for a control.
+inline QString qt(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
 
 class Control {
 public:

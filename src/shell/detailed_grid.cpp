@@ -86,7 +86,7 @@ DetailedGrid::DetailedGrid(Context &theContext, const QString &name, const QStri
             showHead(race, text);
         };
     auto *aside = new QVBoxLayout;
-    aside->addWidget(styled(QString::fromStdString(theContext.main.an.text()), "large"));
+    aside->addWidget(styled(qt(theContext.main.an.text()), "large"));
     aside->addWidget(printCommand(QStringLiteral("Label14")), 0, Qt::AlignLeft);
     aside->addStretch(1);
     auto *upper = new QHBoxLayout;
@@ -129,7 +129,7 @@ Table *DetailedGrid::band(const DetailedGridKind &kind, int which, int rowHeight
 
 void DetailedGrid::setRace(int race, const std::string &name)
 {
-    setText(QStringLiteral("Label1"), QString::fromStdString(name), race);
+    setText(QStringLiteral("Label1"), qt(name), race);
 }
 
 void DetailedGrid::showHead(int race, const QString &name)
@@ -144,13 +144,13 @@ void DetailedGrid::showHead(int race, const QString &name)
 void DetailedGrid::setCell(int row, int race, const std::string &text)
 {
     m_bands[static_cast<std::size_t>(race / racesOfBand)]->set(u"Text5", row + stride * race,
-                                                               QString::fromStdString(text));
+                                                               qt(text));
 }
 
 void DetailedGrid::set(QStringView column, int index, const std::string &text)
 {
     for (Table *band : m_bands)
-        band->set(column, index, QString::fromStdString(text));
+        band->set(column, index, qt(text));
 }
 
 }

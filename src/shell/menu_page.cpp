@@ -75,7 +75,7 @@ QWidget *MenuPage::makeRule()
 QString MenuPage::captionOf(const menus::Entry &entry) const
 {
     const QString caption = utf8(entry.caption);
-    return entry.season ? caption + QString::fromStdString(context.main.an.text()) : caption;
+    return entry.season ? caption + qt(context.main.an.text()) : caption;
 }
 
 bool MenuPage::reachable(const menus::Entry &entry) const

@@ -283,11 +283,11 @@ void Screen::listen(Field &field, Field::Listener listener)
 
 void Screen::bind(Edit *edit, Field &field)
 {
-    edit->setText(QString::fromStdString(field.text()));
+    edit->setText(qt(field.text()));
     connect(edit, &QLineEdit::textChanged, this, [&field](const QString &text) { field.set(text.toStdString()); });
     listen(field, [edit](const std::string &text) {
         if (edit->text().toStdString() != text)
-            edit->setText(QString::fromStdString(text));
+            edit->setText(qt(text));
         if (!edit->hasFocus())
             edit->setCursorPosition(0);
     });
@@ -295,24 +295,24 @@ void Screen::bind(Edit *edit, Field &field)
 
 void Screen::bind(Remark *remark, Field &field)
 {
-    remark->setPlainText(QString::fromStdString(field.text()));
+    remark->setPlainText(qt(field.text()));
     remark->onEdited = [remark, &field] { field.set(remark->toPlainText().toStdString()); };
     listen(field, [remark](const std::string &text) {
         if (remark->toPlainText().toStdString() != text)
-            remark->setPlainText(QString::fromStdString(text));
+            remark->setPlainText(qt(text));
     });
 }
 
 void Screen::bind(QLabel *label, Field &field)
 {
-    label->setText(QString::fromStdString(field.text()));
-    listen(field, [label](const std::string &text) { label->setText(QString::fromStdString(text)); });
+    label->setText(qt(field.text()));
+    listen(field, [label](const std::string &text) { label->setText(qt(text)); });
 }
 
 void Screen::bind(Picture *picture, Field &field)
 {
-    picture->setPath(QString::fromStdString(field.text()));
-    listen(field, [picture](const std::string &text) { picture->setPath(QString::fromStdString(text)); });
+    picture->setPath(qt(field.text()));
+    listen(field, [picture](const std::string &text) { picture->setPath(qt(text)); });
 }
 
 void Screen::closeEvent(QCloseEvent *event)

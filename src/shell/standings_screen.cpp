@@ -10,15 +10,6 @@
 
 namespace circuidex {
 
-namespace {
-
-QString qt(const std::string &text)
-{
-    return QString::fromStdString(text);
-}
-
-}
-
 StandingsScreen::StandingsScreen(Context &theContext, const QString &name, const QString &title, StandingsKind kind)
     : RankedScreen(theContext, name, title), m_kind(std::move(kind)), m_season(theContext.main.season())
 {

@@ -42,13 +42,11 @@ Standings constructorStandings(const Season &season, std::string_view favourite)
     std::vector<Entry> entries;
     for (const TeamLine &line : lines)
         entries.push_back({line.name, numbers.value(line.points)});
-    const auto rows = rankedRows(entries, {.ties = Ties::sharedRow});
 
     Standings standings;
     standings.rows.resize(teamRows);
-    for (std::size_t i = 0; i < lines.size(); ++i)
-        if (rows[i] && *rows[i] <= teamRows)
-            enter(standings.rows[static_cast<std::size_t>(*rows[i] - 1)], lines[i]);
+    enterRanked(entries, {.ties = Ties::sharedRow}, teamRows,
+                [&](std::size_t row, std::size_t i) { enter(standings.rows[row], lines[i]); });
     for (StandingsRow &row : standings.rows)
         if (row.name == keys::Aucune)
             row = {};

@@ -22,18 +22,14 @@ DriverStandings driverStandings(const Season &season, std::string_view favourite
     std::vector<Entry> entries;
     for (const DriverLine &line : lines)
         entries.push_back({line.name, numbers.value(line.points)});
-    const auto rows = rankedRows(entries, {.noFigure = NoFigure::likeTheOneBefore});
 
     DriverStandings standings;
     standings.table.rows.resize(driverSlots);
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-        if (!rows[i] || *rows[i] > driverSlots)
-            continue;
-        standings.table.rows[static_cast<std::size_t>(*rows[i] - 1)] = {
-            lines[i].name, lines[i].points, lines[i].team, {}};
-        if (*rows[i] == 1)
+    enterRanked(entries, {.noFigure = NoFigure::likeTheOneBefore}, driverSlots, [&](std::size_t row, std::size_t i) {
+        standings.table.rows[row] = {lines[i].name, lines[i].points, lines[i].team, {}};
+        if (row == 0)
             standings.leader = static_cast<int>(i + 1);
-    }
+    });
     measure(standings.table, 0, numbers);
     choose(standings.table, favourite, numbers);
     return standings;

@@ -13,11 +13,6 @@ namespace {
 
 constexpr int lastIndex = 200; // far behind the end of the list
 
-QString qt(const std::string &text)
-{
-    return QString::fromStdString(text);
-}
-
 }
 
 Form20::Form20(Context &theContext, const QString &name, const QString &title)

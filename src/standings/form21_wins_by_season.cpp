@@ -8,15 +8,6 @@
 
 namespace circuidex {
 
-namespace {
-
-QString qt(const std::string &text)
-{
-    return QString::fromStdString(text);
-}
-
-}
-
 Form21::Form21(Context &theContext, const QString &name, const QString &title)
     : LookupScreen(theContext, name, title), m_year(theContext.main.an.text()), m_shown(theContext.main.an.text())
 {

@@ -96,7 +96,7 @@ void Form23::ask()
     const auto wins = winsOfDriver(context.store, m_driver.text(), context.main.an.text());
     for (int i = 0; i < shownWins; ++i) {
         const auto at = static_cast<std::size_t>(i);
-        m_wins->set(u"Label11", i, at < wins.size() ? QString::fromStdString(wins[at]) : QString());
+        m_wins->set(u"Label11", i, at < wins.size() ? qt(wins[at]) : QString());
     }
     m_count->setText(m_driver.empty() ? QString() : counted(wins.size()));
     context.screens.close(QStringLiteral("Form20"));

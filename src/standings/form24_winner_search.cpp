@@ -66,7 +66,7 @@ QWidget *Form24::answer()
 void Form24::ask()
 {
     const auto show = [this](const char *name, const std::string &text) {
-        setText(QString::fromLatin1(name), QString::fromStdString(text));
+        setText(QString::fromLatin1(name), qt(text));
     };
     show("Label4", archivedWinner(context.store, m_gp.text(), m_year.text()));
     show("Label8", m_gp.text() + " " + m_year.text());

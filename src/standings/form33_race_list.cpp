@@ -58,7 +58,7 @@ void Form33::fill()
          what ? racesWith(context.main.season(), *what, driver) : std::vector<std::string>()) {
         ++row;
         m_races->model().cell(row - 1, 0).setText(QString::number(row));
-        m_races->set(u"Text3", row, QString::fromStdString(race));
+        m_races->set(u"Text3", row, qt(race));
     }
     if (row == 0)
         close();

@@ -44,13 +44,11 @@ void Form5::registerHidden()
 {
     int number = 0;
     for (const TeamLine &line : teamLines(season())) {
-        hidden(QStringLiteral("Text1"), QString::fromStdString(line.name), {}, number);
-        Control &tyre = hidden(QStringLiteral("Label3"), QString::fromStdString(line.tyre), {}, number);
+        hidden(QStringLiteral("Text1"), qt(line.name), {}, number);
+        Control &tyre = hidden(QStringLiteral("Label3"), qt(line.tyre), {}, number);
         ++number;
-        hidden(QStringLiteral("Text2"), QString::fromStdString(line.points), {}, number);
-        tyre.onPress = [this, &tyre, number] {
-            tyre.setText(QString::fromStdString(changeTyre(season(), season().ecurie(number))));
-        };
+        hidden(QStringLiteral("Text2"), qt(line.points), {}, number);
+        tyre.onPress = [this, &tyre, number] { tyre.setText(qt(changeTyre(season(), season().ecurie(number)))); };
     }
 }
 

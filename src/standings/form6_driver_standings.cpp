@@ -34,9 +34,9 @@ Form6::Form6(Context &theContext, const QString &name, const QString &title)
     int number = 0;
     for (const DriverLine &line : driverLines(season())) {
         ++number;
-        hidden(QStringLiteral("Text1"), QString::fromStdString(line.name), {}, number);
-        hidden(QStringLiteral("Text2"), QString::fromStdString(line.points), {}, number);
-        hidden(QStringLiteral("Label11"), QString::fromStdString(line.team), {}, number);
+        hidden(QStringLiteral("Text1"), qt(line.name), {}, number);
+        hidden(QStringLiteral("Text2"), qt(line.points), {}, number);
+        hidden(QStringLiteral("Label11"), qt(line.team), {}, number);
     }
     const DriverStandings standings = driverStandings(season(), m_favourite.text());
     hidden(QStringLiteral("first"), standings.leader ? QString::number(*standings.leader) : QString());

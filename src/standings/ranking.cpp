@@ -45,6 +45,17 @@ std::vector<std::optional<int>> rankedRows(const std::vector<Entry> &entries, Ra
     return rows;
 }
 
+void enterRanked(const std::vector<Entry> &entries, RankingRule rule, std::size_t rows,
+                 const std::function<void(std::size_t row, std::size_t entry)> &enter)
+{
+    std::size_t entry = 0;
+    for (const auto &row : rankedRows(entries, rule)) {
+        if (row && static_cast<std::size_t>(*row) <= rows)
+            enter(static_cast<std::size_t>(*row - 1), entry);
+        ++entry;
+    }
+}
+
 void measure(Standings &standings, std::size_t row, const Numbers &numbers)
 {
     standings.rank = 1;

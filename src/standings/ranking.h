@@ -4,6 +4,7 @@
 // one with the lower driver number stands first; nothing but the value decides.
 #include "store/number.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -28,6 +29,10 @@ struct RankingRule {
 
 // The row of each entry, counted from 1, in the order of the entries; absent for an entry without a name.
 std::vector<std::optional<int>> rankedRows(const std::vector<Entry> &entries, RankingRule rule = {});
+
+// Calls `enter` for each entry that finds one of so many rows, in the order of the entries; both count from 0.
+void enterRanked(const std::vector<Entry> &entries, RankingRule rule, std::size_t rows,
+                 const std::function<void(std::size_t row, std::size_t entry)> &enter);
 
 // A row of a championship table. A free row is empty.
 struct StandingsRow {

@@ -9,15 +9,6 @@
 
 namespace circuidex {
 
-namespace {
-
-QString qt(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-}
-
 Form14::Form14(Context &theContext, const QString &name, const QString &title) :
     Screen(theContext, name, title), m_main(theContext.main)
 {

@@ -17,11 +17,6 @@ constexpr int barColumn = 3, nameWidth = 160, figureWidth = 64; // pixels, as th
 constexpr int barWidth = static_cast<int>(fullBar / twipsPerPixel) + 12;
 const QString winsScreen = QStringLiteral("Form23"), racesScreen = QStringLiteral("Form33");
 
-QString qt(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 // Draws the bar of a row, its caption in white on it: the name alone where the figure doesn't fit behind it, and
 // nothing where the name doesn't fit either.
 class BarDelegate : public QStyledItemDelegate {

@@ -102,17 +102,12 @@ std::vector<Entry> entriesOf(const StatisticTable &made, const Numbers &numbers)
 
 void place(StatisticTable &made, const Numbers &numbers)
 {
-    const auto rows = rankedRows(entriesOf(made, numbers));
     made.table.rows.resize(driverSlots);
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        if (!rows[i] || *rows[i] > driverSlots)
-            continue;
-        StandingsRow &row = made.table.rows[static_cast<std::size_t>(*rows[i] - 1)];
-        row.name = made.names[i];
-        row.points = made.figures[i];
-        if (*rows[i] == 1)
+    enterRanked(entriesOf(made, numbers), {}, driverSlots, [&](std::size_t row, std::size_t i) {
+        made.table.rows[row] = {made.names[i], made.figures[i], {}, {}};
+        if (row == 0)
             made.first = static_cast<int>(i + 1);
-    }
+    });
     measure(made.table, 0, numbers);
 }
 
