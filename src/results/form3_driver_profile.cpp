@@ -139,11 +139,8 @@ QWidget *Form3::figuresCard()
     sentence->addStretch(1);
     grid->addLayout(sentence, at, 0, 1, 2);
     compareButton(*grid, at++, "Command15", "Command7");
-    auto *titles = new QHBoxLayout;
-    titles->setSpacing(6);
-    titles->addWidget(styled(QStringLiteral("Champion du monde:"), "hint"));
-    titles->addWidget(add(QStringLiteral("Text3"), new Edit), 1);
-    grid->addLayout(titles, at, 0, 1, 3);
+    grid->addWidget(styled(QStringLiteral("Champion du monde:"), "hint"), at++, 0, 1, 3);
+    grid->addWidget(add(QStringLiteral("Text3"), new Edit), at, 0, 1, 3); // room for seven titles and more
     grid->setColumnStretch(1, 1);
     return card({}, grid);
 }
