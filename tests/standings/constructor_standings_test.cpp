@@ -1,24 +1,11 @@
 #include "standings/constructor_standings.h"
 
-#include "results/season_fixture.h"
+#include "standings/standings_lines.h"
 
 using namespace circuidex;
 using namespace circuidex::test;
 
 namespace {
-
-// "1 Ferrari 158 0" for every row that isn't blank.
-Lines rowsOf(const Standings &standings)
-{
-    Lines lines;
-    int rank = 0;
-    for (const StandingsRow &row : standings.rows) {
-        ++rank;
-        if (!row.name.empty() || !row.points.empty() || !row.gap.empty())
-            lines.push_back(std::to_string(rank) + " " + row.name + " " + row.points + " " + row.gap);
-    }
-    return lines;
-}
 
 // A season of the drivers' teams, "A A B - C" from number 1 on, and of the teams' points, "A 10 | B 5".
 class TeamTable : public testing::Test {
@@ -44,13 +31,9 @@ TEST(ConstructorStandings, EqualTheOfficialTables)
     Desk desk;
     for (const std::string year : {"2003", "2004"}) {
         Lines official;
-        int best = -1;
-        for (const std::string &line : linesOf(CIRCUIDEX_TESTDATA "/" + year + ".standings.tsv"))
-            if (const Lines row = split(line, '\t'); row[0] == "TEAM") {
-                best = best < 0 ? std::stoi(row[3]) : best;
-                official.push_back(row[1] + " " + row[2] + " " + row[3] + " " +
-                                   std::to_string(std::stoi(row[3]) - best));
-            }
+        const auto table = officialTable(year, "TEAM");
+        for (const TableRow &row : table)
+            official.push_back(officialLine(official.size() + 1, row, "", table[0]));
         const Standings standings = constructorStandings(Season(desk.store, year), "");
         EXPECT_EQ(rowsOf(standings), official) << year;
         EXPECT_EQ(official.size(), 10u) << year;
