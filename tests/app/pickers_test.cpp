@@ -109,6 +109,13 @@ TEST_F(PickersTest, OpenScreensAreServed)
     }
 }
 
+// A screen that was closed in the meantime isn't opened again.
+TEST_F(PickersTest, ClosedScreensStayClosed)
+{
+    EXPECT_EQ(pick(PickList::drivers, "n3", 0) + pick(PickList::grandsPrix, "a1", 0), QString());
+    EXPECT_TRUE(screens.openNames().isEmpty());
+}
+
 // Without a word a driver's wins are shown, whether their screen was open or not.
 TEST_F(PickersTest, ADriverThatNobodyAskedForShowsHisWins)
 {

@@ -140,4 +140,14 @@ TEST(KeptSettings, StandUnderTheirKeys)
     }
 }
 
+TEST_F(SeasonCharts, AreFlatWithoutASubject)
+{
+    desk.write("2003 [N°] nbpts=77"); // nobody's
+    SeasonChart chart(form8);
+    show(chart);
+    choose(chart, "1,-");
+    EXPECT_EQ(chart.curve(1).y, flat(10320).y);
+    EXPECT_EQ(chart.name(1) + chart.pair(0).totalB, "");
+}
+
 }

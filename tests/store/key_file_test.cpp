@@ -132,7 +132,7 @@ TEST(KeyFile, OddNamesLeaveTheRestReadable)
 // files of bytes by chance.
 TEST(KeyFile, AnswersLikeTheReferenceOverRandomReadsAndWrites)
 {
-    const std::vector<std::string> sections = {"N\xB0", "gp", "podium", "\xC9t\xE9", "a b", "n\xB0", "GP"};
+    const std::vector<std::string> sections = {"N\xB0", "gp", "podium", "\xC9t\xE9", "a b", "n\xB0", "GP", "a"};
     const std::vector<std::string> names = {"nom1",          "NOM1", "\xE9quipe", "\xC9quipe",
                                             "Br\xE9sil/gp4", "",     "a",         "alone"};
     const std::vector<std::string> odds = {"[gp]", "  [ a b ] x", "",     "  ", "; note", "alone",
@@ -149,9 +149,11 @@ TEST(KeyFile, AnswersLikeTheReferenceOverRandomReadsAndWrites)
         circuidex::naive::KeyFile expected(bytes);
         KeyFile file(bytes);
         for (int step = 0; step < 60; ++step) {
-            const std::string section = pick(sections), name = pick(names);
+            const std::string section = pick(sections);
+            const std::string name = random() % 8 ? pick(names) : bytes.substr(0, random() % 8);
             if (random() % 2) {
-                const std::string value(random() % 9, static_cast<char>('a' + step % 26));
+                const std::string text(random() % 9, static_cast<char>('a' + step % 26));
+                const std::string value = random() % 8 ? text : bytes.substr(0, random() % 20);
                 expected.set(section, name, value);
                 file.set(section, name, value);
             }
