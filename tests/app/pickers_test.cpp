@@ -18,11 +18,11 @@ class StandIn : public Screen {
 public:
     StandIn(Context &theContext, const QString &name, const QString &title) : Screen(theContext, name, title)
     {
-        for (const char *box : {"Text1", "Text5", "no", "Label16"})
+        for (const char *box : {"Text1", "Text5", "no", "nopilot", "Label16"})
             note(QString::fromLatin1(box), std::nullopt);
         note(QStringLiteral("Text3"), 4);
         note(QStringLiteral("Text99"), 7);
-        for (const char *button : {"Command1", "Command2", "Command55"})
+        for (const char *button : {"Command1", "Command2", "Command3", "Command7", "Command8", "Command55"})
             hidden(QString::fromLatin1(button), {},
                    [this, button] { journal << this->name() + u'.' + QString::fromLatin1(button); });
     }
@@ -80,8 +80,8 @@ protected:
     QueuedDialogs dialogs;
     RecordingPlatform platform;
     MainScreen main{store, dialogs};
-    Screens screens{
-        rowsWith({"Form1", "Form8", "Form20", "Form23", "Form34", "Form48", "Form60", "Form61", "Form78", "Form94"})};
+    Screens screens{rowsWith({"Form1", "Form3", "Form8", "Form14", "Form20", "Form23", "Form34", "Form48", "Form60",
+                              "Form61", "Form78", "Form94"})};
     Context context{store, main, dialogs, platform, screens};
 };
 
@@ -114,6 +114,14 @@ TEST_F(PickersTest, ClosedScreensStayClosed)
 {
     EXPECT_EQ(pick(PickList::drivers, "n3", 0) + pick(PickList::grandsPrix, "a1", 0), QString());
     EXPECT_TRUE(screens.openNames().isEmpty());
+}
+
+TEST_F(PickersTest, TheProfileStepsWithItsSheet)
+{
+    screens.open(QStringLiteral("Form3"));
+    screens.open(QStringLiteral("Form14"));
+    EXPECT_EQ(pick(PickList::drivers, "fr3", 25).toStdString(),
+              "Form3.nopilot=26, Form3.Command7, Form3.Command8, Form14.Command2, Form14.Command3, Form3.Command3");
 }
 
 // Without a word a driver's wins are shown, whether their screen was open or not.

@@ -140,6 +140,17 @@ TEST(KeptSettings, StandUnderTheirKeys)
     }
 }
 
+TEST_F(SeasonCharts, ShowTheAverageOfTheLineInFrontUntilTheNextDrawing)
+{
+    SeasonChart chart(form45);
+    show(chart);
+    EXPECT_FALSE(chart.averageShown());
+    chart.highlight(0, desk.store.numbers());
+    EXPECT_TRUE(chart.averageShown());
+    chart.draw(season(), scale);
+    EXPECT_FALSE(chart.averageShown());
+}
+
 TEST_F(SeasonCharts, AreFlatWithoutASubject)
 {
     desk.write("2003 [N°] nbpts=77"); // nobody's

@@ -30,7 +30,7 @@ TEST(KeyFile, FindsValues)
         {"MissingKey", "[a]\r\nk=1\r\n", "a", "j", "(none)"},
         {"MissingSection", "[a]\r\nk=1\r\n", "b", "k", "(none)"},
         {"EmptyValue", "[a]\r\nk=\r\n", "a", "k", ""},
-        {"OtherCase", "[gp]\r\nNom7=x\r\n", "GP", "nOM7", "x"},
+        {"OtherCase", "[gp]\r\nNomAZ7=x\r\n", "GP", "nOMaz7", "x"},
         {"AccentInOtherCase", "[\xC9t\xE9]\r\n\x9Cuf\xFF=x\r\n", "\xE9T\xC9", "\x8CUF\x9F", "x"},
         {"TimesIsNoLetter", "[a]\r\n\xD7=x\r\n", "a", "\xF7", "(none)"},
         {"AccentIsNotItsBaseLetter", "[a]\r\nBr\xE9sil=x\r\n", "a", "Bresil", "(none)"},
