@@ -1,11 +1,8 @@
 // What the user is asked and told of files that can't be trusted, and of a folder that is open already.
-#include "app/driver.h"
-
-#include "store/temporary_folder.h"
-
-#include <gtest/gtest.h>
+#include "shell/driven_program.h"
 
 using namespace circuidex;
+using circuidex::test::answer;
 using circuidex::test::content;
 using circuidex::test::layDown;
 using circuidex::test::TemporaryFolder;
@@ -23,10 +20,7 @@ protected:
         fs::copy(file(), folder / "Sauvegardes/2005-10-09_2130/f12005.ini");
         layDown(file(), spoilt);
     }
-    std::string say(const char *command)
-    {
-        return driver->execute(QString::fromUtf8(command)).value_or(QString()).toStdString();
-    }
+    std::string say(const char *command) { return answer(*driver, command); }
     fs::path file() const { return folder / "f12005.ini"; }
 
     const std::string spoilt = "PK\x03\x04" + std::string(300, '\0');
@@ -95,21 +89,18 @@ TEST(TwoPrograms, TheOneThatReadsOnlySeesTheOthersWorkAndSaysSo)
     fs::copy(CIRCUIDEX_SAMPLE, folder.path());
     Driver writer(folder.path(), Numbers()), reader(folder.path(), Numbers());
     reader.program().store().setReadOnly();
-    const auto say = [](Driver &driver, const char *command) {
-        return driver.execute(QString::fromUtf8(command)).value_or(QString()).toStdString();
-    };
-    say(writer, "start");
-    say(reader, "start");
-    say(reader, "settle");
-    EXPECT_EQ(say(reader, "get Form1.nonconservees"), "Lecture seule : les modifications ne sont pas conservées.");
-    say(writer, "write f12005.ini [gp] nogp=7");
-    EXPECT_EQ(say(reader, "read f12005.ini [gp] nogp"), "7");
+    answer(writer, "start");
+    answer(reader, "start");
+    answer(reader, "settle");
+    EXPECT_EQ(answer(reader, "get Form1.nonconservees"), "Lecture seule : les modifications ne sont pas conservées.");
+    answer(writer, "write f12005.ini [gp] nogp=7");
+    EXPECT_EQ(answer(reader, "read f12005.ini [gp] nogp"), "7");
     const std::string before = content(folder / "f12005.ini");
-    say(reader, "write f12005.ini [gp] nogp=8");
-    say(reader, "press Form1.Label36");
-    say(reader, "press Form1.Command5");
+    answer(reader, "write f12005.ini [gp] nogp=8");
+    answer(reader, "press Form1.Label36");
+    answer(reader, "press Form1.Command5");
     EXPECT_EQ(content(folder / "f12005.ini"), before);
-    EXPECT_EQ(say(writer, "read f12005.ini [gp] nogp"), "7");
+    EXPECT_EQ(answer(writer, "read f12005.ini [gp] nogp"), "7");
 }
 
 }

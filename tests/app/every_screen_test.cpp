@@ -1,25 +1,15 @@
 // Every screen of the program opens, shows itself and closes: on full seasons, in an empty folder, on files that are no
 // seasons, and in a folder that is gone.
-#include "app/driver.h"
 #include "platform/qt_platform.h"
+#include "shell/driven_program.h"
 
 #include <QAbstractItemModelTester>
-#include <QFile>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
-
 #include <random>
 
 using namespace circuidex;
+using namespace circuidex::test;
 
 namespace {
-
-void write(const QTemporaryDir &folder, const char *name, const std::string &bytes)
-{
-    QFile file(folder.filePath(QString::fromUtf8(name)));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    ASSERT_EQ(file.write(bytes.data(), static_cast<qint64>(bytes.size())), static_cast<qint64>(bytes.size()));
-}
 
 std::string randomBytes(std::size_t size)
 {
@@ -36,7 +26,11 @@ std::string absurdSeason()
     std::string text = "[N°]\r\n";
     for (int n = 0; n < 40; ++n)
         for (const char *key : {"nom", "ecurie", "nbpts", "vic", "pol", "podiums", "ptstot", "nbgp", "path", "pi"})
-            text += key + std::to_string(n) + "=" + (n % 3 == 0 ? std::string(300, 'x') : n % 3 == 1 ? "1e308" : "-\\..\\") + "\r\n";
+            text += key + std::to_string(n) + "=" +
+                (n % 3 == 0       ? std::string(300, 'x')
+                     : n % 3 == 1 ? "1e308"
+                                  : "-\\..\\") +
+                "\r\n";
     text += "[gp]\r\nnogp=99999999999999999999\r\n";
     for (int k = -5; k < 40; ++k)
         text += "namegp" + std::to_string(k) + "=Monaco\r\n";
@@ -49,112 +43,98 @@ std::string absurdSeason()
 
 struct Folder {
     const char *name;
-    void (*fill)(QTemporaryDir &);
+    void (*fill)(const TemporaryFolder &);
 };
 
-void copySample(QTemporaryDir &folder)
-{
-    for (const char *name : {"f12003.ini", "f12004.ini", "f12005.ini", "f1ARCHIVES.ini", "Année"})
-        ASSERT_TRUE(QFile::copy(QString::fromUtf8(CIRCUIDEX_SAMPLE "/") + QString::fromUtf8(name),
-                                folder.filePath(QString::fromUtf8(name))));
-}
+const auto sampleFiles = {"f12003.ini", "f12004.ini", "f12005.ini", "f1ARCHIVES.ini", "Année"};
 
-void scatterBytes(QTemporaryDir &folder)
+void scatterBytes(const TemporaryFolder &folder)
 {
     for (const char *name : {"f12005.ini", "f1ARCHIVES.ini", "f1galerie.ini", "Année"})
-        write(folder, name, randomBytes(20000));
+        layDown(folder / name, randomBytes(20000));
 }
 
-void writeHuge(QTemporaryDir &folder)
+void writeHuge(const TemporaryFolder &folder)
 {
     std::string text = "[gp]\r\nnamegp0=" + std::string(100000, 'M') + "\r\n";
     while (text.size() < 10'000'000)
         text += std::string(100000, 'k') + "=" + std::string(100000, 'v') + "\r\n";
-    write(folder, "f12005.ini", text);
+    layDown(folder / "f12005.ini", text);
 }
 
 const Folder folders[] = {
-    {"sample", copySample},
-    {"empty", [](QTemporaryDir &) {}},
+    {"sample", [](const TemporaryFolder &folder) { copySample(folder, sampleFiles); }},
+    {"empty", [](const TemporaryFolder &) {}},
     {"bytes", scatterBytes},
     {"huge", writeHuge},
-    {"absurd", [](QTemporaryDir &folder) { write(folder, "f12005.ini", absurdSeason()); }},
-    {"gone", [](QTemporaryDir &folder) { folder.remove(); }},
+    {"absurd", [](const TemporaryFolder &folder) { layDown(folder / "f12005.ini", absurdSeason()); }},
+    {"gone", [](const TemporaryFolder &folder) { std::filesystem::remove_all(folder.path()); }},
 };
 
-class EveryScreen : public testing::TestWithParam<Folder> {};
+class EveryScreen : public testing::TestWithParam<Folder> { };
 
 TEST_P(EveryScreen, OpensAndCloses)
 {
-    QTemporaryDir folder;
+    const TemporaryFolder folder;
     GetParam().fill(folder);
-    Driver driver(folder.path().toStdString(), Numbers(','));
-    const auto say = [&](const QString &command) { return driver.execute(command).value_or(QString()).toStdString(); };
-    ASSERT_EQ(say(QStringLiteral("start")), "ok");
+    Driver driver(folder.path(), Numbers(','));
+    ASSERT_EQ(answer(driver, "start"), "ok");
     Screens &screens = driver.program().screens();
     for (const ScreenRow &row : screens.rows()) {
-        SCOPED_TRACE(row.name.toStdString());
-        if (row.name == u"Form1")
+        const std::string name = row.name.toStdString();
+        SCOPED_TRACE(name);
+        if (name == "Form1")
             continue;
-        EXPECT_EQ(say(QStringLiteral("open ") + row.name), "ok");
-        EXPECT_EQ(say(QStringLiteral("settle")), "ok");
-        const Screen *screen = screens.find(row.name);
-        if (row.name == u"Form33") { // with no number to explain it closes by itself
+        EXPECT_EQ(answer(driver, "open " + name), "ok");
+        EXPECT_EQ(answer(driver, "settle"), "ok");
+        Screen *screen = screens.find(row.name);
+        if (name == "Form33") { // with no number to explain it closes by itself
             EXPECT_EQ(screen, nullptr);
             continue;
         }
         ASSERT_NE(screen, nullptr);
-        EXPECT_FALSE(const_cast<Screen *>(screen)->grab().isNull());
+        EXPECT_FALSE(screen->grab().isNull());
         for (Table *table : screen->tables())
             QAbstractItemModelTester(&table->model(), QAbstractItemModelTester::FailureReportingMode::Fatal);
         for (const QString &control : screen->controlNames())
-            for (const char *command : {"get ", "tip ", "geom ", "back ", "tag "}) {
-                const QString reference = row.name + u'.' + control;
-                EXPECT_TRUE(driver.execute(QString::fromLatin1(command) + reference).has_value());
-            }
-        say(QStringLiteral("close ") + row.name);
-        EXPECT_EQ(say(QStringLiteral("isopen ") + row.name), "no");
+            for (const char *command : {"get ", "tip ", "geom ", "back ", "tag "})
+                EXPECT_TRUE(driver.execute(QString::fromLatin1(command) + row.name + u'.' + control).has_value());
+        answer(driver, "close " + name);
+        EXPECT_EQ(answer(driver, "isopen " + name), "no");
     }
-    EXPECT_EQ(say(QStringLiteral("messages")), "");
+    EXPECT_EQ(answer(driver, "messages"), "");
 }
 
 INSTANTIATE_TEST_SUITE_P(Folders, EveryScreen, testing::ValuesIn(folders),
                          [](const auto &folder) { return std::string(folder.param.name); });
 
+class OnTheSample : public DrivenProgram {
+protected:
+    OnTheSample() : DrivenProgram(sampleFiles) { }
+};
+
 // Changes that can't be kept are said on the quiet line, and no more once they can be again.
-TEST(LostWrites, AreSaidQuietly)
+TEST_F(OnTheSample, LostWritesAreSaidQuietly)
 {
-    QTemporaryDir folder;
-    copySample(folder);
-    Driver driver(folder.path().toStdString(), Numbers());
-    const auto say = [&](const char *command) { return driver.execute(QString::fromUtf8(command)).value_or(QString()).toStdString(); };
-    say("start");
     EXPECT_EQ(say("get Form1.nonconservees"), "");
-    QFile::remove(folder.filePath(QStringLiteral("f12005.ini")));
-    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("f12005.ini"))); // nothing can be written there
+    std::filesystem::remove(folder / "f12005.ini");
+    std::filesystem::create_directory(folder / "f12005.ini"); // nothing can be written there
     say("write f12005.ini [gp] nogp=3");
     EXPECT_EQ(say("get Form1.nonconservees"), "Attention : les modifications ne sont pas conservées.");
     EXPECT_EQ(say("messages"), "");
-    ASSERT_TRUE(QDir(folder.path()).rmdir(QStringLiteral("f12005.ini")));
+    std::filesystem::remove(folder / "f12005.ini");
     say("write f12005.ini [gp] nogp=3");
     EXPECT_EQ(say("get Form1.nonconservees"), "");
     EXPECT_EQ(say("read f12005.ini [gp] nogp"), "3");
 }
 
 // "Imprimer" gives a page with what the screen shows.
-TEST(Printing, MakesOnePage)
+TEST_F(OnTheSample, PrintingMakesOnePage)
 {
-    QTemporaryDir folder;
-    copySample(folder);
-    Driver driver(folder.path().toStdString(), Numbers());
-    driver.execute(QStringLiteral("start"));
-    const QString file = folder.filePath(QStringLiteral("page.pdf"));
-    ASSERT_TRUE(printScreen(*driver.program().screens().find(QStringLiteral("Form1")), file));
-    QFile page(file);
-    ASSERT_TRUE(page.open(QIODevice::ReadOnly));
-    const QByteArray bytes = page.readAll();
-    EXPECT_TRUE(bytes.startsWith("%PDF"));
-    EXPECT_GT(bytes.size(), 5000);
+    ASSERT_TRUE(printScreen(screen("Form1"), QString::fromStdString((folder / "page.pdf").string())));
+    const std::string page = content(folder / "page.pdf");
+    EXPECT_TRUE(page.starts_with("%PDF"));
+    EXPECT_GT(page.size(), 5000u);
 }
 
 }

@@ -18,7 +18,7 @@ class StandIn : public Screen {
 public:
     StandIn(Context &theContext, const QString &name, const QString &title) : Screen(theContext, name, title)
     {
-        for (const char *box : {"Text1", "Text2", "Text5", "no", "nopilot", "gp", "Label16"})
+        for (const char *box : {"Text1", "Text5", "no", "nopilot", "Label16"})
             note(QString::fromLatin1(box), std::nullopt);
         note(QStringLiteral("Text3"), 4);
         note(QStringLiteral("Text99"), 7);
@@ -112,9 +112,7 @@ TEST_F(PickersTest, OpenScreensAreServed)
 // A screen that was closed in the meantime isn't opened again.
 TEST_F(PickersTest, ClosedScreensStayClosed)
 {
-    for (const char *word : {"n3", "resum", "fr3", "class7"})
-        EXPECT_EQ(pick(PickList::drivers, word, 0), QString()) << word;
-    EXPECT_EQ(pick(PickList::grandsPrix, "a1", 0), QString());
+    EXPECT_EQ(pick(PickList::drivers, "n3", 0) + pick(PickList::grandsPrix, "a1", 0), QString());
     EXPECT_TRUE(screens.openNames().isEmpty());
 }
 

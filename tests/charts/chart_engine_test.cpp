@@ -42,105 +42,72 @@ Heights pieces(const auto &part, std::size_t count)
     return heights;
 }
 
-TEST(Vertices, AreWideForSeventeenRacesAndNarrowForThree)
+TEST(RunningTotal, AddsUp)
 {
-    EXPECT_EQ(vertex(0), 0);
-    EXPECT_EQ(vertex(1), 600);
-    EXPECT_EQ(vertex(17), 10200);
-    EXPECT_EQ(vertex(18), 10680);
-    EXPECT_EQ(vertex(20), 11640);
+    struct Case {
+        const char *name;
+        std::optional<double> scale;
+        Values points;
+        Heights heights;
+    };
+    const Case cases[] = {
+        {"plain", 50, values({10, 8, 6}), {10320, 9820, 9420, 9120}},
+        {"gaps are flat", 50, values({10, none, none, 1}), {10320, 9820, 9820, 9820, 9770}},
+        {"half points", 30, values({2.5, 0.5}), {10320, 10245, 10230}},
+        {"negative points fall", 50, values({10, -4}), {10320, 9820, 10020}},
+        {"scale of text", none, values({10, 8}), {10320, 10320, 10320}},
+        {"scale of zero", 0, values({10, 8}), {10320, 10320, 10320}},
+        {"out of the frame", 100, values({100}), {10320, 320}},
+        {"nobody at all", 50, {}, {10320, 10320, 10320}},
+        {"beyond all numbers", 1e300, values({1e300, 1}), {10320, 10320, -1e300}},
+    };
+    for (const Case &c : cases)
+        EXPECT_EQ(start(runningTotal(10320, c.scale, c.points), c.heights.size() - 1), c.heights) << c.name;
+    EXPECT_EQ(runningTotal(10320, 50, values({10})).at(19), 9820) << "flat to the end of the paper";
 }
-
-struct TotalCase {
-    const char *name;
-    std::optional<double> scale;
-    Values points;
-    Heights heights;
-};
-
-class RunningTotal : public testing::TestWithParam<TotalCase> { };
-
-TEST_P(RunningTotal, AddsUp)
-{
-    const auto &[name, scale, points, heights] = GetParam();
-    EXPECT_EQ(start(runningTotal(10320, scale, points), heights.size() - 1), heights);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Points, RunningTotal,
-    testing::Values(TotalCase{"Plain", 50, values({10, 8, 6}), {10320, 9820, 9420, 9120}},
-                    TotalCase{"GapsAreFlat", 50, values({10, none, none, 1}), {10320, 9820, 9820, 9820, 9770}},
-                    TotalCase{"HalfPoints", 30, values({2.5, 0.5}), {10320, 10245, 10230}},
-                    TotalCase{"NegativePointsFall", 50, values({10, -4}), {10320, 9820, 10020}},
-                    TotalCase{"ScaleOfText", none, values({10, 8}), {10320, 10320, 10320}},
-                    TotalCase{"ScaleOfZero", 0, values({10, 8}), {10320, 10320, 10320}},
-                    TotalCase{"OutOfTheFrame", 100, values({100}), {10320, 320}},
-                    TotalCase{"NobodyAtAll", 50, {}, {10320, 10320, 10320}},
-                    TotalCase{"BeyondAllNumbers", 1e300, values({1e300, 1}), {10320, 10320, -1e300}}),
-    [](const auto &each) { return each.param.name; });
-
-TEST(RunningTotal, GoesOnFlatToTheEndOfThePaper)
-{
-    EXPECT_EQ(runningTotal(10320, 50, values({10})).at(19), 9820);
-}
-
-struct LevelCase {
-    const char *name;
-    Level level;
-    Values values;
-    Heights heights;
-};
 
 constexpr Level arrival{8280, 800, 9}, grid{8280, 313, 23}, points{8280, 350, none};
 
-class Levels : public testing::TestWithParam<LevelCase> { };
-
-TEST_P(Levels, DrawEachValueByItself)
+TEST(Levels, DrawEachValueByItself)
 {
-    const auto &[name, level, given, heights] = GetParam();
-    EXPECT_EQ(start(levels(level, given), heights.size() - 1), heights);
+    struct Case {
+        const char *name;
+        Level level;
+        Values values;
+        Heights heights;
+    };
+    const Case cases[] = {
+        {"first, then absent", arrival, values({1, 9}), {1880, 1880, 8280}},
+        {"starts level", arrival, values({4, 8}), {4280, 4280, 7480}},
+        {"pole, then not on the grid", grid, values({1, 23}), {1394, 1394, 8280}},
+        {"points", points, values({18, 0, 2.5}), {1980, 1980, 8280, 7405}},
+        {"empty is flat", points, values({4, none, 6}), {6880, 6880, 6880, 6180}},
+        {"empty at first is on the base", points, values({none, 10}), {8280, 8280, 4780}},
+        {"nobody at all", points, {}, {8280, 8280, 8280}},
+    };
+    for (const Case &c : cases)
+        EXPECT_EQ(start(levels(c.level, c.values), c.heights.size() - 1), c.heights) << c.name;
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Charts, Levels,
-    testing::Values(LevelCase{"FirstThenAbsent", arrival, values({1, 9}), {1880, 1880, 8280}},
-                    LevelCase{"StartsLevel", arrival, values({4, 8}), {4280, 4280, 7480}},
-                    LevelCase{"PoleThenNotOnGrid", grid, values({1, 23}), {1394, 1394, 8280}},
-                    LevelCase{"Points", points, values({18, 0, 2.5}), {1980, 1980, 8280, 7405}},
-                    LevelCase{"EmptyIsFlat", points, values({4, none, 6}), {6880, 6880, 6880, 6180}},
-                    LevelCase{"EmptyAtFirstIsOnTheBase", points, values({none, 10}), {8280, 8280, 4780}},
-                    LevelCase{"NobodyAtAll", points, {}, {8280, 8280, 8280}}),
-    [](const auto &each) { return each.param.name; });
 
 TEST(Gains, StartFromTheBaseEach)
 {
-    Curve curve = flat(500);
+    Curve curve = flat(500), ofText = flat(500);
     drawGains(curve, 8569, 219, values({3, none, -2, 0}));
     EXPECT_EQ(start(curve, 4), (Heights{8569, 7912, 8569, 9007, 8569}));
     EXPECT_EQ(curve.at(19), 8569);
-}
-
-TEST(Gains, KeepTheLastHeightUnderAScaleOfText)
-{
-    Curve curve = flat(500);
-    drawGains(curve, 8569, none, values({3, none, 0}));
-    EXPECT_EQ(start(curve, 3), (Heights{8569, 500, 8569, 500}));
+    drawGains(ofText, 8569, none, values({3, none, 0})); // under such a scale the last height stays
+    EXPECT_EQ(start(ofText, 3), (Heights{8569, 500, 8569, 500}));
 }
 
 TEST(CumulatedGains, AddUpAndStartAnewWithoutAPlaceOnTheGrid)
 {
-    Curve curve = flat(0);
+    Curve curve = flat(0), ofText = flat(500);
     Slots restarts;
     restarts.set(3);
     drawCumulatedGains(curve, 8569, 109.5, values({2, none, -1, none, 4}), restarts);
     EXPECT_EQ(start(curve, 5), (Heights{8569, 8350, 8350, 8459.5, 8569, 8131}));
-}
-
-TEST(CumulatedGains, KeepTheLastHeightUnderAScaleOfText)
-{
-    Curve curve = flat(500);
-    drawCumulatedGains(curve, 8569, none, values({2, none}), {});
-    EXPECT_EQ(start(curve, 2), (Heights{8569, 500, 500}));
+    drawCumulatedGains(ofText, 8569, none, values({2, none}), {});
+    EXPECT_EQ(start(ofText, 2), (Heights{8569, 500, 500}));
 }
 
 TEST(Mask, StandsJustBehindTheLastRaceThatCounts)
@@ -161,12 +128,6 @@ TEST(LineWidth, TakesWholePixels)
     for (const auto &[number, width] : cases)
         EXPECT_EQ(lineWidth(number), width) << number.value_or(-999);
     EXPECT_EQ(lineWidth(std::numeric_limits<double>::quiet_NaN()), none);
-}
-
-TEST(Highlight, ThickensOneLine)
-{
-    EXPECT_EQ(highlighted(0), (Widths{3, 1, 1, 1}));
-    EXPECT_EQ(highlighted(3), (Widths{1, 1, 1, 3}));
 }
 
 TEST(AverageOfValues, GoesThroughFewerRacesAtFirst)
@@ -212,33 +173,31 @@ TEST(AverageOfCurve, IsTakenOfTheHeightsAndBeginsWithTheThirdRace)
     EXPECT_DOUBLE_EQ(average.rest[16].y2, (17 * 17 + 18 * 18 + 19 * 19) / 3.);
 }
 
-struct TickCase {
-    const char *name;
-    double base;
-    std::optional<double> unit;
-    Heights values;
-};
-
-class AxisTicks : public testing::TestWithParam<TickCase> { };
-
-TEST_P(AxisTicks, AreRoundAndInsideTheFrame)
+TEST(AxisTicks, AreRoundAndInsideTheFrame)
 {
-    const auto &[name, base, unit, expected] = GetParam();
-    Heights found;
-    for (const Tick &tick : axisTicks(base, unit, 2760, 10455)) {
-        found.push_back(tick.value);
-        EXPECT_EQ(tick.y, base - tick.value * *unit);
+    struct Case {
+        const char *name;
+        double base;
+        std::optional<double> unit;
+        Heights values;
+    };
+    const Case cases[] = {
+        {"usual", 10320, 50, {0, 20, 40, 60, 80, 100, 120, 140}},
+        {"large", 10320, 1000, {0, 1, 2, 3, 4, 5, 6, 7}},
+        {"both ways", 8569, 219, {-5, 0, 5, 10, 15, 20, 25}},
+        {"of text", 10320, none, {}},
+        {"zero", 10320, 0, {}},
+        {"negative", 10320, -50, {}},
+        {"too small to count", 10320, 1e-320, {}},
+    };
+    for (const Case &c : cases) {
+        Heights found;
+        for (const Tick &tick : axisTicks(c.base, c.unit, 2760, 10455)) {
+            found.push_back(tick.value);
+            EXPECT_EQ(tick.y, c.base - tick.value * *c.unit) << c.name;
+        }
+        EXPECT_EQ(found, c.values) << c.name;
     }
-    EXPECT_EQ(found, expected);
 }
-
-INSTANTIATE_TEST_SUITE_P(Scales, AxisTicks,
-                         testing::Values(TickCase{"Usual", 10320, 50, {0, 20, 40, 60, 80, 100, 120, 140}},
-                                         TickCase{"Large", 10320, 1000, {0, 1, 2, 3, 4, 5, 6, 7}},
-                                         TickCase{"BothWays", 8569, 219, {-5, 0, 5, 10, 15, 20, 25}},
-                                         TickCase{"OfText", 10320, none, {}}, TickCase{"Zero", 10320, 0, {}},
-                                         TickCase{"Negative", 10320, -50, {}},
-                                         TickCase{"TooSmallToCount", 10320, 1e-320, {}}),
-                         [](const auto &each) { return each.param.name; });
 
 }

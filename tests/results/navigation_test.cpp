@@ -3,8 +3,6 @@
 #include "results/media_of_grand_prix.h"
 #include "results/season_fixture.h"
 
-#include <set>
-
 using namespace circuidex;
 using namespace circuidex::test;
 
@@ -39,34 +37,6 @@ TEST(Navigation, ShowsEachGrandPrixOfTheCircle)
                      "2005 1 Malaisie 20/03: 5 15 8 10 16 13 1 14 / Fernando Alonso / 5 / ",
                      "2005 2 Bahreïn 03/04: 5 15 9 16 22 7 12 13 / Fernando Alonso / 5 / "}));
     EXPECT_EQ(back, (Lines{forth[2], forth[1], forth[0]}));
-}
-
-TEST(Navigation, ComesRoundAfterTwentySteps)
-{
-    Desk desk;
-    for (void (*step)(MainScreen &) : {nextGrandPrix, previousGrandPrix}) {
-        std::set<std::string> slots;
-        desk.show(7);
-        const std::string start = shown(desk.main);
-        for (int i = 0; i < gpSlots; ++i) {
-            step(desk.main);
-            slots.insert(desk.main.Label40.text());
-        }
-        EXPECT_EQ(slots.size(), 20u);
-        EXPECT_EQ(shown(desk.main), start);
-    }
-}
-
-TEST(Navigation, ShowsAGrandPrixByNameWithoutMovingTheCursor)
-{
-    Desk desk;
-    desk.show(3);
-    desk.main.gp.set("Grande bretagne");
-    showGrandPrix(desk.main);
-    EXPECT_EQ(shown(desk.main).substr(0, 36), "2005 3 Grande bretagne 10/07: 10 5 9");
-    desk.main.gp.set("Pays-bas");
-    showGrandPrix(desk.main);
-    EXPECT_EQ(shown(desk.main), "2005 3 Pays-bas :         /  /  / ");
 }
 
 TEST(Navigation, StartsBeforeTheFirstFreeSlot)
@@ -123,32 +93,6 @@ TEST(Navigation, StartsOnTheMarkedSeason)
     }
 }
 
-TEST(Navigation, ChangesSeasonsAtTheSamePlaceOfTheCalendar)
-{
-    Desk desk;
-    desk.show(15);
-    struct Case {
-        const char *from;
-        void (*step)(MainScreen &);
-        const char *shown;
-    };
-    const Case cases[] = {
-        {"2005", previousSeason, "2004 15 Chine 26/09"},
-        {"2004", previousSeason, "2003 15 Japon 12/10"},
-        {"2003", previousSeason, "2002 15  :"},
-        {"2003", nextSeason, "2004 15 Chine 26/09"},
-        {"2005", nextSeason, "2006 15  :"},
-        {"essai", nextSeason, "essai 15  :"},
-        {"", previousSeason, " 15  :"},
-    };
-    for (const Case &c : cases) {
-        desk.main.an.set(c.from);
-        c.step(desk.main);
-        EXPECT_EQ(shown(desk.main).substr(0, std::string(c.shown).size()), c.shown) << "from " << c.from;
-    }
-    EXPECT_FALSE(std::filesystem::exists(desk.folder / "f12006.ini"));
-}
-
 // A machine on which the files of a list are there; the program folder is written "~".
 class Media : public testing::Test {
 protected:
@@ -162,12 +106,12 @@ protected:
         return std::find(there.begin(), there.end(), local(path)) == there.end() ? "" : local(path);
     }
 
-    Lines there, deleted;
+    Lines there;
     Desk desk{Desk::sample,
               '.',
               {[this](const std::string &path) { return present(path); },
                [this](const std::string &path) { return present(path); },
-               [this](const std::string &path) { deleted.push_back(local(path)); }}};
+               {}}};
 };
 
 TEST_F(Media, PicturesComeFromTheGalleryOrBesideTheProgram)
@@ -224,27 +168,6 @@ TEST_F(Media, FilmBesideTheProgramIsNotedInTheSeason)
         (Lines{"Espagne   ~\\Espagne2005.avi", "Monaco vrai D:film.avi D:film.avi", "Europe   ~\\Europe2005.avi"}));
     EXPECT_EQ(changes(before, desk.keys("2005")),
               lines("vidMonaco2005: - > " + desk.main.folder() + "\\Monaco2005.avi"));
-}
-
-TEST_F(Media, ChosenFilesGoToTheGalleryAndLeaveIt)
-{
-    desk.show(5);
-    for (const auto choose : {chooseCircuitPicture, chooseRacePicture, chooseFilm})
-        choose(desk.main); // cancelled
-    EXPECT_EQ(desk.keys("galerie"), Keys{});
-    there = {"/a.jpg", "~\\Monaco2005.avi"};
-    desk.dialogs.answers = {"/a.jpg", "/no picture", "/c.avi"};
-    for (const auto choose : {chooseCircuitPicture, chooseRacePicture, chooseFilm})
-        choose(desk.main);
-    EXPECT_EQ(changes({}, desk.keys("galerie")),
-              lines("picgpMonaco: - > /a.jpg; imgMonaco2005: - > /no picture; vidMonaco2005: - > /c.avi"));
-    EXPECT_EQ(desk.main.Image1.text() + desk.main.Image2.text() + " " + desk.main.film.text(), "/a.jpg vrai");
-
-    for (const auto remove : {removeCircuitPicture, removeRacePicture, removeFilm})
-        remove(desk.main);
-    EXPECT_EQ(changes({}, desk.keys("galerie")), Lines{});
-    EXPECT_EQ(deleted, Lines{"~\\Monaco2005.avi"}); // the film beside the program, not the chosen one
-    EXPECT_EQ(desk.main.Image2.text() + desk.main.film.text(), "");
 }
 
 }

@@ -56,31 +56,4 @@ TEST(Scale, IsInheritedAndCompleted)
     }
 }
 
-TEST(Scale, LoadingWritesNothing)
-{
-    Desk desk(Desk::empty);
-    put(desk, "2004", "9 6 4 3 2 1 0 0");
-    desk.main.refreshScale();
-    EXPECT_EQ(printed(desk.main.scale()), "9 6 4 3 2 1 0 0");
-    EXPECT_EQ(desk.folder.names(), Lines{"f12004.ini"});
-}
-
-TEST(Scale, StoredScaleIsTheSeasonsOwn)
-{
-    Desk desk(Desk::empty);
-    storeScale(desk.main.season(), {"12", "9", "", "6", "5", "4", "2,5", "0"});
-    put(desk, "2004", "1 1 1 1 1 1 1 1");
-    EXPECT_EQ(printed(loadScale(desk.main.season())), "12 9 6 6 5 4 2,5 0");
-    EXPECT_EQ(desk.read("2005 [bareme] 7") + desk.read("2005 [bareme] 3"), "2,5");
-}
-
-// The editor of the scale, while open, gives its boxes instead of the file's keys.
-TEST(Scale, RefreshAsksTheOpenEditor)
-{
-    Desk desk;
-    desk.main.closeScaleEditor = [&] { desk.main.setScale({"7", "6", "5", "4", "3", "2", "1", "0"}); };
-    desk.main.refreshScale();
-    EXPECT_EQ(printed(desk.main.scale()), "7 6 5 4 3 2 1 0");
-}
-
 }

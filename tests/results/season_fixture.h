@@ -1,7 +1,8 @@
 #pragma once
 // A program folder of a test's own, with the sample seasons or empty, the main screen's record on it, and what tests
 // say and ask: a result typed as driver numbers, a key as "2005 [N°] vic5", the keys that a step changed as printed
-// lines.
+// lines. Also the published results and tables that the sample seasons are compared with.
+#include "app/sample_data.h"
 #include "results/navigation.h"
 #include "results/recording.h"
 #include "store/temporary_folder.h"
@@ -38,6 +39,76 @@ inline Lines linesOf(const std::filesystem::path &file)
         if (!line.empty() && line.front() != '#')
             lines.push_back(line);
     return lines;
+}
+
+// A file of data/, as the sample folder is made from it.
+template <class T>
+T parsed(const std::string &name, std::optional<T> (*parse)(std::string_view, std::string &))
+{
+    std::string error;
+    auto result = parse(content(CIRCUIDEX_TESTDATA "/../../data/" + name), error);
+    EXPECT_TRUE(result) << name << ": " << error;
+    return result.value_or(T{});
+}
+inline SampleSeason published(const std::string &year)
+{
+    return parsed(year + ".saison", parseSampleSeason);
+}
+
+// Careers by name, from the published lists and race results alone.
+class PublishedCareers {
+public:
+    PublishedCareers()
+    {
+        for (const SampleCareer &career : parsed("carrieres.txt", parseSampleCareers))
+            m_careers[career.name] = career;
+    }
+    void race(const SampleSeason &season)
+    {
+        for (auto &[name, career] : m_careers)
+            career.starts += static_cast<int>(season.races.size()); // a race counts for everybody
+        for (const SampleRace &race : season.races) {
+            ++m_careers[race.pole].poles;
+            for (std::size_t i = 0; i < race.finish.size(); ++i) {
+                SampleCareer &career = m_careers[race.finish[i]];
+                career.wins += i == 0;
+                career.podiums += i < 3;
+                career.points = std::to_string(std::stoi("0" + career.points) + std::stoi(season.scale[i]));
+            }
+        }
+    }
+    const SampleCareer &of(const std::string &name) { return m_careers[name]; }
+    std::string line(const std::string &name)
+    {
+        const SampleCareer &career = of(name);
+        return std::to_string(career.starts) + " GP, " + std::to_string(career.wins) + " wins, " +
+            std::to_string(career.poles) + " poles, " + std::to_string(career.podiums) + " podiums, " + career.points;
+    }
+
+private:
+    std::map<std::string, SampleCareer> m_careers;
+};
+
+// The same of a driver as his season's file keeps it.
+inline std::string careerLine(const Season &season, int number)
+{
+    const auto total = [&](const char *key) { return season.driver(key, number); };
+    return total("nbgp") + " GP, " + total("vic") + " wins, " + total("pol") + " poles, " + total("podiums") +
+        " podiums, " + total("ptstot");
+}
+
+// The final table of a championship, "DRIVER" or "TEAM", best first.
+struct TableRow {
+    std::string name, points, wins;
+};
+
+inline std::vector<TableRow> officialTable(const std::string &year, const std::string &championship)
+{
+    std::vector<TableRow> table;
+    for (const std::string &line : linesOf(CIRCUIDEX_TESTDATA "/" + year + ".standings.tsv"))
+        if (const Lines row = split(line, '\t'); row[0] == championship)
+            table.push_back({row[2], row[3], row[4]});
+    return table;
 }
 
 // The keys of a file as any reader of such files finds them, "[section] key" and value.
@@ -80,11 +151,14 @@ inline Lines changes(const Keys &before, const Keys &after)
 }
 
 // The same typed in a test, separated by semicolons, in any order.
+inline Lines sorted(Lines all)
+{
+    std::sort(all.begin(), all.end());
+    return all;
+}
 inline Lines lines(const std::string &text)
 {
-    Lines typed = split(text, ';');
-    std::sort(typed.begin(), typed.end());
-    return typed;
+    return sorted(split(text, ';'));
 }
 
 // Takes the lines with this text out of the list.

@@ -7,14 +7,6 @@ using namespace circuidex::test;
 
 namespace {
 
-TEST(TeamList, OfTheRealSeason)
-{
-    Desk desk;
-    EXPECT_EQ(teamList(desk.main.season()),
-              (Lines{"Ferrari", "BAR", "Renault", "Williams", "McLaren", "Sauber", "Red Bull", "Toyota", "Jordan",
-                     "Minardi"}));
-}
-
 // Teams by driver, "-" for none; what the list shows.
 TEST(TeamList, StandsInTheOrderOfFirstDrivers)
 {

@@ -1,15 +1,12 @@
 // A chart under the mouse and the keyboard, and its pictures for other programs.
-#include "app/driver.h"
 #include "shell/chart_view.h"
+#include "shell/driven_program.h"
 
 #include <QApplication>
 #include <QClipboard>
-#include <QFile>
 #include <QPainter>
 #include <QSvgRenderer>
-#include <QTemporaryDir>
 #include <QTest>
-#include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
@@ -146,29 +143,19 @@ TEST_F(ChartViewTest, BearsAbsurdShapes)
     EXPECT_FALSE(view.grab().isNull());
 }
 
-class ChartPictures : public testing::Test {
+class ChartPictures : public test::DrivenProgram {
 protected:
-    ChartPictures()
+    ChartPictures() : DrivenProgram({"f12003.ini", "Année"})
     {
-        for (const char *name : {"f12003.ini", "Année"})
-            QFile::copy(QString::fromUtf8(CIRCUIDEX_SAMPLE "/") + QString::fromUtf8(name), path(name));
-        driver.emplace(folder.path().toStdString(), Numbers(','));
-        say(QStringLiteral("start"));
-        say(QStringLiteral("set Form1.an 2003"));
-        say(QStringLiteral("open Form8"));
+        say("set Form1.an 2003");
+        say("open Form8");
     }
-    QString path(const char *name) const { return folder.filePath(QString::fromUtf8(name)); }
-    std::string say(const QString &command) { return driver->execute(command).value_or(QString()).toStdString(); }
-    QByteArray saved(const char *control, const char *file)
+    QByteArray saved(const std::string &control, const std::string &file)
     {
-        say(QStringLiteral("answer ") + path(file));
-        say(QStringLiteral("press Form8.") + QString::fromLatin1(control));
-        QFile made(path(file));
-        return made.open(QIODevice::ReadOnly) ? made.readAll() : QByteArray();
+        say("answer " + (folder / file).string());
+        say("press Form8." + control);
+        return QByteArray::fromStdString(test::content(folder / file));
     }
-
-    QTemporaryDir folder;
-    std::optional<Driver> driver;
 };
 
 TEST_F(ChartPictures, AreCopiedAndSaved)
@@ -181,21 +168,16 @@ TEST_F(ChartPictures, AreCopiedAndSaved)
     EXPECT_TRUE(lines.contains("Juan Pablo Montoya"));
     const QImage svg = drawn(lines);
     EXPECT_TRUE(hasColour(svg, within(svg), QColor(255, 0, 0)));
-    say(QStringLiteral("press Form8.copierimage"));
+    say("press Form8.copierimage");
     EXPECT_EQ(QApplication::clipboard()->image().size(), png.size());
-    EXPECT_EQ(say(QStringLiteral("messages")), "");
-}
-
-TEST_F(ChartPictures, SayWhenTheyCannotBeSaved)
-{
+    EXPECT_EQ(say("messages"), "");
     EXPECT_TRUE(saved("enregistrerpng", "none/a.png").isEmpty());
-    EXPECT_EQ(say(QStringLiteral("messages")), "L'image n'a pas pu être enregistrée.");
+    EXPECT_EQ(say("messages"), "L'image n'a pas pu être enregistrée.");
 }
 
 TEST_F(ChartPictures, OfferThemselvesInAMenu)
 {
-    say(QStringLiteral("open Form45"));
-    const auto *view = driver->program().screens().find(QStringLiteral("Form45"))->findChild<ChartView *>();
+    const auto *view = open("Form45").findChild<ChartView *>();
     QStringList entries;
     for (const QAction *action : view->actions())
         entries << action->text();

@@ -1,13 +1,11 @@
 // The menus as a person walks them: every label of every drop-down, side screen and of the list of windows is pressed,
 // and what opened and closed is printed and compared with data/menus.txt.
-#include "app/driver.h"
 #include "app/screens.h"
+#include "shell/driven_program.h"
 #include "shell/menu_page.h"
-#include "store/temporary_folder.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
-#include <gtest/gtest.h>
 
 #include <fstream>
 #include <set>
@@ -28,10 +26,10 @@ Lines expectedLines()
     return lines;
 }
 
-// The screens that some line of the file opens, menus left out.
+// The main screen and those that some line of the file opens, menus left out.
 std::set<std::string> expectedTargets()
 {
-    std::set<std::string> targets;
+    std::set<std::string> targets{"Form1"};
     for (const std::string &line : expectedLines())
         if (const auto arrow = line.find(" > "); arrow != std::string::npos) {
             const std::string opened = line.substr(arrow + 3);
@@ -69,12 +67,6 @@ std::vector<ScreenRow> menuRows(const std::set<std::string> &targets)
     for (const std::string &target : targets)
         rows.push_back({QString::fromStdString(target), {}, makeStandIn});
     return rows;
-}
-
-std::set<std::string> with(std::set<std::string> names, const std::string &another)
-{
-    names.insert(another);
-    return names;
 }
 
 // Screens that closed are gone.
@@ -194,7 +186,7 @@ std::vector<QString> dropDowns()
 
 TEST(Menus, EveryEntryOpensItsScreenAndClosesTheMenu)
 {
-    Walk walk(menuRows(with(expectedTargets(), "Form1")));
+    Walk walk(menuRows(expectedTargets()));
     Lines expected = expectedLines();
     expected.erase(std::find(expected.begin(), expected.end(), "Form59"), expected.end());
     Lines walked;
@@ -205,10 +197,10 @@ TEST(Menus, EveryEntryOpensItsScreenAndClosesTheMenu)
 
 TEST(Menus, TheListOfWindowsStaysOpen)
 {
-    Walk walk(menuRows(with(expectedTargets(), "Form1")));
+    Walk walk(menuRows(expectedTargets()));
     Lines expected = expectedLines();
     expected.erase(expected.begin(), std::find(expected.begin(), expected.end(), "Form59") + 1);
-    Lines walked, headings;
+    Lines walked;
     for (int number = 1; number < 200; ++number) {
         const QString label = QStringLiteral("Label%1").arg(number);
         Screen *page = walk.open(QStringLiteral("Form59"));
@@ -217,22 +209,12 @@ TEST(Menus, TheListOfWindowsStaysOpen)
         const std::string caption = page->text(label).toStdString();
         SCOPED_TRACE(caption);
         const auto closes = caption == "Galerie Vidéo" ? QStringList{QStringLiteral("Form59")} : QStringList();
-        const std::string target = walk.pressed(page, label, closes);
-        if (target == "-")
-            headings.push_back(caption);
-        else
+        if (const std::string target = walk.pressed(page, label, closes); target != "-") // else a heading
             walked.push_back("  " + caption + " > " + target);
     }
     std::sort(walked.begin(), walked.end());
     std::sort(expected.begin(), expected.end());
     EXPECT_EQ(walked, expected);
-    EXPECT_EQ(headings,
-              (Lines{"Liste des fenêtres",
-                     "Toutes les fenêtres de statistiques et d'information de Circuidex sont répertoriées ici par "
-                     "thème, afin d'avoir une vision générale des fonctions du logiciel:",
-                     "Classements", "Statistiques", "Courbes et Graphiques", "Progression en Course", "Multimédia",
-                     "Grille de Départ", "Vainqueurs", "Comparaison entre Saisons", "Graphiques Comparaison",
-                     "Progression en Course", "Autres"}));
 }
 
 // While a screen isn't in the program, its entries stay at rest and the menu stays as it was.
@@ -260,38 +242,6 @@ TEST(Menus, AnEntryWithoutItsScreenDoesNothing)
     EXPECT_GT(entries, 150);
 }
 
-// The same in the program as it is: each entry opens its screen if there is one.
-TEST(Menus, LeadToTheScreensThatTheProgramHas)
-{
-    test::TemporaryFolder folder;
-    std::filesystem::copy(CIRCUIDEX_SAMPLE, folder.path());
-    QueuedDialogs dialogs;
-    RecordingPlatform platform;
-    Program program(folder.path(), Numbers(), dialogs, platform);
-    program.start();
-    Screens &screens = program.screens();
-    for (const menus::Menu &menu : menus::all()) {
-        int number = 2;
-        for (const menus::Entry &entry : menu.entries()) {
-            const QString name = utf8(menu.name), target = utf8(entry.screen);
-            SCOPED_TRACE((name + u' ' + utf8(entry.caption)).toStdString());
-            screens.open(name);
-            const QStringList before = screens.openNames();
-            screens.find(name)->press(QStringLiteral("Label%1").arg(number++));
-            if (!screens.exists(target)) {
-                EXPECT_EQ(screens.openNames(), before);
-                continue;
-            }
-            EXPECT_TRUE(screens.isOpen(target));
-            EXPECT_EQ(screens.isOpen(name), menus::find(entry.screen) != nullptr);
-            for (const QString &open : screens.openNames())
-                if (open != u"Form1")
-                    screens.close(open);
-            sweep();
-        }
-    }
-}
-
 TEST(Menus, TheHeadingOfTheChartsOpensTheirHelp)
 {
     Walk walk(menuRows({"Form27"}));
@@ -302,37 +252,29 @@ TEST(Menus, TheHeadingOfTheChartsOpensTheirHelp)
     EXPECT_TRUE(walk.screens.isOpen(QStringLiteral("Form43")));
 }
 
-TEST(Menus, SideScreensStandAtTheRightEdge)
-{
-    const TwipRect parent{6000, 3000, 3600, 4500}, own{0, 0, 2400, 1500};
-    struct Case {
-        const char *name;
-        menus::Standing standing;
-        double top;
-    };
-    const Case cases[] = {
-        {"near the top", menus::Standing::nearTop, 3100},
-        {"level with an entry at 900", menus::Standing::levelWithEntry, 3900},
-        {"in the middle", menus::Standing::inTheMiddle, 4500},
-        {"near the bottom", menus::Standing::nearBottom, 5900},
-    };
-    for (const Case &c : cases) {
-        const TwipRect place = menus::besideParent(c.standing, parent, own, 900);
-        EXPECT_EQ(place.left, 9590) << c.name;
-        EXPECT_EQ(place.top, c.top) << c.name;
-        EXPECT_EQ(place.width, own.width) << c.name;
-    }
-}
+struct Heights {
+    menus::Standing standing;
+    double top; // of a screen of 1500 beside one of 4500 at 3000, whose entry is at 900
+    QString screens;
+};
+
+const Heights heights[] = {
+    {menus::Standing::nearTop, 3100, QStringLiteral("Form109 Form111 Form114 Form119 Form121 Form122")},
+    {menus::Standing::levelWithEntry, 3900, QStringLiteral("Form115 Form116 Form117")},
+    {menus::Standing::inTheMiddle, 4500, QStringLiteral("Form126 Form127")},
+    {menus::Standing::nearBottom, 5900,
+     QStringLiteral("Form95 Form110 Form112 Form113 Form118 Form120 Form123 Form124")},
+};
 
 // Each side screen as it opens, to the pixel.
-TEST(Menus, EachSideScreenKnowsItsHeight)
+TEST(Menus, SideScreensStandAtTheRightEdge)
 {
-    const std::map<std::string, std::string> heights = {
-        {"near the top", "Form109 Form111 Form114 Form119 Form121 Form122"},
-        {"level", "Form115 Form116 Form117"},
-        {"middle", "Form126 Form127"},
-        {"near the bottom", "Form95 Form110 Form112 Form113 Form118 Form120 Form123 Form124"},
-    };
+    for (const Heights &height : heights) {
+        const TwipRect place = menus::besideParent(height.standing, {6000, 3000, 3600, 4500}, {0, 0, 2400, 1500}, 900);
+        EXPECT_EQ(place.left, 9590);
+        EXPECT_EQ(place.top, height.top);
+        EXPECT_EQ(place.width, 2400);
+    }
     Walk walk(menuRows({}));
     int seen = 0;
     for (const QString &name : dropDowns())
@@ -343,15 +285,13 @@ TEST(Menus, EachSideScreenKnowsItsHeight)
                 continue;
             parent->press(QStringLiteral("Label%1").arg(number));
             const Screen *side = walk.screens.find(walk.screens.openNames().last());
-            const TwipRect up = parent->place(), own = side->place();
-            EXPECT_NEAR(own.left, up.left + up.width - 10, twipsPerPixel) << side->name().toStdString();
-            const std::map<std::string, double> tops = {{"near the top", up.top + 100},
-                                                        {"level", up.top + entry->geometry().top},
-                                                        {"middle", up.top + up.height / 2 - own.height / 2},
-                                                        {"near the bottom", up.top + up.height - own.height - 100}};
-            for (const auto &[height, sides] : heights)
-                if ((sides + " ").find(side->name().toStdString() + " ") != std::string::npos) {
-                    EXPECT_NEAR(own.top, tops.at(height), twipsPerPixel) << side->name().toStdString();
+            for (const Heights &height : heights)
+                if (height.screens.split(u' ').contains(side->name())) {
+                    const TwipRect own = side->place();
+                    const TwipRect place =
+                        menus::besideParent(height.standing, parent->place(), own, entry->geometry().top);
+                    EXPECT_NEAR(own.left, place.left, twipsPerPixel) << side->name().toStdString();
+                    EXPECT_NEAR(own.top, place.top, twipsPerPixel) << side->name().toStdString();
                     ++seen;
                 }
         }
@@ -383,28 +323,26 @@ TEST(Menus, DropDownsStandWholeOnTheDisplay)
     }
 }
 
-TEST(Menus, DropDownsStandBesideTheirButtons)
+class MenusOfTheProgram : public test::DrivenProgram {
+protected:
+    MenusOfTheProgram() : DrivenProgram({"f12005.ini"}) { }
+};
+
+TEST_F(MenusOfTheProgram, StandBesideTheirButtons)
 {
-    test::TemporaryFolder folder;
-    std::filesystem::copy(CIRCUIDEX_SAMPLE, folder.path());
-    QueuedDialogs dialogs;
-    RecordingPlatform platform;
-    Program program(folder.path(), Numbers(), dialogs, platform);
-    program.start();
-    const Screen *main = program.screens().find(QStringLiteral("Form1"));
+    const Screen &main = screen("Form1");
     for (const menus::Menu &menu : menus::all()) {
         if (!menu.dropDown())
             continue;
         SCOPED_TRACE(std::string(menu.name));
-        main->press(utf8(menu.button));
-        const Screen *opened = program.screens().find(utf8(menu.name));
+        main.press(utf8(menu.button));
+        const Screen *opened = driver->program().screens().find(utf8(menu.name));
         ASSERT_NE(opened, nullptr);
-        const TwipRect button = main->control(utf8(menu.button))->geometry(), place = opened->place();
+        const TwipRect button = main.control(utf8(menu.button))->geometry(), place = opened->place();
         EXPECT_NEAR(place.top, button.top, twipsPerPixel);
         EXPECT_LE(place.left + place.width, button.left);
         EXPECT_GT(place.left, 0);
     }
-    sweep();
 }
 
 // The screen with two drop-downs stands beside the one that opened it last, and closes with it.

@@ -1,34 +1,18 @@
 // What the mouse and the keyboard do to a window: drag, close, shortcuts, copying from a table, and the wait pointer.
-#include "app/driver.h"
+#include "shell/driven_program.h"
 #include "shell/title_bar.h"
 
 #include <QApplication>
 #include <QClipboard>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QTest>
-#include <gtest/gtest.h>
 
 using namespace circuidex;
 
 namespace {
 
-class ScreenTest : public testing::Test {
+class ScreenTest : public test::DrivenProgram {
 protected:
-    ScreenTest()
-    {
-        for (const char *name : {"f12005.ini", "f12004.ini", "Année"})
-            QFile::copy(QStringLiteral(CIRCUIDEX_SAMPLE "/") + QString::fromUtf8(name),
-                        m_folder.filePath(QString::fromUtf8(name)));
-        m_driver.emplace(m_folder.path().toStdString(), Numbers(','));
-        say("start");
-    }
-
-    std::string say(const char *command) { return m_driver->execute(QString::fromUtf8(command)).value_or(QString()).toStdString(); }
-    Screen &screen(const char *name) { return *m_driver->program().screens().find(QString::fromLatin1(name)); }
-
-    QTemporaryDir m_folder;
-    std::optional<Driver> m_driver;
+    ScreenTest() : DrivenProgram({"f12005.ini", "f12004.ini", "Année"}) { }
 };
 
 TEST_F(ScreenTest, FollowsTheMouseByItsBar)
@@ -44,7 +28,8 @@ TEST_F(ScreenTest, FollowsTheMouseByItsBar)
     QApplication::sendEvent(bar, &move);
     QTest::mouseRelease(bar, Qt::LeftButton, {}, held);
     EXPECT_EQ(scale.pos(), QPoint(-40, 115));
-    QMouseEvent later(QEvent::MouseMove, to, bar->mapToGlobal(to + QPointF(50, 50)), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QMouseEvent later(QEvent::MouseMove, to, bar->mapToGlobal(to + QPointF(50, 50)), Qt::NoButton, Qt::NoButton,
+                      Qt::NoModifier);
     QApplication::sendEvent(bar, &later);
     EXPECT_EQ(scale.pos(), QPoint(-40, 115)) << "let go";
 }
@@ -91,14 +76,6 @@ TEST_F(ScreenTest, TakesTheMainScreensShortcuts)
         QTest::keyClick(&screen("Form1"), step.key, step.modifiers);
         EXPECT_EQ(say(step.look), step.shows) << "key " << step.key;
     }
-}
-
-TEST_F(ScreenTest, OpensTheTypedGrandPrixByEnter)
-{
-    say("set Form1.gp Monaco");
-    say("key Form1.gp Enter");
-    EXPECT_EQ(say("get Form1.Text31"), "Kimi Räikkönen");
-    EXPECT_EQ(say("get Form1.Label40"), "17") << "the cursor stays";
 }
 
 TEST_F(ScreenTest, LetsATableBeCopied)

@@ -1,41 +1,22 @@
 // What a person sees and does in the large tables: colours that are painted, keys that walk, heads with whole names.
-#include "app/driver.h"
+#include "shell/driven_program.h"
 
-#include <QFile>
-#include <QTemporaryDir>
 #include <QTest>
-#include <gtest/gtest.h>
 
 using namespace circuidex;
 
 namespace {
 
-class LargeTables : public testing::Test {
+class LargeTables : public test::DrivenProgram {
 protected:
-    LargeTables()
-    {
-        for (const char *name : {"f12003.ini", "Année"})
-            QFile::copy(QStringLiteral(CIRCUIDEX_SAMPLE "/") + QString::fromUtf8(name),
-                        m_folder.filePath(QString::fromUtf8(name)));
-        m_driver.emplace(m_folder.path().toStdString(), Numbers(','));
-        say("start");
-        say("set Form1.an 2003");
-    }
+    LargeTables() : DrivenProgram({"f12003.ini", "Année"}) { say("set Form1.an 2003"); }
 
-    std::string say(const char *command)
-    {
-        return m_driver->execute(QString::fromUtf8(command)).value_or(QString()).toStdString();
-    }
-    Screen &open(const char *name) { return *m_driver->program().screens().open(QString::fromLatin1(name)); }
     // Near the right edge of a cell's bottom, where no letter reaches.
     static QColor painted(Table &table, int row, int column)
     {
         const QRect cell = table.visualRect(table.model().index(row, column));
         return table.viewport()->grab().toImage().pixelColor(cell.right() - 3, cell.bottom() - 2);
     }
-
-    QTemporaryDir m_folder;
-    std::optional<Driver> m_driver;
 };
 
 TEST_F(LargeTables, PaintTheFavouritesRow)

@@ -1,24 +1,11 @@
 #include "standings/constructor_standings.h"
 
-#include "results/season_fixture.h"
+#include "standings/standings_lines.h"
 
 using namespace circuidex;
 using namespace circuidex::test;
 
 namespace {
-
-// "1 Ferrari 158 0" for every row that isn't blank.
-Lines rowsOf(const Standings &standings)
-{
-    Lines lines;
-    int rank = 0;
-    for (const StandingsRow &row : standings.rows) {
-        ++rank;
-        if (!row.name.empty() || !row.points.empty() || !row.gap.empty())
-            lines.push_back(std::to_string(rank) + " " + row.name + " " + row.points + " " + row.gap);
-    }
-    return lines;
-}
 
 // A season of the drivers' teams, "A A B - C" from number 1 on, and of the teams' points, "A 10 | B 5".
 class TeamTable : public testing::Test {
@@ -44,13 +31,9 @@ TEST(ConstructorStandings, EqualTheOfficialTables)
     Desk desk;
     for (const std::string year : {"2003", "2004"}) {
         Lines official;
-        int best = -1;
-        for (const std::string &line : linesOf(CIRCUIDEX_TESTDATA "/" + year + ".standings.tsv"))
-            if (const Lines row = split(line, '\t'); row[0] == "TEAM") {
-                best = best < 0 ? std::stoi(row[3]) : best;
-                official.push_back(row[1] + " " + row[2] + " " + row[3] + " " +
-                                   std::to_string(std::stoi(row[3]) - best));
-            }
+        const auto table = officialTable(year, "TEAM");
+        for (const TableRow &row : table)
+            official.push_back(officialLine(official.size() + 1, row, "", table[0]));
         const Standings standings = constructorStandings(Season(desk.store, year), "");
         EXPECT_EQ(rowsOf(standings), official) << year;
         EXPECT_EQ(official.size(), 10u) << year;
@@ -153,24 +136,6 @@ TEST_F(TeamTable, KeepsTheTyreMake)
     EXPECT_EQ(changeTyre(season(), "C"), "");
     EXPECT_EQ(desk.keys("2005").count("[N°] pneuecurieC"), 0u);
     EXPECT_EQ(teamLines(season())[0].tyre + teamLines(season())[1].tyre, "BPirelli");
-}
-
-TEST(TeamDetails, AddUpToTheTeamsTotals)
-{
-    Desk desk;
-    for (const std::string year : {"2003", "2004", "2005"}) {
-        const auto details = teamDetails(Season(desk.store, year));
-        EXPECT_EQ(details.size(), 10u);
-        for (const TeamDetail &team : details) {
-            double total = 0;
-            for (const std::string &race : team.races) {
-                EXPECT_NE(race, "0") << year << team.name;
-                total += Numbers().value(race).value_or(0);
-            }
-            EXPECT_EQ(Numbers().text(total), team.points) << year << " " << team.name;
-        }
-    }
-    EXPECT_EQ(teamDetails(Season(desk.store, "2003"))[0].races[2], ""); // Brésil 2003: no Ferrari in the points
 }
 
 TEST_F(TeamTable, DetailsTakeTheTeamsOnOffer)

@@ -1,24 +1,11 @@
 #include "standings/driver_standings.h"
 
-#include "results/season_fixture.h"
+#include "standings/standings_lines.h"
 
 using namespace circuidex;
 using namespace circuidex::test;
 
 namespace {
-
-// "1 Michael Schumacher 93 Ferrari 0" for every row that holds somebody.
-Lines rowsOf(const Standings &standings)
-{
-    Lines lines;
-    int rank = 0;
-    for (const StandingsRow &row : standings.rows) {
-        ++rank;
-        if (!row.name.empty() || !row.points.empty() || !row.team.empty() || !row.gap.empty())
-            lines.push_back(std::to_string(rank) + " " + row.name + " " + row.points + " " + row.team + " " + row.gap);
-    }
-    return lines;
-}
 
 int leaderOf(const DriverStandings &standings)
 {
@@ -47,20 +34,17 @@ TEST(DriverStandings, EqualTheOfficialTables)
     Desk desk;
     for (const std::string year : {"2003", "2004"}) {
         const Season season(desk.store, year);
-        Lines official;
         std::map<std::string, int> numbers;
         for (int number = 1; number <= driverSlots; ++number)
             numbers.emplace(season.nom(number), number);
         // Drivers that are level stand in the order of their numbers here; the official order counts wins and places.
-        std::vector<std::tuple<int, int, std::string>> sorted;
-        for (const std::string &line : linesOf(CIRCUIDEX_TESTDATA "/" + year + ".standings.tsv"))
-            if (const Lines row = split(line, '\t'); row[0] == "DRIVER")
-                sorted.emplace_back(-std::stoi(row[3]), numbers.at(row[2]), row[2]);
-        std::sort(sorted.begin(), sorted.end());
-        const int best = -std::get<0>(sorted.front());
-        for (const auto &[points, number, name] : sorted)
-            official.push_back(std::to_string(official.size() + 1) + " " + name + " " + std::to_string(-points) + " " +
-                               season.ecurie(number) + " " + std::to_string(-points - best));
+        auto table = officialTable(year, "DRIVER");
+        const auto place = [&](const TableRow &row) { return std::pair(-std::stoi(row.points), numbers.at(row.name)); };
+        std::sort(table.begin(), table.end(), [&](const auto &a, const auto &b) { return place(a) < place(b); });
+        Lines official;
+        for (const TableRow &row : table)
+            official.push_back(
+                officialLine(official.size() + 1, row, season.ecurie(numbers.at(row.name)) + " ", table[0]));
         const DriverStandings standings = driverStandings(season, "");
         EXPECT_EQ(rowsOf(standings.table), official) << year;
         EXPECT_EQ(leaderOf(standings), 1) << year;
@@ -68,42 +52,7 @@ TEST(DriverStandings, EqualTheOfficialTables)
     }
 }
 
-TEST_F(DriverTable, ThreeLevelStandInTheOrderOfTheirNumbers)
-{
-    enter({"9 Neuf 6 A", "4 Quatre 6 B", "17 Dixsept 6 C", "2 Deux 10 D", "26 Dernier 1 E"});
-    for (const char *favourite : {"Quatre", "Neuf", "Dixsept"}) {
-        const DriverStandings standings = driverStandings(season(), favourite);
-        EXPECT_EQ(rowsOf(standings.table),
-                  (Lines{"1 Deux 10 D 4", "2 Quatre 6 B 0", "3 Neuf 6 A 0", "4 Dixsept 6 C 0", "5 Dernier 1 E -5"}));
-        EXPECT_EQ(standings.table.rank, 2) << favourite;
-        EXPECT_EQ(leaderOf(standings), 2);
-    }
-}
-
-TEST_F(DriverTable, WithoutARaceFollowsTheNumbers)
-{
-    enter({"3 Trois 0 A", "5 Cinq 0 A", "8 Huit 0 B"});
-    const DriverStandings standings = driverStandings(season(), "");
-    EXPECT_EQ(rowsOf(standings.table), (Lines{"1 Trois 0 A 0", "2 Cinq 0 A 0", "3 Huit 0 B 0"}));
-    EXPECT_EQ(leaderOf(standings), 3);
-}
-
-TEST_F(DriverTable, TwentyTwoDriversLeaveFourRowsBlank)
-{
-    Lines drivers;
-    for (int number = 1; number <= 22; ++number)
-        drivers.push_back(std::to_string(number) + " P" + std::to_string(number) + " " + std::to_string(number % 7) +
-                          " A");
-    enter(drivers);
-    const DriverStandings standings = driverStandings(season(), "");
-    EXPECT_EQ(rowsOf(standings.table).size(), 22u);
-    EXPECT_EQ(standings.table.rows[21].name, "P21");
-    EXPECT_EQ(standings.table.rows[22].name + standings.table.rows[22].gap + standings.table.rows[22].team, "");
-    EXPECT_TRUE(standings.table.rows[22].favourite); // free rows answer to the empty favourite
-    EXPECT_EQ(leaderOf(standings), 6);
-}
-
-TEST_F(DriverTable, TakesOddPoints)
+TEST_F(DriverTable, RanksDrivers)
 {
     struct Case {
         const char *name;
@@ -111,6 +60,14 @@ TEST_F(DriverTable, TakesOddPoints)
         int leader;
     };
     const Case cases[] = {
+        {"three level, in the order of their numbers",
+         {"9 Neuf 6 A", "4 Quatre 6 B", "17 Dixsept 6 C", "2 Deux 10 D", "26 Dernier 1 E"},
+         {"1 Deux 10 D 0", "2 Quatre 6 B -4", "3 Neuf 6 A -4", "4 Dixsept 6 C -4", "5 Dernier 1 E -9"},
+         2},
+        {"no race run",
+         {"3 Trois 0 A", "5 Cinq 0 A", "8 Huit 0 B"},
+         {"1 Trois 0 A 0", "2 Cinq 0 A 0", "3 Huit 0 B 0"},
+         3},
         {"halves in the user's writing", {"1 A 2,5 T", "2 B 3 T"}, {"1 B 3 T 0", "2 A 2,5 T -0,5"}, 2},
         {"a name and no points, behind the one before",
          {"1 A 9 T", "2 B - T", "3 C 5 T"},
@@ -141,17 +98,6 @@ TEST_F(DriverTable, TakesOddPoints)
     }
 }
 
-TEST_F(DriverTable, TwoOfOneNameAreBothFavourites)
-{
-    enter({"1 Schumacher 10 Ferrari", "2 Autre 5 A", "3 Schumacher 2 Williams"});
-    const DriverStandings standings = driverStandings(season(), "Schumacher");
-    EXPECT_EQ(rowsOf(standings.table),
-              (Lines{"1 Schumacher 10 Ferrari 8", "2 Autre 5 A 3", "3 Schumacher 2 Williams 0"}));
-    EXPECT_TRUE(standings.table.rows[0].favourite && standings.table.rows[2].favourite);
-    EXPECT_FALSE(standings.table.rows[1].favourite);
-    EXPECT_EQ(standings.table.rank, 3);
-}
-
 TEST(DriverLines, GiveTeamAndItsPoints)
 {
     Desk desk;
@@ -166,23 +112,12 @@ TEST(DriverLines, GiveTeamAndItsPoints)
 
 TEST(DriverArrows, StopBeyondTheEnds)
 {
-    struct Case {
-        const char *from;
-        int by;
-        const char *to;
+    const auto by = [](int step) {
+        return [step](const std::string &from) { return steppedDriver(from, step, Numbers()); };
     };
-    for (const auto &[from, by, to] : std::initializer_list<Case>{{"0", 1, "1"},
-                                                                  {"26", 1, "27"},
-                                                                  {"27", 1, "27"},
-                                                                  {"27", -1, "26"},
-                                                                  {"1", -1, "0"},
-                                                                  {"0", -1, "-1"},
-                                                                  {"-1", -1, "-1"},
-                                                                  {"-1", 1, "0"},
-                                                                  {"99", -1, "98"},
-                                                                  {"abc", 1, "27"},
-                                                                  {"", -1, "-1"}})
-        EXPECT_EQ(steppedDriver(from, by, Numbers()), to) << from << " by " << by;
+    EXPECT_EQ(walked("0 26 27 -1 abc", by(1)), "0>1 26>27 27>27 -1>0 abc>27");
+    EXPECT_EQ(walked("27 1 0 -1 99", by(-1)), "27>26 1>0 0>-1 -1>-1 99>98");
+    EXPECT_EQ(steppedDriver("", -1, Numbers()), "-1");
 }
 
 }

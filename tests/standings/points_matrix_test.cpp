@@ -1,7 +1,6 @@
 // The matrix of a whole season is compared cell by cell with the published results of data/.
 #include "standings/points_matrix.h"
 
-#include "app/sample_data.h"
 #include "results/season_fixture.h"
 
 using namespace circuidex;
@@ -17,14 +16,6 @@ Lines cellsOf(const PointsMatrix &matrix)
         if (!matrix.cells[i].empty())
             lines.push_back(std::to_string(i) + " " + matrix.cells[i]);
     return lines;
-}
-
-SampleSeason published(const std::string &year)
-{
-    std::string error;
-    const auto season = parseSampleSeason(content(CIRCUIDEX_TESTDATA "/../../data/" + year + ".saison"), error);
-    EXPECT_TRUE(season) << error;
-    return season.value_or(SampleSeason{});
 }
 
 Lines publishedCells(const SampleSeason &season, bool poles)
@@ -85,16 +76,6 @@ TEST(PointsMatrix, ReadsWhatStands)
     markPoles(matrix, Numbers(','));
     EXPECT_EQ(cellsOf(matrix),
               (Lines{"0 1", "6 (Pole)        ", "25 10", "52 1", "58 (Pole)        ", "77 10", "498 10"}));
-}
-
-TEST(PointsMatrix, FollowsTheScaleNotTheTotals)
-{
-    Desk desk;
-    const Season season(desk.store, "2003");
-    const PointsMatrix matrix = pointsMatrix(season, {"25", "18", "15", "12", "10", "8", "6", "4"});
-    EXPECT_EQ(matrix.at(5, 0), "25"); // Coulthard in Australie
-    EXPECT_EQ(totalPoints(matrix, 18, Numbers()), 0);
-    EXPECT_EQ(season.driver("nbpts", 5), "51");
 }
 
 }

@@ -1,7 +1,6 @@
 #include "standings/winners.h"
 
-#include "app/sample_data.h"
-#include "results/season_fixture.h"
+#include "standings/standings_lines.h"
 #include "store/archive.h"
 
 using namespace circuidex;
@@ -9,12 +8,9 @@ using namespace circuidex::test;
 
 namespace {
 
-const std::string data = CIRCUIDEX_TESTDATA "/../../data/";
-
 std::vector<SampleWin> pastWins()
 {
-    std::string error;
-    return parseSampleWins(content(data + "vainqueurs.txt"), error).value();
+    return parsed("vainqueurs.txt", parseSampleWins);
 }
 
 Lines rowsOf(const SeasonWinners &winners)
@@ -23,12 +19,6 @@ Lines rowsOf(const SeasonWinners &winners)
     for (const RaceWinner &race : winners.races)
         if (!(race.gp + race.winner + race.team).empty())
             rows.push_back(race.gp + "|" + race.winner + "|" + race.team);
-    return rows;
-}
-
-Lines sorted(Lines rows)
-{
-    std::sort(rows.begin(), rows.end());
     return rows;
 }
 
@@ -95,22 +85,6 @@ TEST_F(Winners, FillTheRowsOfTheArchive)
 
     desk.write("1950 [gp] namegp1=Monaco"); // one of the first two names is enough for a season's own file
     EXPECT_EQ(rowsOf(seasonWinners(Season(desk.store, "1950"), "1950")), Lines{"Monaco||"});
-}
-
-TEST_F(Winners, OfOneGrandPrixGoTenYearsBack)
-{
-    win("Monaco", "2005", "A");
-    win("Monaco", "1996", "B");
-    win("Monaco", "1995", "C");
-    desk.write("ARCHIVES [GP] championdumd2000=D");
-    const auto rows = winsOfGrandPrix(desk.store, "Monaco", "2005");
-    ASSERT_TRUE(rows);
-    EXPECT_EQ((*rows)[0].year + (*rows)[0].winner + (*rows)[0].champion, "2005A");
-    EXPECT_EQ((*rows)[5].year + (*rows)[5].winner + (*rows)[5].champion, "2000D");
-    EXPECT_EQ((*rows)[9].year + (*rows)[9].winner, "1996B");
-    EXPECT_FALSE(winsOfGrandPrix(desk.store, "Monaco", ""));
-    EXPECT_FALSE(winsOfGrandPrix(desk.store, "Monaco", "bientôt"));
-    EXPECT_EQ(winsOfGrandPrix(desk.store, "", "3").value()[9].year, "-6");
 }
 
 TEST_F(Winners, OfOneDriverKeepTheLimits)
@@ -195,23 +169,14 @@ TEST(RacesBehindANumber, AreTwentyAtMost)
 
 TEST(IndexArrows, StandStillAtTheEnd)
 {
-    struct Case {
-        const char *from;
-        int by;
-        std::optional<int> end;
-        const char *to;
+    const auto by = [](int step, std::optional<int> end) {
+        return [=](const std::string &from) { return steppedIndex(from, step, end, Numbers()); };
     };
-    for (const auto &[from, by, end, to] : std::initializer_list<Case>{{"0", -1, 0, "0"},
-                                                                       {"1", -1, 0, "0"},
-                                                                       {"0", -1, -1, "-1"},
-                                                                       {"-1", -1, -1, "-1"},
-                                                                       {"200", 1, 200, "200"},
-                                                                       {"199", 1, 200, "200"},
-                                                                       {"200", 1, std::nullopt, "201"},
-                                                                       {"-1", 1, std::nullopt, "0"},
-                                                                       {"", 1, 200, ""},
-                                                                       {"abc", -1, 0, "abc"}})
-        EXPECT_EQ(steppedIndex(from, by, end, Numbers()), to) << from << " by " << by;
+    EXPECT_EQ(walked("0 1 abc", by(-1, 0)), "0>0 1>0 abc>abc");
+    EXPECT_EQ(walked("0 -1", by(-1, -1)), "0>-1 -1>-1");
+    EXPECT_EQ(walked("200 199", by(1, 200)), "200>200 199>200");
+    EXPECT_EQ(walked("200 -1", by(1, std::nullopt)), "200>201 -1>0");
+    EXPECT_EQ(steppedIndex("", 1, 200, Numbers()), "");
 }
 
 }

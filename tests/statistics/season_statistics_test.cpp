@@ -1,6 +1,5 @@
 #include "statistics/season_statistics.h"
 
-#include "app/sample_data.h"
 #include "results/season_fixture.h"
 
 using namespace circuidex;
@@ -25,12 +24,6 @@ Lines rowsOf(const StatisticTable &made)
 // The figures of 2003 by driver, counted in the published results.
 class Published2003 {
 public:
-    Published2003()
-    {
-        std::string error;
-        m_season = parseSampleSeason(content(CIRCUIDEX_TESTDATA "/../../data/2003.saison"), error).value();
-    }
-
     std::map<std::string, double> figures(const std::string &word) const
     {
         std::map<std::string, double> counts;
@@ -71,19 +64,19 @@ public:
     }
 
 private:
-    SampleSeason m_season;
+    const SampleSeason m_season = published("2003");
 };
 
 TEST(SeasonStatistics, EqualTheCountsOf2003)
 {
     Desk desk;
-    const Published2003 published;
+    const Published2003 results;
     for (const Statistic &statistic : statistics) {
         if (statistic.allTime)
             continue;
         const std::string word(statistic.word);
         const StatisticTable made = tableOf(desk, "2003", word);
-        EXPECT_EQ(rowsOf(made), published.table(word)) << word;
+        EXPECT_EQ(rowsOf(made), results.table(word)) << word;
         EXPECT_EQ(made.table.rows.size(), 26u);
         EXPECT_EQ(made.bars[0].width, 8055) << word;
         for (std::size_t row = 1; row < made.bars.size(); ++row)

@@ -88,26 +88,20 @@ TEST_F(Durability, ContentHeldSinceAKillIsOnlyReplacedByContentOnTheDisk)
               Lines({"link f12005.ini old", "sync f12005.ini", "unlink old", "link f12005.ini old"}));
 }
 
-TEST_F(Durability, ContentStaysHeldWhenTheDiskRefusesTheSync)
+TEST_F(Durability, ContentStaysHeldWhenTheDiskRefusesToKeepTheNewOne)
 {
     const WatchedCalls watched(notes.hook());
-    write("1");
-    notes.refuse([](const auto &call) { return call.name == "sync"; });
-    store.settle();
-    EXPECT_EQ(content(folder / ".circuidex-f12005.ini.old"), "[a]\r\nk=0\r\n");
-    notes.refuse(nullptr);
-    write("2");
-    store.settle();
-    EXPECT_EQ(folder.names(), Lines({"f12005.ini"}));
-}
-
-TEST_F(Durability, ContentStaysHeldWhenTheDiskRefusesTheFolder)
-{
-    const WatchedCalls watched(notes.hook());
-    write("1");
-    notes.refuse([](const auto &call) { return call.name == "syncFolder"; });
-    store.settle();
-    EXPECT_EQ(content(folder / ".circuidex-f12005.ini.old"), "[a]\r\nk=0\r\n");
+    for (const char *refused : {"sync", "syncFolder"}) {
+        layDown(folder / "f12005.ini", "[a]\r\nk=0\r\n");
+        write(refused);
+        notes.refuse([=](const auto &call) { return call.name == refused; });
+        store.settle();
+        EXPECT_EQ(content(folder / ".circuidex-f12005.ini.old"), "[a]\r\nk=0\r\n") << refused;
+        notes.refuse(nullptr);
+        write("2");
+        store.settle();
+        EXPECT_EQ(folder.names(), Lines({"f12005.ini"})) << refused;
+    }
 }
 
 TEST_F(Durability, WithoutAnExchangeTheNewNameReplacesTheOldOne)

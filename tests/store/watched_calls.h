@@ -25,57 +25,35 @@ public:
     explicit WatchedCalls(Hook hook)
     {
         s_hook = std::move(hook);
-        disk::calls = {[](const char *path, int flags, mode_t mode) {
-                           const int file = through(genuine.open, {"open", path, {}, 0, {}}, path, flags, mode);
-                           if (file >= 0)
-                               paths(file) = path;
-                           return file;
-                       },
-                       [](const char *path, struct stat *info) {
-                           return through(genuine.stat, {"stat", path, {}, 0, {}}, path, info);
-                       },
-                       [](int file, struct stat *info) {
-                           return through(genuine.describe, {"describe", paths(file), {}, 0, {}}, file, info);
-                       },
-                       [](int file, void *to, std::size_t size) {
-                           return through(genuine.read, {"read", paths(file), {}, 0, {}}, file, to, size);
-                       },
-                       [](int file, const void *from, std::size_t size) {
-                           const auto part = [&](std::size_t some) { genuine.write(file, from, some); };
-                           return through(genuine.write, {"write", paths(file), {}, size, part}, file, from, size);
-                       },
-                       [](int file, mode_t mode) {
-                           return through(genuine.setMode, {"setMode", paths(file), {}, 0, {}}, file, mode);
-                       },
-                       [](int file) { // a close that fails has closed all the same
-                           const int refused = s_hook({"close", paths(file), {}, 0, {}});
-                           const int closed = genuine.close(file);
-                           return refused == 0 ? closed : (errno = refused, -1);
-                       },
-                       [](int file) {
-                           return through(genuine.sync, {"sync", paths(file), {}, 0, {}}, file);
-                       },
-                       [](int file) {
-                           return through(genuine.syncFolder, {"syncFolder", paths(file), {}, 0, {}}, file);
-                       },
-                       [](const char *path) {
-                           return through(genuine.mayWrite, {"mayWrite", path, {}, 0, {}}, path);
-                       },
-                       [](const char *from, const char *to) {
-                           return through(genuine.rename, {"rename", from, to, 0, {}}, from, to);
-                       },
-                       [](const char *one, const char *other) {
-                           return through(genuine.exchange, {"exchange", one, other, 0, {}}, one, other);
-                       },
-                       [](const char *from, const char *to) {
-                           return through(genuine.link, {"link", from, to, 0, {}}, from, to);
-                       },
-                       [](const char *path) {
-                           return through(genuine.unlink, {"unlink", path, {}, 0, {}}, path);
-                       },
-                       [](const char *path) {
-                           return through(genuine.makeFolder, {"makeFolder", path, {}, 0, {}}, path);
-                       }};
+        disk::calls = {
+            [](const char *path, int flags, mode_t mode) {
+                const int file = through(genuine.open, told("open", path), path, flags, mode);
+                if (file >= 0)
+                    paths(file) = path;
+                return file;
+            },
+            [](auto... all) { return through(genuine.stat, told("stat", all...), all...); },
+            [](auto... all) { return through(genuine.describe, told("describe", all...), all...); },
+            [](auto... all) { return through(genuine.read, told("read", all...), all...); },
+            [](int file, const void *from, std::size_t size) {
+                const auto part = [&](std::size_t some) { genuine.write(file, from, some); };
+                return through(genuine.write, {"write", paths(file), {}, size, part}, file, from, size);
+            },
+            [](auto... all) { return through(genuine.setMode, told("setMode", all...), all...); },
+            [](int file) { // a close that fails has closed all the same
+                const int refused = s_hook(told("close", file));
+                const int closed = genuine.close(file);
+                return refused == 0 ? closed : (errno = refused, -1);
+            },
+            [](auto... all) { return through(genuine.sync, told("sync", all...), all...); },
+            [](auto... all) { return through(genuine.syncFolder, told("syncFolder", all...), all...); },
+            [](auto... all) { return through(genuine.mayWrite, told("mayWrite", all...), all...); },
+            [](auto... all) { return through(genuine.rename, told("rename", all...), all...); },
+            [](auto... all) { return through(genuine.exchange, told("exchange", all...), all...); },
+            [](auto... all) { return through(genuine.link, told("link", all...), all...); },
+            [](auto... all) { return through(genuine.unlink, told("unlink", all...), all...); },
+            [](auto... all) { return through(genuine.makeFolder, told("makeFolder", all...), all...); },
+        };
     }
     ~WatchedCalls()
     {
@@ -93,6 +71,17 @@ private:
     {
         static std::string known[1024];
         return known[file % 1024];
+    }
+    static Call told(std::string_view name, const char *path, const char *to) { return {name, path, to, 0, {}}; }
+    template <typename... Rest>
+    static Call told(std::string_view name, const char *path, Rest...)
+    {
+        return {name, path, {}, 0, {}};
+    }
+    template <typename... Rest>
+    static Call told(std::string_view name, int file, Rest...)
+    {
+        return {name, paths(file), {}, 0, {}};
     }
     template <typename Function, typename... Arguments>
     static auto through(Function function, const Call &call, Arguments... arguments) -> decltype(function(arguments...))
