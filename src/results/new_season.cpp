@@ -148,8 +148,10 @@ bool passToNextSeason(MainScreen &main, const std::string &champion)
 {
     const std::string year = main.an.text();
     const auto next = yearAfter(year, main.store.numbers());
-    if (!next)
+    if (!next) {
+        main.dialogs.message("La saison \"" + year + "\" n'est pas une année : il n'y a pas de saison suivante.");
         return false;
+    }
     crown(main, champion);
     main.dialogs.message(
         "Le programme va passer a la saison suivante! Il va transférer toutes les données des pilotes "
@@ -157,8 +159,10 @@ bool passToNextSeason(MainScreen &main, const std::string &champion)
         year + " vers la saison " + *next +
         ". Vous pourez par la suite effectuer les transferts des pilotes, le calendrier etc... si vous "
         "n'effectuez pas de mise a jour en ligne.");
-    if (!leave(main))
+    if (!leave(main)) {
+        main.dialogs.message("Le fichier de transit ne peut pas être écrit : rien n'a été transféré.");
         return false;
+    }
     arrive(main, *next);
     nextSeason(main);
     main.dialogs.message("Opération terminée, vous pouvez désormais soit faire une mise a jour en ligne pour mettre a "

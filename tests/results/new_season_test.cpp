@@ -195,7 +195,8 @@ TEST(NewSeason, StaysWhereItCannotPass)
         Desk desk(Desk::empty);
         desk.main.an.set(stem);
         EXPECT_FALSE(passToNextSeason(desk.main, "1")) << stem;
-        EXPECT_EQ(desk.dialogs.said, Lines{}) << stem;
+        EXPECT_EQ(desk.dialogs.said,
+                  Lines{"La saison \"" + stem + "\" n'est pas une année : il n'y a pas de saison suivante."});
         EXPECT_EQ(desk.folder.names(), Lines{}) << stem;
     }
     Desk desk;
@@ -203,6 +204,7 @@ TEST(NewSeason, StaysWhereItCannotPass)
     desk.write("2006 [N°] nom1=Quelqu'un");
     const Keys before = desk.keys("2006");
     EXPECT_FALSE(passToNextSeason(desk.main, "5"));
+    EXPECT_EQ(desk.dialogs.said.back(), "Le fichier de transit ne peut pas être écrit : rien n'a été transféré.");
     EXPECT_EQ(changes(before, desk.keys("2006")), Lines{});
     EXPECT_EQ(desk.main.an.text(), "2005");
 }
