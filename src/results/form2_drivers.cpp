@@ -95,7 +95,7 @@ Form2::Form2(Context &theContext, const QString &name, const QString &title) :
     numberRow->addStretch(1);
     form->addWidget(styled(QStringLiteral("N° du pilote:"), "hint"), 0, 0);
     form->addLayout(numberRow, 0, 1);
-    box(*form, 1, "Text1", QStringLiteral("Nom du pilote:"));
+    Edit *driver = box(*form, 1, "Text1", QStringLiteral("Nom du pilote:"));
     box(*form, 2, "age", QStringLiteral("Né le:"));
     box(*form, 3, "Text6", QStringLiteral("Nationalité:"));
     Edit *team = box(*form, 4, "Text8", QStringLiteral("Ecurie:"));
@@ -133,6 +133,7 @@ Form2::Form2(Context &theContext, const QString &name, const QString &title) :
     layout->setSpacing(look::gap);
     layout->addLayout(columns, 1);
     layout->addLayout(foot);
+    driver->setFocus(); // the number is proposed already
     resize(720, 430);
 }
 

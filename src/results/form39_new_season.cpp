@@ -20,7 +20,7 @@ Form39::Form39(Context &theContext, const QString &name, const QString &title)
                        "pilote ayant le plus de points)"),
         "plain");
     intention->setWordWrap(true);
-    auto *row = championRow(); // before the button, in the order of Tab
+    auto *row = championRow();
     m_ok = button(QStringLiteral("Command1"), QStringLiteral("OK"), [this] { pass(); });
     m_ok->makeMain();
     m_ok->setMinimumWidth(120);

@@ -4,6 +4,7 @@
 #include "shell/chrome.h"
 #include "shell/look.h"
 #include "shell/screens.h"
+#include "shell/tab_order.h"
 #include "shell/title_bar.h"
 
 #include <QCloseEvent>
@@ -11,6 +12,8 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QVBoxLayout>
+
+#include <utility>
 
 namespace circuidex {
 
@@ -181,6 +184,9 @@ void Screen::present()
 {
     if (m_outOfSight)
         return;
+    if (!std::exchange(m_tabsOrdered, true))
+        if (QWidget *first = orderTabs(*m_body); first && !focusWidget())
+            first->setFocus();
     show();
     raise();
     activateWindow();

@@ -115,7 +115,7 @@ private:
     std::shared_ptr<const int> m_alive = std::make_shared<const int>(0); // what listens for this screen ends with it
     double m_left = 0, m_top = 0; // twips, as last set
     QPoint m_placedAt{1 << 20, 0}; // where that put the window; nowhere at first
-    bool m_outOfSight = false, m_closed = false;
+    bool m_outOfSight = false, m_closed = false, m_tabsOrdered = false;
     int m_waiting = 0;
     Skin m_skin;
 };
