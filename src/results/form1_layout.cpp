@@ -1,7 +1,6 @@
 // How Form1 is laid out: three columns of cards. What its buttons do stands in form1_main.cpp.
 #include "results/form1_main.h"
 
-#include "platform/platform.h"
 #include "results/media_of_grand_prix.h"
 #include "results/navigation.h"
 #include "results/side_screens.h"
