@@ -111,21 +111,40 @@ void passOnScale(MainScreen &main)
 // False when the transit file doesn't hold the drivers; what an earlier passage left there must not arrive instead.
 bool leave(const MainScreen &main)
 {
+    const unsigned lost = main.store.lostWrites();
     const Season old = main.season(), transit = transitFile(main);
     for (int number = 0; number < carriedSlots; ++number)
         leaveDriver(old, transit, std::to_string(number));
     leaveCalendar(main, transit);
-    return !main.store.writesLost();
+    return main.store.lostWrites() == lost;
 }
 
-void arrive(const MainScreen &main, const std::string &year)
+// False when the new season doesn't hold everything.
+bool arrive(const MainScreen &main, const std::string &year)
 {
+    const unsigned lost = main.store.lostWrites();
     const Season transit = transitFile(main), fresh(main.store, year);
     for (int number = 0; number < carriedSlots; ++number)
         arriveDriver(transit, fresh, std::to_string(number));
     for (int slot = 0; slot < gpSlots; ++slot)
         arriveGrandPrix(transit, fresh, slot);
     countSeasons(fresh);
+    return main.store.lostWrites() == lost;
+}
+
+// The user is told where the way ends.
+bool carry(const MainScreen &main, const std::string &next)
+{
+    if (!leave(main)) {
+        main.dialogs.message("Le fichier de transit ne peut pas être écrit : rien n'a été transféré.");
+        return false;
+    }
+    if (!arrive(main, next)) {
+        main.dialogs.message("La saison " + next + " n'a pas pu être écrite en entier. La saison " + main.an.text() +
+                             " reste ouverte : recommencez quand le disque accepte l'écriture.");
+        return false;
+    }
+    return true;
 }
 
 }
@@ -152,6 +171,8 @@ bool passToNextSeason(MainScreen &main, const std::string &champion)
         main.dialogs.message("La saison \"" + year + "\" n'est pas une année : il n'y a pas de saison suivante.");
         return false;
     }
+    const Season old = main.season();
+    const std::string titleKey = keys::driver("champion", champion), titles = old.read(keys::N, titleKey);
     crown(main, champion);
     main.dialogs.message(
         "Le programme va passer a la saison suivante! Il va transférer toutes les données des pilotes "
@@ -159,11 +180,10 @@ bool passToNextSeason(MainScreen &main, const std::string &champion)
         year + " vers la saison " + *next +
         ". Vous pourez par la suite effectuer les transferts des pilotes, le calendrier etc... si vous "
         "n'effectuez pas de mise a jour en ligne.");
-    if (!leave(main)) {
-        main.dialogs.message("Le fichier de transit ne peut pas être écrit : rien n'a été transféré.");
+    if (!carry(main, *next)) {
+        old.write(keys::N, titleKey, titles); // a second try crowns him again
         return false;
     }
-    arrive(main, *next);
     nextSeason(main);
     main.dialogs.message("Opération terminée, vous pouvez désormais soit faire une mise a jour en ligne pour mettre a "
                          "jour la base de donnée, soit entrer vous même les modifications qui ont eut lieu durant "

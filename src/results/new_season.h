@@ -16,7 +16,7 @@ std::optional<int> championshipLeader(const Season &season);
 // From the season on the main screen to the one after it, with the champion of that number, and the main screen goes
 // with it: the same place in the calendar, nothing recorded there. The user is told before and after. An empty number
 // crowns nobody. False, and the user is told, when there is no season to pass to, because the season's name is no year,
-// or when the transit file can't be written: the drivers have then gone nowhere.
+// or when a file can't be written as a whole: the old season then stays open, without the new title.
 bool passToNextSeason(MainScreen &main, const std::string &champion);
 
 // Points of drivers and teams back to 0. They come over with the drivers and are cleared a moment after the passage.

@@ -161,7 +161,7 @@ void Store::writeBytes(std::string_view stem, std::string_view section, std::str
         return;
     refresh(*found, true);
     if (found->stamp.kind == disk::Kind::refused || m_readOnly) {
-        m_writesLost = true;
+        lose();
         return;
     }
     if (!found->text)
@@ -188,6 +188,13 @@ disk::Stamp Store::load(const std::string &path, std::string &bytes) const
     return m_readOnly ? disk::read(path, bytes) : disk::repairAndRead(path, bytes);
 }
 
+bool Store::lose()
+{
+    ++m_lostWrites;
+    m_writesLost = true;
+    return false;
+}
+
 void Store::beforeFirstWrite()
 {
     if (std::exchange(m_written, true))
@@ -204,7 +211,7 @@ bool Store::write(const std::string &path, std::string_view bytes, bool overText
     const std::string target = disk::target(path);
     const std::string aside = overText ? std::string() : moveAside(target, "abime");
     if (!overText && aside.empty())
-        return !(m_writesLost = true);
+        return lose();
     if (replace(target, bytes, after)) {
         if (!overText)
             noteDamage(path).aside = nameOf(aside);
@@ -221,12 +228,15 @@ bool Store::replace(const std::string &target, std::string_view bytes, disk::Sta
                                     [&target](const Unsettled &each) { return each.path == target; });
     const bool first = known == m_unsettled.end();
     const bool held = first ? disk::keepOld(target) : known->held;
-    m_writesLost = bytes.size() > disk::largest || !disk::replace(target, bytes, held, after);
-    if (first && !m_writesLost)
+    if (bytes.size() > disk::largest || !disk::replace(target, bytes, held, after)) {
+        if (first && held)
+            disk::dropOld(target);
+        return lose();
+    }
+    if (first)
         m_unsettled.push_back({target, held});
-    else if (first && held)
-        disk::dropOld(target);
-    return !m_writesLost;
+    m_writesLost = false;
+    return true;
 }
 
 Store::Damaged &Store::noteDamage(const std::string &path) const
@@ -253,7 +263,7 @@ bool Store::restore(const std::string &name)
     const bool empty = disk::look(target).kind == disk::Kind::missing;
     const std::string aside = empty ? std::string() : moveAside(target, wanted->aside.empty() ? "abime" : "remplace");
     if (!empty && aside.empty())
-        return !(m_writesLost = true);
+        return lose();
     disk::Stamp after;
     wanted->restored = replace(target, good, after);
     if (!wanted->restored && !empty)
@@ -321,7 +331,7 @@ void Store::setYearMarker(std::string_view year)
     if (stamp.kind == disk::Kind::file && held == line)
         return;
     if (m_readOnly)
-        m_writesLost = true;
+        lose();
     else
         write(path, line, !m_protected || isText(held), stamp);
 }

@@ -47,6 +47,9 @@ public:
     // kept.
     bool writesLost() const { return m_writesLost; }
 
+    // How many writes failed so far. What must be written as a whole compares it before and after.
+    unsigned lostWrites() const { return m_lostWrites; }
+
     // Files are parsed once and kept. A change made by another program is seen at the first read of the next moment; a
     // moment ends by itself after a tick of the system's coarse clock (4 ms or less), or by this call.
     void newMoment() { m_moment++; }
@@ -99,6 +102,7 @@ private:
     disk::Stamp load(const std::string &path, std::string &bytes) const;
     bool write(const std::string &path, std::string_view bytes, bool overText, disk::Stamp &after);
     bool replace(const std::string &target, std::string_view bytes, disk::Stamp &after);
+    bool lose(); // a write; false
     void beforeFirstWrite();
     Damaged &noteDamage(const std::string &path) const;
 
@@ -111,6 +115,7 @@ private:
     std::vector<Unsettled> m_unsettled; // the files written since settle()
     std::uint64_t m_moment = 1;
     bool m_writesLost = false;
+    unsigned m_lostWrites = 0;
     bool m_written = false; // a write was tried
     bool m_protected = false;
     bool m_readOnly = false;

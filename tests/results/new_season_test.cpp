@@ -207,6 +207,7 @@ TEST(NewSeason, StaysWhereItCannotPass)
     EXPECT_EQ(desk.dialogs.said.back(), "Le fichier de transit ne peut pas être écrit : rien n'a été transféré.");
     EXPECT_EQ(changes(before, desk.keys("2006")), Lines{});
     EXPECT_EQ(desk.main.an.text(), "2005");
+    EXPECT_EQ(desk.read("2005 [N°] champion5"), "");
 }
 
 // Cut off anywhere: whatever the disk refuses from then on, the old season keeps its results, and a second try comes to
@@ -232,12 +233,19 @@ TEST(NewSeason, ThatWasCutOffCanBeTriedAgain)
         ASSERT_TRUE(pass(whole));
     }
     const Keys expected = fresh(whole);
+    int refused = 0;
     for (int last = 0; last < writes; last += writes / 12) {
         Desk desk;
         {
             int count = 0;
             const WatchedCalls cut([&](const auto &call) { return call.name == "write" && count++ >= last ? EIO : 0; });
-            pass(desk);
+            const bool passed = pass(desk);
+            EXPECT_EQ(desk.main.an.text(), passed ? "2006" : "2005") << last;
+            for (const std::string &line :
+                 passed ? changes(expected, fresh(desk)) : Lines{}) // only what comes after it
+                EXPECT_TRUE(line.starts_with("nbpts") || line.starts_with("ptsecurie") || line.starts_with("[bareme]"))
+                    << last << " " << line;
+            refused += !passed;
         }
         for (const std::string &line : changes(old, desk.keys("2005")))
             EXPECT_EQ(line, "champion5: - > -2005");
@@ -245,6 +253,7 @@ TEST(NewSeason, ThatWasCutOffCanBeTriedAgain)
         ASSERT_TRUE(pass(desk)) << last;
         EXPECT_EQ(changes(expected, fresh(desk)), Lines{}) << last;
     }
+    EXPECT_GT(refused, 8);
 }
 
 }
