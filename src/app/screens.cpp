@@ -78,7 +78,7 @@ std::vector<ScreenRow> screenRows()
         {text("Form71"), text("Nombre de Points par GP par Ecurie"), make<PointChart>},
     };
     for (const menus::Menu &menu : menus::all())
-        rows.push_back({utf8(menu.name), utf8(menu.heading), make<DropDown>});
+        rows.push_back({qt(menu.name), qt(menu.heading), make<DropDown>});
     return rows;
 }
 

@@ -3,7 +3,6 @@
 #include "standings/points_matrix.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace circuidex::charts {
 
@@ -44,11 +43,9 @@ SeriesCells driverPoints(const Season &season, const Scale &scale, const Subject
     const PointsMatrix matrix = pointsMatrix(season, scale);
     SeriesCells series;
     for (std::size_t s = 0; s < subjects.size(); ++s) {
-        const auto number = season.numbers().value(subjects[s]);
-        if (!number || *number < 1 || *number > driverSlots || *number != std::floor(*number))
-            continue;
-        for (int slot = 0; slot < gpSlots; ++slot)
-            series.cells[s][static_cast<std::size_t>(slot)] = matrix.at(static_cast<int>(*number), slot);
+        const auto driver = driverIn(subjects[s], season.numbers());
+        for (int slot = 0; driver && slot < gpSlots; ++slot)
+            series.cells[s][static_cast<std::size_t>(slot)] = matrix.at(*driver, slot);
     }
     return series;
 }

@@ -355,16 +355,11 @@ QString PointChart::meaning(int series, int slot) const
     const auto value = numbers.value(m_chart.cell(series, slot));
     if (chart.downFrom)
         return name + (value && *value >= 1 && *value < *chart.downFrom ? placeName(int(*value)) : unplacedCaption());
-    const QString points = pointsText(qt(numbers.text(value.value_or(0))));
+    const QString scored = qt(numbers.text(value.value_or(0)));
     if (chart.rule == Rule::level)
-        return name + points;
-    double sum = 0;
-    for (int k = 0; k <= slot; ++k)
-        sum += numbers.value(m_chart.cell(series, k)).value_or(0);
-    return name +
-        QStringLiteral("%1 (+%2)")
-            .arg(pointsText(qt(numbers.text(sum))),
-                 qt(numbers.text(value.value_or(0))));
+        return name + pointsText(scored);
+    const QString sum = qt(numbers.text(m_chart.sumTo(series, slot, numbers)));
+    return name + QStringLiteral("%1 (+%2)").arg(pointsText(sum), scored);
 }
 
 }

@@ -184,6 +184,14 @@ const std::string &SeasonChart::cell(int series, int slot) const
     return m_values.cells[static_cast<std::size_t>(series)][static_cast<std::size_t>(slot)];
 }
 
+double SeasonChart::sumTo(int series, int slot, const Numbers &numbers) const
+{
+    double sum = 0;
+    for (int k = 0; k <= slot; ++k)
+        sum += numbers.value(cell(series, k)).value_or(0);
+    return sum;
+}
+
 void SeasonChart::setCell(int series, int slot, const std::string &text)
 {
     m_values.cells[static_cast<std::size_t>(series)][static_cast<std::size_t>(slot)] = text;

@@ -31,6 +31,7 @@ public:
     bool averageShown() const { return m_averageShown; }
     const std::string &name(int series) const { return m_names[static_cast<std::size_t>(series)]; } // of a subject
     const std::string &cell(int series, int slot) const; // the value at a slot, as text
+    double sumTo(int series, int slot, const Numbers &numbers) const; // of the values so far, this slot's included
     void setCell(int series, int slot, const std::string &text);
     const Pair &pair(int index) const { return m_pairs[static_cast<std::size_t>(index)]; } // 0: the first two subjects
     std::vector<Tick> ticks(const Numbers &numbers) const; // of a chart with a scale

@@ -25,11 +25,6 @@ constexpr double captionHeight = 225;
 constexpr double averageCaption = 400; // above a paper that may show an average
 constexpr double maskWidth = 15000;
 
-QString words(std::string_view utf8)
-{
-    return QString::fromUtf8(utf8.data(), qsizetype(utf8.size()));
-}
-
 TwipRect bounds(const TwipLine &l)
 {
     return {std::min(l.x1, l.x2), std::min(l.y1, l.y2), std::abs(l.x2 - l.x1), std::abs(l.y2 - l.y1)};
@@ -191,11 +186,11 @@ void ChartScreen::save(const QString &kind, const QByteArray &bytes)
 Label *ChartScreen::marker(int series)
 {
     auto *made =
-        command(words(m_controls.markers[static_cast<std::size_t>(series)]), QStringLiteral("=> "), [this, series] {
+        command(qt(m_controls.markers[static_cast<std::size_t>(series)]), QStringLiteral("=> "), [this, series] {
             m_chart.highlight(series, context.store.numbers());
             showChart();
         });
-    made->setToolTip(words(m_controls.markerTip));
+    made->setToolTip(qt(m_controls.markerTip));
     return made;
 }
 
@@ -219,7 +214,7 @@ QLayout *ChartScreen::thicknessRow()
         m_chart.drawNormal(season());
         showChart();
     }));
-    row->addWidget(button(QStringLiteral("Command2"), words(m_controls.custom), custom));
+    row->addWidget(button(QStringLiteral("Command2"), qt(m_controls.custom), custom));
     row->addWidget(width);
     return row;
 }
@@ -345,7 +340,7 @@ void ChartScreen::addEdgeCaptions(ChartPicture &picture) const
         const double y = m_chart.instance().level().at(caption.value), centre = caption.top + captionHeight / 2;
         addLevel(picture, y);
         picture.leaders.push_back(stroke({-leader, centre, 0, y, 1}, look::line));
-        addHeight(picture, words(caption.text), centre, leader + gap / 2);
+        addHeight(picture, qt(caption.text), centre, leader + gap / 2);
     }
 }
 

@@ -29,10 +29,10 @@ int widthOf(const menus::Menu &menu, int arrowWidth)
     QFont bold = QGuiApplication::font();
     bold.setBold(true);
     const QFontMetrics metrics(bold);
-    int words = metrics.horizontalAdvance(utf8(menu.heading));
+    int words = metrics.horizontalAdvance(qt(menu.heading));
     for (const menus::Entry &entry : menu.entries()) {
         const int arrow = menus::find(entry.screen) ? arrowWidth : 0;
-        words = std::max(words, metrics.horizontalAdvance(utf8(entry.caption)) + arrow);
+        words = std::max(words, metrics.horizontalAdvance(qt(entry.caption)) + arrow);
     }
     return std::max(leastWidth, words + 4 * look::gap);
 }
@@ -71,7 +71,7 @@ void DropDown::layOut()
     column->setContentsMargins(3, 3, 3, 3);
     column->setSpacing(1);
     int number = 1;
-    Label *heading = addText(*column, numbered("Label", number++), utf8(m_menu.heading), "heading");
+    Label *heading = addText(*column, numbered("Label", number++), qt(m_menu.heading), "heading");
     heading->setFixedHeight(rowHeight);
     if (!m_menu.help.empty()) {
         heading->setCursor(Qt::PointingHandCursor);
@@ -109,7 +109,7 @@ void DropDown::choose(const menus::Entry &entry)
 void DropDown::openSide(const menus::Entry &entry)
 {
     closeSides();
-    if (auto *side = dynamic_cast<DropDown *>(context.screens.open(utf8(entry.screen))))
+    if (auto *side = dynamic_cast<DropDown *>(context.screens.open(qt(entry.screen))))
         side->belongTo(entry.tag);
 }
 
@@ -117,7 +117,7 @@ void DropDown::closeSides()
 {
     for (const menus::Entry &entry : m_menu.entries())
         if (menus::find(entry.screen))
-            context.screens.close(utf8(entry.screen));
+            context.screens.close(qt(entry.screen));
 }
 
 void DropDown::closing()
@@ -128,19 +128,19 @@ void DropDown::closing()
 void DropDown::showHelp()
 {
     if (Screen *help = context.screens.open(QStringLiteral("Form27")))
-        help->setText(QStringLiteral("Text1"), help->text(utf8(m_menu.help)));
+        help->setText(QStringLiteral("Text1"), help->text(qt(m_menu.help)));
 }
 
 void DropDown::belongTo(std::string_view tag)
 {
-    m_fond->tag = utf8(tag);
+    m_fond->tag = qt(tag);
     standBesideParent();
 }
 
 DropDown *DropDown::parentMenu() const
 {
     const menus::Menu *parent = menus::parentOf(m_menu.name, m_fond->tag.toStdString());
-    return parent ? dynamic_cast<DropDown *>(context.screens.find(utf8(parent->name))) : nullptr;
+    return parent ? dynamic_cast<DropDown *>(context.screens.find(qt(parent->name))) : nullptr;
 }
 
 double DropDown::topOf(const DropDown &side) const
@@ -170,7 +170,7 @@ void DropDown::standBesideButton()
                            room.height() * twipsPerPixel};
     TwipRect beside = display;
     const Screen *main = context.screens.find(QStringLiteral("Form1"));
-    if (const Control *opener = main ? main->control(utf8(m_menu.button)) : nullptr) {
+    if (const Control *opener = main ? main->control(qt(m_menu.button)) : nullptr) {
         beside = opener->geometry();
         beside.left += main->place().left;
         beside.top += main->place().top;

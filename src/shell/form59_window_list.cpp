@@ -35,7 +35,7 @@ QLayout *Form59::page()
     layout->setContentsMargins(look::gap, look::gap, look::gap, 4);
     layout->setSpacing(4);
     addText(*layout, nextLabel(), QStringLiteral("Liste des fenêtres"), "title");
-    addText(*layout, nextLabel(), utf8(menus::windowListText), "text");
+    addText(*layout, nextLabel(), qt(menus::windowListText), "text");
     auto *side = new QHBoxLayout;
     side->setSpacing(look::gap);
     for (int i = 0; i < columns; ++i) {
@@ -55,9 +55,9 @@ QLayout *Form59::page()
 
 void Form59::addGroup(QBoxLayout &column, const menus::Group &group)
 {
-    addText(column, nextLabel(), utf8(group.heading), "group")->setMinimumWidth(columnWidth);
+    addText(column, nextLabel(), qt(group.heading), "group")->setMinimumWidth(columnWidth);
     for (const menus::Entry &entry : group.entries()) {
-        Label *label = addEntry(column, entry.control.empty() ? nextLabel() : utf8(entry.control), captionOf(entry),
+        Label *label = addEntry(column, entry.control.empty() ? nextLabel() : qt(entry.control), captionOf(entry),
                                 reachable(entry), [this, &entry] { choose(entry); });
         label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // the headings give the columns their width
     }

@@ -74,21 +74,21 @@ QWidget *MenuPage::makeRule()
 
 QString MenuPage::captionOf(const menus::Entry &entry) const
 {
-    const QString caption = utf8(entry.caption);
+    const QString caption = qt(entry.caption);
     return entry.season ? caption + qt(context.main.an.text()) : caption;
 }
 
 bool MenuPage::reachable(const menus::Entry &entry) const
 {
-    return context.screens.exists(utf8(entry.screen));
+    return context.screens.exists(qt(entry.screen));
 }
 
 void MenuPage::openTarget(const menus::Entry &entry)
 {
     const Waiting waiting(*this);
-    Screen *target = context.screens.open(utf8(entry.screen));
+    Screen *target = context.screens.open(qt(entry.screen));
     if (target && !entry.press.empty())
-        target->press(utf8(entry.press));
+        target->press(qt(entry.press));
     Screen *main = context.screens.find(QStringLiteral("Form1"));
     if (target && main && entry.insteadOfMain)
         main->setPlace(0, 50000);

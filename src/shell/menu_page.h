@@ -50,9 +50,4 @@ private:
     int m_rowHeight = 26; // pixels
 };
 
-inline QString utf8(std::string_view words)
-{
-    return QString::fromUtf8(words.data(), static_cast<qsizetype>(words.size()));
-}
-
 }

@@ -4,17 +4,12 @@
 
 namespace circuidex {
 
-namespace {
-
-// The driver whose number a text is; absent for nobody and for a number that the matrix has no row for.
 std::optional<int> driverIn(std::string_view text, const Numbers &numbers)
 {
     const auto number = numbers.value(text);
     if (!number || *number < 1 || *number > driverSlots || *number != std::floor(*number))
         return std::nullopt;
     return static_cast<int>(*number);
-}
-
 }
 
 PointsMatrix pointsMatrix(const Season &season, const Scale &scale)
@@ -38,14 +33,6 @@ void markPoles(PointsMatrix &matrix, const Numbers &numbers)
     for (int gp = 0; gp < gpSlots; ++gp)
         if (const auto driver = driverIn(matrix.poles[static_cast<std::size_t>(gp)], numbers))
             matrix.cells[PointsMatrix::index(*driver, gp)] += poleMark;
-}
-
-double totalPoints(const PointsMatrix &matrix, int driver, const Numbers &numbers)
-{
-    double total = 0;
-    for (int gp = 0; gp < gpSlots; ++gp)
-        total += numbers.value(matrix.at(driver, gp)).value_or(0);
-    return total;
 }
 
 }

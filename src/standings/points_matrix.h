@@ -23,13 +23,13 @@ struct PointsMatrix {
     const std::string &at(int driver, int gp) const { return cells[index(driver, gp)]; }
 };
 
+// The driver whose number a text is; absent for nobody and for a number that the matrix has no row for.
+std::optional<int> driverIn(std::string_view text, const Numbers &numbers);
+
 PointsMatrix pointsMatrix(const Season &season, const Scale &scale);
 
 // What stands behind the points of the driver in pole position, once poles are shown. Such a cell is no number.
 inline constexpr std::string_view poleMark = "(Pole)        ";
 void markPoles(PointsMatrix &matrix, const Numbers &numbers);
-
-// A driver's points over all races of an unmarked matrix.
-double totalPoints(const PointsMatrix &matrix, int driver, const Numbers &numbers);
 
 }

@@ -180,7 +180,7 @@ std::vector<QString> dropDowns()
     std::vector<QString> names;
     for (const menus::Menu &menu : menus::all())
         if (menu.dropDown())
-            names.push_back(utf8(menu.name));
+            names.push_back(qt(menu.name));
     return names;
 }
 
@@ -335,10 +335,10 @@ TEST_F(MenusOfTheProgram, StandBesideTheirButtons)
         if (!menu.dropDown())
             continue;
         SCOPED_TRACE(std::string(menu.name));
-        main.press(utf8(menu.button));
-        const Screen *opened = driver->program().screens().find(utf8(menu.name));
+        main.press(qt(menu.button));
+        const Screen *opened = driver->program().screens().find(qt(menu.name));
         ASSERT_NE(opened, nullptr);
-        const TwipRect button = main.control(utf8(menu.button))->geometry(), place = opened->place();
+        const TwipRect button = main.control(qt(menu.button))->geometry(), place = opened->place();
         EXPECT_NEAR(place.top, button.top, twipsPerPixel);
         EXPECT_LE(place.left + place.width, button.left);
         EXPECT_GT(place.left, 0);

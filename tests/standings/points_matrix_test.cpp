@@ -8,6 +8,14 @@ using namespace circuidex::test;
 
 namespace {
 
+double totalPoints(const PointsMatrix &matrix, int driver, const Numbers &numbers)
+{
+    double total = 0;
+    for (int gp = 0; gp < gpSlots; ++gp)
+        total += numbers.value(matrix.at(driver, gp)).value_or(0);
+    return total;
+}
+
 // Slot and points, "103 10(Pole)        ", for every cell that holds something.
 Lines cellsOf(const PointsMatrix &matrix)
 {
