@@ -43,7 +43,7 @@ void drawOnFullSeason(benchmark::State &state)
     chart.open(season);
     for (auto _ : state) {
         store.newMoment();
-        chart.draw(season, builtInScale);
+        chart.draw(season, results::builtInScale);
     }
     state.SetLabel(std::string(chart.instance().screen));
 }

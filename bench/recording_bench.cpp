@@ -34,7 +34,7 @@ public:
         store.emplace(m_folder);
         screen.emplace(*store, dialogs);
         screen->an.set("2005");
-        goToFirstFreeSlot(*screen);
+        results::goToFirstFreeSlot(*screen);
     }
     ~SampleFolder()
     {
@@ -52,7 +52,7 @@ public:
 
     Silent dialogs;
     std::optional<Store> store;
-    std::optional<MainScreen> screen;
+    std::optional<results::MainRecord> screen;
 
 private:
     fs::path m_folder;
@@ -63,10 +63,10 @@ void recordOnFullSeason(benchmark::State &state)
     SampleFolder sample;
     for (auto _ : state) {
         sample.fill();
-        recordGrandPrix(*sample.screen);
+        results::recordGrandPrix(*sample.screen);
         sample.store->settle();
         state.PauseTiming();
-        cancelGrandPrix(*sample.screen);
+        results::cancelGrandPrix(*sample.screen);
         sample.store->settle();
         state.ResumeTiming();
     }
@@ -79,13 +79,13 @@ void amendOnFullSeason(benchmark::State &state)
 {
     SampleFolder sample;
     sample.fill();
-    recordGrandPrix(*sample.screen);
+    results::recordGrandPrix(*sample.screen);
     bool swapped = false;
     for (auto _ : state) {
         swapped = !swapped;
         sample.screen->number(3).set(swapped ? "6" : "16");
         sample.screen->number(4).set(swapped ? "16" : "6");
-        amendGrandPrix(*sample.screen, Amendment::byUser);
+        results::amendGrandPrix(*sample.screen, results::Amendment::byUser);
         sample.store->settle();
     }
 }
@@ -95,7 +95,7 @@ void stepThroughSeason(benchmark::State &state)
 {
     SampleFolder sample;
     for (auto _ : state)
-        nextGrandPrix(*sample.screen);
+        results::nextGrandPrix(*sample.screen);
 }
 BENCHMARK(stepThroughSeason)->Unit(benchmark::kMicrosecond);
 

@@ -12,13 +12,15 @@
 
 namespace circuidex {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString ok = QStringLiteral("ok");
+const QString ok = u"ok"_s;
 
 QString error(const QString &reason)
 {
-    return QStringLiteral("error: ") + reason;
+    return u"error: "_s + reason;
 }
 
 // A text in one line.
@@ -58,7 +60,7 @@ QString number(double value)
 
 QString colour(const std::optional<QColor> &colour)
 {
-    return colour ? colour->name().toUpper() : QStringLiteral("default");
+    return colour ? colour->name().toUpper() : u"default"_s;
 }
 
 // "f12005.ini" is the file of the stem "2005".
@@ -131,22 +133,22 @@ std::optional<std::string> QueuedDialogs::chooseNewFile(const std::string &title
 
 void RecordingPlatform::print(QWidget &, const std::string &name)
 {
-    calls << QStringLiteral("print ") + QString::fromStdString(name);
+    calls << u"print "_s + QString::fromStdString(name);
 }
 
 void RecordingPlatform::play(const std::string &path)
 {
-    calls << QStringLiteral("play ") + QString::fromStdString(path);
+    calls << u"play "_s + QString::fromStdString(path);
 }
 
 void RecordingPlatform::startProgram(const std::string &path)
 {
-    calls << QStringLiteral("start ") + QString::fromStdString(path);
+    calls << u"start "_s + QString::fromStdString(path);
 }
 
 void RecordingPlatform::openAddress(const std::string &address)
 {
-    calls << QStringLiteral("open ") + QString::fromStdString(address);
+    calls << u"open "_s + QString::fromStdString(address);
 }
 
 Driver::Driver(const std::filesystem::path &folder, Numbers numbers) :
@@ -167,7 +169,7 @@ std::optional<QString> Driver::execute(const QString &line)
     else if (auto onFile = onFiles(words.first, words.rest))
         answer = *std::move(onFile);
     else
-        answer = onControl(words.first, words.rest).value_or(error(QStringLiteral("no such command: ") + words.first));
+        answer = onControl(words.first, words.rest).value_or(error(u"no such command: "_s + words.first));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // screens that closed are gone
     m_program.settle();
     m_program.offerCopies();
@@ -210,7 +212,7 @@ std::optional<QString> Driver::dispatch(const QString &command, const QString &a
         QCoreApplication::processEvents();
         while (m_program.screens().timersPending()) {
             if (elapsed.hasExpired(60000))
-                return error(QStringLiteral("timers don't come to rest"));
+                return error(u"timers don't come to rest"_s);
             QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
         }
         return ok;
@@ -220,15 +222,15 @@ std::optional<QString> Driver::dispatch(const QString &command, const QString &a
 
 std::optional<QString> Driver::onScreens(const QString &command, const QString &argument)
 {
-    static const QStringList commands{QStringLiteral("open"),     QStringLiteral("close"), QStringLiteral("isopen"),
-                                      QStringLiteral("controls"), QStringLiteral("title"), QStringLiteral("shot"),
-                                      QStringLiteral("tables"),   QStringLiteral("pointer")};
+    static const QStringList commands{u"open"_s,     u"close"_s, u"isopen"_s,
+                                      u"controls"_s, u"title"_s, u"shot"_s,
+                                      u"tables"_s,   u"pointer"_s};
     if (!commands.contains(command))
         return std::nullopt;
     const Words words = split(argument);
     Screens &screens = m_program.screens();
     if (!screens.exists(words.first))
-        return error(QStringLiteral("no such screen: ") + words.first);
+        return error(u"no such screen: "_s + words.first);
     if (command == u"open") {
         screens.openFromMenu(words.first);
         return ok;
@@ -239,22 +241,22 @@ std::optional<QString> Driver::onScreens(const QString &command, const QString &
     }
     Screen *screen = screens.find(words.first);
     if (command == u"isopen")
-        return screen ? QStringLiteral("yes") : QStringLiteral("no");
+        return screen ? u"yes"_s : u"no"_s;
     if (command == u"title")
         for (const ScreenRow &row : screens.rows())
             if (row.name == words.first && !screen)
                 return escaped(row.title);
     if (!screen)
-        return error(QStringLiteral("not open: ") + words.first);
+        return error(u"not open: "_s + words.first);
     if (command == u"title")
         return escaped(screen->title());
     if (command == u"controls")
         return screen->controlNames().join(u'\t');
     if (command == u"pointer")
-        return screen->waiting() ? QStringLiteral("wait") : QStringLiteral("normal");
+        return screen->waiting() ? u"wait"_s : u"normal"_s;
     if (command == u"tables")
-        return saveTables(*screen, words.rest) ? ok : error(QStringLiteral("can't write ") + words.rest);
-    return screen->grab().save(words.rest, "PNG") ? ok : error(QStringLiteral("can't write ") + words.rest);
+        return saveTables(*screen, words.rest) ? ok : error(u"can't write "_s + words.rest);
+    return screen->grab().save(words.rest, "PNG") ? ok : error(u"can't write "_s + words.rest);
 }
 
 std::optional<QString> Driver::onFiles(const QString &command, const QString &argument)
@@ -265,14 +267,14 @@ std::optional<QString> Driver::onFiles(const QString &command, const QString &ar
     const auto match = form.match(argument);
     const auto stem = stemOf(match.captured(1));
     if (!match.hasMatch() || !stem)
-        return error(QStringLiteral("expected: f1<stem>.ini [section] key"));
+        return error(u"expected: f1<stem>.ini [section] key"_s);
     const std::string section = unescaped(match.captured(2)).toStdString();
     const QString key = match.captured(3);
     if (command == u"read")
         return escaped(QString::fromStdString(m_program.store().LireINI(*stem, section, unescaped(key).toStdString())));
     const qsizetype equals = key.indexOf(u'=');
     if (equals < 0)
-        return error(QStringLiteral("expected: key=value"));
+        return error(u"expected: key=value"_s);
     m_program.store().EcrireINI(*stem, section, unescaped(key.left(equals)).toStdString(),
                                 unescaped(key.mid(equals + 1)).toStdString());
     return ok;
@@ -284,18 +286,18 @@ Control *Driver::find(const QString &reference, QString &reason) const
     const auto match = form.match(reference);
     const Screens &screens = m_program.screens();
     if (!match.hasMatch() || !screens.exists(match.captured(1))) {
-        reason = error(QStringLiteral("no such screen or control: ") + reference);
+        reason = error(u"no such screen or control: "_s + reference);
         return nullptr;
     }
     const Screen *screen = screens.find(match.captured(1));
     if (!screen) {
-        reason = error(QStringLiteral("not open: ") + match.captured(1));
+        reason = error(u"not open: "_s + match.captured(1));
         return nullptr;
     }
     const auto index = match.capturedLength(3) > 0 ? std::optional(match.captured(3).toInt()) : std::nullopt;
     Control *control = screen->control(match.captured(2), index);
     if (!control)
-        reason = error(QStringLiteral("no such control: ") + reference);
+        reason = error(u"no such control: "_s + reference);
     return control;
 }
 
@@ -307,7 +309,7 @@ QString Driver::run(const QString &reference) const
     QStringList texts;
     for (int i = match.captured(2).toInt(); i <= match.captured(3).toInt() && texts.size() < 10000; ++i) {
         QString reason;
-        const Control *control = find(QStringLiteral("%1(%2)").arg(match.captured(1)).arg(i), reason);
+        const Control *control = find(u"%1(%2)"_s.arg(match.captured(1)).arg(i), reason);
         if (!control)
             return reason;
         texts << control->text();
@@ -319,26 +321,26 @@ std::optional<QString> Driver::onControl(const QString &command, const QString &
 {
     using Handler = std::function<QString(Control &, const QString &)>;
     static const std::map<QString, Handler> handlers{
-        {QStringLiteral("get"), [](Control &c, const QString &) { return escaped(c.text()); }},
-        {QStringLiteral("tag"), [](Control &c, const QString &) { return escaped(c.tag); }},
-        {QStringLiteral("tip"), [](Control &c, const QString &) { return escaped(c.tip()); }},
-        {QStringLiteral("back"), [](Control &c, const QString &) { return colour(c.back()); }},
-        {QStringLiteral("fore"), [](Control &c, const QString &) { return colour(c.fore()); }},
-        {QStringLiteral("press"), [](Control &c, const QString &) { c.press(); return ok; }},
-        {QStringLiteral("double"), [](Control &c, const QString &) { c.doubleClick(); return ok; }},
-        {QStringLiteral("hover"), [](Control &c, const QString &) { c.hover(); return ok; }},
-        {QStringLiteral("key"), [](Control &c, const QString &key) { c.key(key); return ok; }},
-        {QStringLiteral("set"), [](Control &c, const QString &text) { c.setText(unescaped(text)); return ok; }},
-        {QStringLiteral("geom"),
+        {u"get"_s, [](Control &c, const QString &) { return escaped(c.text()); }},
+        {u"tag"_s, [](Control &c, const QString &) { return escaped(c.tag); }},
+        {u"tip"_s, [](Control &c, const QString &) { return escaped(c.tip()); }},
+        {u"back"_s, [](Control &c, const QString &) { return colour(c.back()); }},
+        {u"fore"_s, [](Control &c, const QString &) { return colour(c.fore()); }},
+        {u"press"_s, [](Control &c, const QString &) { c.press(); return ok; }},
+        {u"double"_s, [](Control &c, const QString &) { c.doubleClick(); return ok; }},
+        {u"hover"_s, [](Control &c, const QString &) { c.hover(); return ok; }},
+        {u"key"_s, [](Control &c, const QString &key) { c.key(key); return ok; }},
+        {u"set"_s, [](Control &c, const QString &text) { c.setText(unescaped(text)); return ok; }},
+        {u"geom"_s,
          [](Control &c, const QString &) {
              const TwipRect r = c.geometry();
              return QStringList{number(r.left), number(r.top), number(r.width), number(r.height)}.join(u'\t');
          }},
-        {QStringLiteral("line"),
+        {u"line"_s,
          [](Control &c, const QString &) {
              const auto l = c.line();
              if (!l)
-                 return error(QStringLiteral("not a line"));
+                 return error(u"not a line"_s);
              return QStringList{number(l->x1), number(l->y1), number(l->x2), number(l->y2), number(l->width)}.join(u'\t');
          }},
     };

@@ -14,11 +14,13 @@
 
 namespace circuidex {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-Surroundings surroundings(const std::filesystem::path &folder)
+results::Surroundings surroundings(const std::filesystem::path &folder)
 {
-    Surroundings machine;
+    results::Surroundings machine;
     machine.findFile = [folder](const std::string &stored) { return findFile(folder, stored); };
     machine.findPicture = [folder](const std::string &stored) {
         std::string found = findFile(folder, stored);
@@ -48,7 +50,7 @@ void Program::start()
     for (const std::string &stem : {m_store.yearMarker(), std::string("ARCHIVES"), std::string("galerie")})
         m_store.LireINI(stem, {}, {}); // a damaged one is asked about before the first screen writes to it
     offerCopies();
-    m_screens.open(QStringLiteral("Form1"));
+    m_screens.open(u"Form1"_s);
 }
 
 void Program::settle()
@@ -99,7 +101,7 @@ std::filesystem::path programFolder()
     if (QFileInfo(beside).isWritable())
         return beside.toStdString();
     const QString own =
-        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/Circuidex");
+        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/Circuidex"_s;
     QDir().mkpath(own);
     return own.toStdString();
 }

@@ -1,7 +1,7 @@
 #pragma once
 // The running program: the store of its folder, the main screen's record, and all its screens.
 #include "platform/folder_lock.h"
-#include "results/main_screen.h"
+#include "results/main_record.h"
 #include "shell/screens.h"
 
 #include <filesystem>
@@ -33,7 +33,7 @@ public:
 
 private:
     Store m_store;
-    MainScreen m_main;
+    results::MainRecord m_main;
     Screens m_screens;
     Context m_context;
     std::size_t m_offered = 0; // of the store's damaged files

@@ -37,12 +37,12 @@ void enterSampleCalendar(const Season &season, const SampleSeason &sample)
     }
 }
 
-void recordSampleRace(MainScreen &main, const SampleSeason &sample, int slot)
+void recordSampleRace(results::MainRecord &main, const SampleSeason &sample, int slot)
 {
     const Season season = main.season();
     const SampleRace &race = sample.races[static_cast<std::size_t>(slot)];
     const auto number = [&](const std::string &name) {
-        const auto found = driverNamed(season, name);
+        const auto found = results::driverNamed(season, name);
         return found ? std::to_string(*found) : std::string();
     };
     for (const SampleMove &move : sample.moves)
@@ -55,8 +55,8 @@ void recordSampleRace(MainScreen &main, const SampleSeason &sample, int slot)
     for (int place = 1; place <= classifiedPlaces; ++place)
         main.number(place).set(number(race.finish[static_cast<std::size_t>(place - 1)]));
     main.Text39.set(number(race.pole));
-    storeGrid(season, race.name, race.grid);
-    recordGrandPrix(main);
+    results::storeGrid(season, race.name, race.grid);
+    results::recordGrandPrix(main);
 }
 
 }

@@ -2,7 +2,7 @@
 // Brings the real seasons of data/ into a program folder by the program's own recording: the drivers with what they
 // bring along, the calendar, and race after race.
 #include "app/sample_data.h"
-#include "results/main_screen.h"
+#include "results/main_record.h"
 
 namespace circuidex {
 
@@ -12,6 +12,6 @@ void enterSampleDriver(const Season &season, const SampleDriver &driver, const S
 void enterSampleCalendar(const Season &season, const SampleSeason &sample);
 
 // The race of a slot, with the changes of team that happened before it and its grid, into the season that is open.
-void recordSampleRace(MainScreen &main, const SampleSeason &sample, int slot);
+void recordSampleRace(results::MainRecord &main, const SampleSeason &sample, int slot);
 
 }

@@ -112,10 +112,10 @@ int main(int argc, char **argv)
         careers[career.name] = career;
     for (const std::string year : {"2003", "2004", "2005"}) {
         const SampleSeason sample = parsed(data + "/" + year + ".saison", parseSampleSeason);
-        MainScreen main(store, faults);
+        results::MainRecord main(store, faults);
         main.an.set(year);
         const Season season = main.season();
-        storeScale(season, sample.scale);
+        results::storeScale(season, sample.scale);
         for (const SampleDriver &driver : sample.drivers)
             enterSampleDriver(season, driver, careers[driver.name]);
         enterSampleCalendar(season, sample);
@@ -123,14 +123,14 @@ int main(int argc, char **argv)
         const int races = static_cast<int>(sample.races.size()) - (complete ? 0 : 1);
         for (int slot = 0; slot < races; ++slot) {
             recordSampleRace(main, sample, slot);
-            sortAllTimeLists(store);
+            statistics::sortAllTimeLists(store);
         }
         if (complete) {
             careers = careersAfter(season, sample, std::move(careers));
             crown(season, sample, careers);
         }
     }
-    sortAllTimeLists(store); // the last newcomers' older entries go
+    statistics::sortAllTimeLists(store); // the last newcomers' older entries go
     store.setYearMarker("2005");
     store.settle();
     if (!faults.said.empty() || store.writesLost()) {

@@ -4,6 +4,6 @@
 
 namespace circuidex {
 
-std::vector<ScreenRow> screenRows();
+ScreenRows screenRows();
 
 }

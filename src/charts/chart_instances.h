@@ -42,7 +42,7 @@ struct Instance {
     AverageOf average = AverageOf::nothing;
     Subject subject;
     SettingKeys keys;
-    SeriesCells (*read)(const Season &, const Scale &, const Subjects &);
+    SeriesCells (*read)(const Season &, const results::Scale &, const Subjects &);
     bool refreshesScale = false; // the points of the places, at opening
     std::string_view leads = {}; // words of the pair sentences; none without pairs
 

@@ -38,19 +38,19 @@ std::optional<int> firstSlot(auto &&hasNothing)
 
 }
 
-SeriesCells driverPoints(const Season &season, const Scale &scale, const Subjects &subjects)
+SeriesCells driverPoints(const Season &season, const results::Scale &scale, const Subjects &subjects)
 {
-    const PointsMatrix matrix = pointsMatrix(season, scale);
+    const standings::PointsMatrix matrix = standings::pointsMatrix(season, scale);
     SeriesCells series;
     for (std::size_t s = 0; s < subjects.size(); ++s) {
-        const auto driver = driverIn(subjects[s], season.numbers());
+        const auto driver = standings::driverIn(subjects[s], season.numbers());
         for (int slot = 0; driver && slot < gpSlots; ++slot)
             series.cells[s][static_cast<std::size_t>(slot)] = matrix.at(*driver, slot);
     }
     return series;
 }
 
-SeriesCells teamPoints(const Season &season, const Scale &, const Subjects &subjects)
+SeriesCells teamPoints(const Season &season, const results::Scale &, const Subjects &subjects)
 {
     SeriesCells series;
     for (std::size_t s = 0; s < subjects.size(); ++s)
@@ -59,7 +59,7 @@ SeriesCells teamPoints(const Season &season, const Scale &, const Subjects &subj
     return series;
 }
 
-SeriesCells finishPlaces(const Season &season, const Scale &, const Subjects &subjects)
+SeriesCells finishPlaces(const Season &season, const results::Scale &, const Subjects &subjects)
 {
     return placesOf(season, subjects, classifiedPlaces, [&](int place, const std::string &gp) {
         const std::string number = season.podium(place, gp);
@@ -67,7 +67,7 @@ SeriesCells finishPlaces(const Season &season, const Scale &, const Subjects &su
     });
 }
 
-SeriesCells gridPlacesOf(const Season &season, const Scale &, const Subjects &subjects)
+SeriesCells gridPlacesOf(const Season &season, const results::Scale &, const Subjects &subjects)
 {
     return placesOf(season, subjects, gridPlacesRead,
                     [&](int place, const std::string &gp) { return season.grille(place, gp); });

@@ -21,15 +21,15 @@ struct SeriesCells {
 };
 
 // Points of drivers, given by their numbers, from their places and the scale; empty where a driver scored none.
-SeriesCells driverPoints(const Season &season, const Scale &scale, const Subjects &subjects);
+SeriesCells driverPoints(const Season &season, const results::Scale &scale, const Subjects &subjects);
 
 // Points of teams, given by their names, as recorded.
-SeriesCells teamPoints(const Season &season, const Scale &scale, const Subjects &subjects);
+SeriesCells teamPoints(const Season &season, const results::Scale &scale, const Subjects &subjects);
 
 // Places of drivers, given by their names: 1 to 8 at the finish, otherwise 9; 1 to 22 on the grid, otherwise 23.
 inline constexpr int unplaced = classifiedPlaces + 1, gridPlacesRead = 22, notOnGrid = gridPlacesRead + 1;
-SeriesCells finishPlaces(const Season &season, const Scale &scale, const Subjects &subjects);
-SeriesCells gridPlacesOf(const Season &season, const Scale &scale, const Subjects &subjects);
+SeriesCells finishPlaces(const Season &season, const results::Scale &scale, const Subjects &subjects);
+SeriesCells gridPlacesOf(const Season &season, const results::Scale &scale, const Subjects &subjects);
 
 Values numbersIn(const Cells &cells, const Numbers &numbers);
 

@@ -54,7 +54,7 @@ void SeasonChart::close(const Season &season) const
         season.write(plots, m_instance.keys.scale, scale.text());
 }
 
-void SeasonChart::draw(const Season &season, const Scale &points)
+void SeasonChart::draw(const Season &season, const results::Scale &points)
 {
     m_values = m_instance.read(season, points, chosen());
     m_mask = maskLeft(end(season));

@@ -18,7 +18,7 @@ public:
     Field width{"2"}; // of the lines, when the user sets one
 
     void open(const Season &season); // takes thickness, subjects and scale from their keys; draw() comes next
-    void draw(const Season &season, const Scale &points);
+    void draw(const Season &season, const results::Scale &points);
     void drawNormal(const Season &season);
     void drawCustom(const Season &season); // a width that lines can't have is kept and leaves them as they are
     void highlight(int series, const Numbers &numbers);

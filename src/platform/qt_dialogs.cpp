@@ -8,11 +8,13 @@
 
 namespace circuidex {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void present(QMessageBox &box, const std::string &text)
 {
-    box.setWindowTitle(QStringLiteral("Circuidex"));
+    box.setWindowTitle(u"Circuidex"_s);
     box.setTextFormat(Qt::PlainText);
     box.setText(QString::fromStdString(text));
     box.setWindowFlag(Qt::WindowStaysOnTopHint);
@@ -25,7 +27,7 @@ void QtDialogs::message(const std::string &text)
     QMessageBox box(QApplication::activeWindow());
     present(box, text);
     box.setIcon(QMessageBox::Information);
-    box.addButton(QStringLiteral("OK"), QMessageBox::AcceptRole);
+    box.addButton(u"OK"_s, QMessageBox::AcceptRole);
     box.exec();
 }
 
@@ -34,8 +36,8 @@ bool QtDialogs::question(const std::string &text)
     QMessageBox box(QApplication::activeWindow());
     present(box, text);
     box.setIcon(QMessageBox::Question);
-    const QAbstractButton *yes = box.addButton(QStringLiteral("Oui"), QMessageBox::YesRole);
-    box.addButton(QStringLiteral("Non"), QMessageBox::NoRole);
+    const QAbstractButton *yes = box.addButton(u"Oui"_s, QMessageBox::YesRole);
+    box.addButton(u"Non"_s, QMessageBox::NoRole);
     box.exec();
     return box.clickedButton() == yes;
 }

@@ -1,6 +1,6 @@
 #pragma once
 // Message boxes, questions and file choices of the window system, in French, above the program's own windows.
-#include "shell/dialogs.h"
+#include "store/dialogs.h"
 
 namespace circuidex {
 

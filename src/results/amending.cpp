@@ -3,7 +3,7 @@
 #include "results/navigation.h"
 #include "results/recording.h"
 
-namespace circuidex {
+namespace circuidex::results {
 
 namespace {
 
@@ -34,7 +34,7 @@ void takeBack(RaceFields &fields, const Season &season, const Scale &scale)
 }
 
 // Once round to the same slot: the fields show what is stored there.
-void showSlotAgain(MainScreen &main)
+void showSlotAgain(MainRecord &main)
 {
     nextGrandPrix(main);
     previousGrandPrix(main);
@@ -42,7 +42,7 @@ void showSlotAgain(MainScreen &main)
 
 }
 
-bool cancelGrandPrix(MainScreen &main)
+bool cancelGrandPrix(MainRecord &main)
 {
     const Season season = main.season();
     if (!hasResult(season, season.read(keys::gp, keys::namegp(main.Label40.text()))))
@@ -65,7 +65,7 @@ void subtractResult(const Season &season, std::string_view slot, const Scale &sc
     takeBack(stored, season, scale);
 }
 
-void amendGrandPrix(MainScreen &main, Amendment amendment)
+void amendGrandPrix(MainRecord &main, Amendment amendment)
 {
     const Season season = main.season();
     resetTeamPoints(season, main.Label40.text(), "0");

@@ -1,13 +1,13 @@
 #pragma once
 // Taking a Grand Prix back and correcting it. Totals are kept by adding, so a correction first subtracts exactly what was
 // added, at the scale of the moment, and then records anew. The archive is left alone by a cancellation.
-#include "results/main_screen.h"
+#include "results/main_record.h"
 
-namespace circuidex {
+namespace circuidex::results {
 
 // "Supprimer le GP séléctionné": cancels the Grand Prix in the cursor's slot, whatever was typed on the screen. Its name
 // and date stay in the calendar, its grid goes. A slot without a result stays as it is; false then.
-bool cancelGrandPrix(MainScreen &main);
+bool cancelGrandPrix(MainRecord &main);
 
 // Takes the stored result of a calendar slot out of all totals; grid and archive stay.
 void subtractResult(const Season &season, std::string_view slot, const Scale &scale);
@@ -16,6 +16,6 @@ enum class Amendment { byUser, byProgram };
 
 // "Enregistrer les modifications du GP séléctionné": the cursor's slot takes the fields as they stand, under the name in
 // gp. By the user, a slot without a result is recorded; the program's own amendments don't make up for its missing start.
-void amendGrandPrix(MainScreen &main, Amendment amendment);
+void amendGrandPrix(MainRecord &main, Amendment amendment);
 
 }

@@ -1,6 +1,6 @@
 #include "results/drivers.h"
 
-namespace circuidex {
+namespace circuidex::results {
 
 DriverRecord readDriver(const Season &season, std::string_view number)
 {

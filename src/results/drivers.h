@@ -6,7 +6,7 @@
 
 #include <array>
 
-namespace circuidex {
+namespace circuidex::results {
 
 struct DriverField {
     std::string_view control;        // of the box on the driver screens

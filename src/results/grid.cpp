@@ -1,6 +1,6 @@
 #include "results/grid.h"
 
-namespace circuidex {
+namespace circuidex::results {
 
 Grid loadGrid(const Season &season, std::string_view gpName)
 {

@@ -4,7 +4,7 @@
 
 #include <array>
 
-namespace circuidex {
+namespace circuidex::results {
 
 using Grid = std::array<std::string, gridPlaces>; // place 1 in element 0; empty for a free place
 

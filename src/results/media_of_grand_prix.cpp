@@ -1,23 +1,23 @@
 #include "results/media_of_grand_prix.h"
 
-namespace circuidex {
+namespace circuidex::results {
 
 namespace {
 
 const std::string pictureFilter = "Images (*.jpg *.jpeg *.png *.bmp *.gif);;Tous les fichiers (*)";
 const std::string filmFilter = "Vidéos (*.avi *.mpg *.mpeg *.wmv *.mp4 *.mkv);;Tous les fichiers (*)";
 
-std::string besideProgram(const MainScreen &main)
+std::string besideProgram(const MainRecord &main)
 {
     return main.folder() + "\\" + main.gp.text() + main.an.text() + ".avi";
 }
 
-void keep(MainScreen &main, const std::string &key, const std::string &path)
+void keep(MainRecord &main, const std::string &key, const std::string &path)
 {
     main.store.EcrireINI(keys::galerie, keys::gp, key, path);
 }
 
-void choosePicture(MainScreen &main, const std::string &title, const std::string &key, Field &path, Field &shown)
+void choosePicture(MainRecord &main, const std::string &title, const std::string &key, Field &path, Field &shown)
 {
     const auto chosen = main.dialogs.chooseFile(title, pictureFilter);
     if (!chosen)
@@ -29,17 +29,17 @@ void choosePicture(MainScreen &main, const std::string &title, const std::string
 
 }
 
-void chooseCircuitPicture(MainScreen &main)
+void chooseCircuitPicture(MainRecord &main)
 {
     choosePicture(main, "Image du tracé", keys::picgp(main.gp.text()), main.Labell, main.Image1);
 }
 
-void chooseRacePicture(MainScreen &main)
+void chooseRacePicture(MainRecord &main)
 {
     choosePicture(main, "Image du Grand Prix", keys::img(main.gp.text(), main.an.text()), main.Label50, main.Image2);
 }
 
-void chooseFilm(MainScreen &main)
+void chooseFilm(MainRecord &main)
 {
     const auto chosen = main.dialogs.chooseFile("Vidéo du Grand Prix", filmFilter);
     if (!chosen)
@@ -49,18 +49,18 @@ void chooseFilm(MainScreen &main)
     main.film.set("vrai");
 }
 
-void removeCircuitPicture(MainScreen &main)
+void removeCircuitPicture(MainRecord &main)
 {
     keep(main, keys::picgp(main.gp.text()), "");
 }
 
-void removeRacePicture(MainScreen &main)
+void removeRacePicture(MainRecord &main)
 {
     keep(main, keys::img(main.gp.text(), main.an.text()), "");
     main.Image2.set("");
 }
 
-void removeFilm(MainScreen &main)
+void removeFilm(MainRecord &main)
 {
     keep(main, keys::vid(main.gp.text(), main.an.text()), "");
     main.film.set("");
@@ -69,7 +69,7 @@ void removeFilm(MainScreen &main)
         main.surroundings.deleteFile(file);
 }
 
-std::string filmPath(const MainScreen &main)
+std::string filmPath(const MainRecord &main)
 {
     const std::string kept =
         main.store.LireINI(keys::galerie, keys::gp, keys::vid(main.gp.text(), main.an.text()));

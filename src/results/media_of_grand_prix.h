@@ -1,20 +1,20 @@
 #pragma once
 // The circuit picture, the picture and the film of the Grand Prix on show: chosen by the user, kept in the gallery file.
-#include "results/main_screen.h"
+#include "results/main_record.h"
 
-namespace circuidex {
+namespace circuidex::results {
 
 // Asks for a file and takes it for the circuit or for the race; cancelling changes nothing.
-void chooseCircuitPicture(MainScreen &main);
-void chooseRacePicture(MainScreen &main);
-void chooseFilm(MainScreen &main);
+void chooseCircuitPicture(MainRecord &main);
+void chooseRacePicture(MainRecord &main);
+void chooseFilm(MainRecord &main);
 
 // Forgets the path. The file of the circuit or the picture stays; a film beside the program is deleted.
-void removeCircuitPicture(MainScreen &main);
-void removeRacePicture(MainScreen &main);
-void removeFilm(MainScreen &main);
+void removeCircuitPicture(MainRecord &main);
+void removeRacePicture(MainRecord &main);
+void removeFilm(MainRecord &main);
 
 // Where the film of the Grand Prix on show lies, by the gallery file or else beside the program.
-std::string filmPath(const MainScreen &main);
+std::string filmPath(const MainRecord &main);
 
 }

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 
-namespace circuidex {
+namespace circuidex::results {
 
 namespace {
 
 constexpr int lastSlot = gpSlots - 1;
 
-void showCircuitPicture(MainScreen &main)
+void showCircuitPicture(MainRecord &main)
 {
     const std::string &gpName = main.gp.text();
     main.Labell.set(main.store.LireINI(keys::galerie, keys::gp, keys::picgp(gpName)));
@@ -22,7 +22,7 @@ void showCircuitPicture(MainScreen &main)
     main.Image1.set(gpName.empty() ? "" : shown);
 }
 
-void showRacePicture(MainScreen &main)
+void showRacePicture(MainRecord &main)
 {
     const std::string &gpName = main.gp.text();
     const std::string &year = main.an.text();
@@ -35,7 +35,7 @@ void showRacePicture(MainScreen &main)
     main.Image2.set(gpName.empty() ? "" : main.surroundings.findPicture(main.Label50.text()));
 }
 
-void showFilm(MainScreen &main)
+void showFilm(MainRecord &main)
 {
     const std::string key = keys::vid(main.gp.text(), main.an.text());
     main.a.set(main.store.LireINI(keys::galerie, keys::gp, key));
@@ -46,14 +46,14 @@ void showFilm(MainScreen &main)
         main.season().write(keys::gp, key, path);
 }
 
-void showSlot(MainScreen &main)
+void showSlot(MainRecord &main)
 {
     main.gp.set(main.season().read(keys::gp, keys::namegp(main.Label40.text())));
     showGrandPrix(main);
 }
 
 // From one end of the calendar the cursor goes on at the other.
-void moveCursor(MainScreen &main, std::string_view end, std::string_view beforeStart, double step)
+void moveCursor(MainRecord &main, std::string_view end, std::string_view beforeStart, double step)
 {
     if (main.Label40.text() == end)
         main.Label40.set(std::string(beforeStart));
@@ -61,7 +61,7 @@ void moveCursor(MainScreen &main, std::string_view end, std::string_view beforeS
         main.Label40.set(main.store.numbers().text(*slot + step));
 }
 
-void changeSeason(MainScreen &main, double step)
+void changeSeason(MainRecord &main, double step)
 {
     if (const auto year = main.store.numbers().value(main.an.text()))
         main.an.set(main.store.numbers().text(*year + step));
@@ -71,7 +71,7 @@ void changeSeason(MainScreen &main, double step)
 
 }
 
-void showGrandPrix(MainScreen &main)
+void showGrandPrix(MainRecord &main)
 {
     const Season season = main.season();
     showResult(main, season);
@@ -81,24 +81,24 @@ void showGrandPrix(MainScreen &main)
     showFilm(main);
 }
 
-void nextGrandPrix(MainScreen &main)
+void nextGrandPrix(MainRecord &main)
 {
     moveCursor(main, "19", "-1", 1);
     showSlot(main);
 }
 
-void previousGrandPrix(MainScreen &main)
+void previousGrandPrix(MainRecord &main)
 {
     moveCursor(main, "0", "20", -1);
     showSlot(main);
 }
 
-void nextSeason(MainScreen &main)
+void nextSeason(MainRecord &main)
 {
     changeSeason(main, 1);
 }
 
-void previousSeason(MainScreen &main)
+void previousSeason(MainRecord &main)
 {
     changeSeason(main, -1);
 }
@@ -111,7 +111,7 @@ int firstFreeSlot(const Season &season)
     return slot;
 }
 
-void goToFirstFreeSlot(MainScreen &main)
+void goToFirstFreeSlot(MainRecord &main)
 {
     main.Label40.set(std::to_string(std::min(firstFreeSlot(main.season()), lastSlot)));
     showSlot(main);
@@ -122,7 +122,7 @@ void rebuildNogp(const Season &season)
     season.write(keys::gp, "nogp", std::to_string(firstFreeSlot(season)));
 }
 
-void openOnLastRecorded(MainScreen &main)
+void openOnLastRecorded(MainRecord &main)
 {
     main.Label40.set(std::to_string(std::max(firstFreeSlot(main.season()) - 1, 0)));
     showSlot(main);
@@ -130,7 +130,7 @@ void openOnLastRecorded(MainScreen &main)
     rebuildNogp(main.season());
 }
 
-bool openMarkedSeason(MainScreen &main)
+bool openMarkedSeason(MainRecord &main)
 {
     main.an.set(main.store.yearMarker());
     if (!main.an.empty())

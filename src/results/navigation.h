@@ -1,34 +1,34 @@
 #pragma once
 // Walking through Grands Prix and seasons on the main screen, and what the start of the program finds out.
-#include "results/main_screen.h"
+#include "results/main_record.h"
 
-namespace circuidex {
+namespace circuidex::results {
 
 // Shows the Grand Prix named in gp, without moving the cursor: result, pictures and film. A name that no result bears
 // gives empty fields. The path of a film found beside the program is noted in the season.
-void showGrandPrix(MainScreen &main);
+void showGrandPrix(MainRecord &main);
 
 // One slot on or back in the calendar of 20, in a circle, and shows the Grand Prix there.
-void nextGrandPrix(MainScreen &main);
-void previousGrandPrix(MainScreen &main);
+void nextGrandPrix(MainRecord &main);
+void previousGrandPrix(MainRecord &main);
 
 // The season after or before; the cursor keeps its place in the calendar. A season that is no year stays.
-void nextSeason(MainScreen &main);
-void previousSeason(MainScreen &main);
+void nextSeason(MainRecord &main);
+void previousSeason(MainRecord &main);
 
 // The first slot, counted from 0, whose Grand Prix isn't recorded; 20 when all are.
 int firstFreeSlot(const Season &season);
 
 // "Nouveau GP": shows the first free slot; in a season with all 20 recorded, the last one.
-void goToFirstFreeSlot(MainScreen &main);
+void goToFirstFreeSlot(MainRecord &main);
 
 // "nogp" of a season: the Grands Prix recorded one behind the other from the first slot, whatever the key held before.
 void rebuildNogp(const Season &season);
 
 // The start on a season: shows the last Grand Prix before the first free slot, refreshes the scale, rebuilds "nogp".
-void openOnLastRecorded(MainScreen &main);
+void openOnLastRecorded(MainRecord &main);
 
 // The year marker into the season box; "2005" where there is none. True when there was none: a first start.
-bool openMarkedSeason(MainScreen &main);
+bool openMarkedSeason(MainRecord &main);
 
 }

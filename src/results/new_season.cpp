@@ -3,14 +3,14 @@
 #include "results/drivers.h"
 #include "results/navigation.h"
 
-namespace circuidex {
+namespace circuidex::results {
 
 namespace {
 
 constexpr int lastCountedNumber = 29; // files may hold points of numbers beyond the last driver
 constexpr int numbersWithOneMore = 24; // whose seasons are counted, from driver 1
 
-Season transitFile(const MainScreen &main)
+Season transitFile(const MainRecord &main)
 {
     return Season(main.store, "transit");
 }
@@ -23,7 +23,7 @@ std::optional<std::string> yearAfter(const std::string &year, const Numbers &num
 }
 
 // The title goes to the driver's record before the record is copied, so that both seasons know it.
-void crown(MainScreen &main, const std::string &champion)
+void crown(MainRecord &main, const std::string &champion)
 {
     const Season season = main.season();
     const std::string &year = season.stem();
@@ -45,11 +45,11 @@ void leaveDriver(const Season &old, const Season &transit, const std::string &nu
 
 // A main screen of its own walks through the calendar, since the path of a circuit's picture is the one it is shown by.
 // It looks for no film: finding one is noted in the season.
-void leaveCalendar(const MainScreen &main, const Season &transit)
+void leaveCalendar(const MainRecord &main, const Season &transit)
 {
     Surroundings pictures;
     pictures.findPicture = main.surroundings.findPicture;
-    MainScreen walker(main.store, main.dialogs, std::move(pictures));
+    MainRecord walker(main.store, main.dialogs, std::move(pictures));
     walker.an.set(main.an.text());
     walker.Label40.set("-1");
     for (int slot = 0; slot < gpSlots; ++slot) {
@@ -100,7 +100,7 @@ void countSeasons(const Season &season)
 }
 
 // The inherited scale becomes the new season's own: a later change of the old one doesn't reach it.
-void passOnScale(MainScreen &main)
+void passOnScale(MainRecord &main)
 {
     if (main.closeScaleEditor)
         main.closeScaleEditor(); // it holds the scale of the old season
@@ -109,7 +109,7 @@ void passOnScale(MainScreen &main)
 }
 
 // False when the transit file doesn't hold the drivers; what an earlier passage left there must not arrive instead.
-bool leave(const MainScreen &main)
+bool leave(const MainRecord &main)
 {
     const unsigned lost = main.store.lostWrites();
     const Season old = main.season(), transit = transitFile(main);
@@ -120,7 +120,7 @@ bool leave(const MainScreen &main)
 }
 
 // False when the new season doesn't hold everything.
-bool arrive(const MainScreen &main, const std::string &year)
+bool arrive(const MainRecord &main, const std::string &year)
 {
     const unsigned lost = main.store.lostWrites();
     const Season transit = transitFile(main), fresh(main.store, year);
@@ -133,7 +133,7 @@ bool arrive(const MainScreen &main, const std::string &year)
 }
 
 // The user is told where the way ends.
-bool carry(const MainScreen &main, const std::string &next)
+bool carry(const MainRecord &main, const std::string &next)
 {
     if (!leave(main)) {
         main.dialogs.message("Le fichier de transit ne peut pas être écrit : rien n'a été transféré.");
@@ -163,7 +163,7 @@ std::optional<int> championshipLeader(const Season &season)
     return leader;
 }
 
-bool passToNextSeason(MainScreen &main, const std::string &champion)
+bool passToNextSeason(MainRecord &main, const std::string &champion)
 {
     const std::string year = main.an.text();
     const auto next = yearAfter(year, main.store.numbers());

@@ -3,9 +3,9 @@
 // from the old season into the transit file and from there into the new one; results, dates, grids and remarks stay
 // behind. The old season is only read, but for the title; all else is written to files that a second try writes anew,
 // so a program that is killed on the way has lost nothing. There is no way back and no check that the season is over.
-#include "results/main_screen.h"
+#include "results/main_record.h"
 
-namespace circuidex {
+namespace circuidex::results {
 
 inline constexpr int carriedSlots = 24; // numbers 0 to 23: driver 24 and those behind him stay behind
 
@@ -17,7 +17,7 @@ std::optional<int> championshipLeader(const Season &season);
 // with it: the same place in the calendar, nothing recorded there. The user is told before and after. An empty number
 // crowns nobody. False, and the user is told, when there is no season to pass to, because the season's name is no year,
 // or when a file can't be written as a whole: the old season then stays open, without the new title.
-bool passToNextSeason(MainScreen &main, const std::string &champion);
+bool passToNextSeason(MainRecord &main, const std::string &champion);
 
 // Points of drivers and teams back to 0. They come over with the drivers and are cleared a moment after the passage.
 void clearTotals(const Season &season);

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace circuidex {
+namespace circuidex::results {
 
 namespace {
 

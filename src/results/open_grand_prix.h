@@ -5,7 +5,7 @@
 
 #include <vector>
 
-namespace circuidex {
+namespace circuidex::results {
 
 struct StandingRow {
     std::string name;

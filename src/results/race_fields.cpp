@@ -2,7 +2,7 @@
 
 #include "results/team_list.h"
 
-namespace circuidex {
+namespace circuidex::results {
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace circuidex {
+namespace circuidex::results {
 
 struct RaceFields {
     Field gp;                                        // the name of the Grand Prix, the key of its results

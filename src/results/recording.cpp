@@ -2,11 +2,11 @@
 
 #include "store/archive.h"
 
-namespace circuidex {
+namespace circuidex::results {
 
 namespace {
 
-bool refused(MainScreen &main)
+bool refused(MainRecord &main)
 {
     if (main.gp.empty()) {
         main.dialogs.message("Entrez le nom du grand prix");
@@ -20,14 +20,14 @@ bool refused(MainScreen &main)
     return false;
 }
 
-void enterCalendar(const Season &season, const MainScreen &main)
+void enterCalendar(const Season &season, const MainRecord &main)
 {
     if (const auto recorded = season.numbers().sum(main.Label40.text(), "1"))
         season.write(keys::gp, "nogp", *recorded);
     season.write(keys::gp, keys::namegp(std::string_view(main.Label40.text())), main.gp.text());
 }
 
-void enterPlaces(const Season &season, MainScreen &main)
+void enterPlaces(const Season &season, MainRecord &main)
 {
     for (int place = 1; place <= classifiedPlaces; ++place)
         season.write(keys::podiums, keys::podium(place, main.gp.text()), main.number(place).text());
@@ -35,7 +35,7 @@ void enterPlaces(const Season &season, MainScreen &main)
 }
 
 // The points of this race alone, by team.
-void enterTeamPoints(const Season &season, MainScreen &main, const Scale &scale)
+void enterTeamPoints(const Season &season, MainRecord &main, const Scale &scale)
 {
     for (int place = 1; place <= classifiedPlaces; ++place) {
         const std::string team = season.ecurie(main.number(place).text());
@@ -53,7 +53,7 @@ bool hasResult(const Season &season, std::string_view gpName)
     return false;
 }
 
-void enterResult(MainScreen &main)
+void enterResult(MainRecord &main)
 {
     const Season season = main.season();
     const Scale scale = main.scale();
@@ -67,7 +67,7 @@ void enterResult(MainScreen &main)
     countDrivers(main, season, scale, Count::add);
 }
 
-void proposeRecords(MainScreen &main)
+void proposeRecords(MainRecord &main)
 {
     const Season season = main.season();
     main.pol.set(season.driver("pol", main.Text39.text()));
@@ -78,7 +78,7 @@ void proposeRecords(MainScreen &main)
     archiveCandidates(main.store, {main.lblrec.text(), main.pol.text(), winner, main.vic.text(), main.pts.text()});
 }
 
-Recording recordSimulatedGrandPrix(MainScreen &main)
+Recording recordSimulatedGrandPrix(MainRecord &main)
 {
     const Season season = main.season();
     season.write(keys::gp, keys::dategp(main.gp.text()), main.dat.text());
@@ -90,7 +90,7 @@ Recording recordSimulatedGrandPrix(MainScreen &main)
     return Recording::done;
 }
 
-Recording recordGrandPrix(MainScreen &main)
+Recording recordGrandPrix(MainRecord &main)
 {
     if (recordSimulatedGrandPrix(main) == Recording::refused)
         return Recording::refused;
@@ -100,7 +100,7 @@ Recording recordGrandPrix(MainScreen &main)
     return Recording::done;
 }
 
-bool mayStartAssistant(MainScreen &main)
+bool mayStartAssistant(MainRecord &main)
 {
     if (!hasResult(main.season(), main.gp.text()))
         return true;

@@ -1,29 +1,29 @@
 #pragma once
 // Recording a Grand Prix: what the user entered on the main screen becomes points, wins, poles and podiums of the
 // drivers, points of the teams, and a line of the archive. Totals are kept by adding and never worked out anew.
-#include "results/main_screen.h"
+#include "results/main_record.h"
 
-namespace circuidex {
+namespace circuidex::results {
 
 enum class Recording { refused, done };
 
 // The recording of the button "Enregistrer le Grand Prix". Refuses, with a message, a race without a name and one that
 // is recorded already; the date is noted all the same.
-Recording recordGrandPrix(MainScreen &main);
+Recording recordGrandPrix(MainRecord &main);
 
 // The same for a simulated race: nothing goes to the archive and no status is shown.
-Recording recordSimulatedGrandPrix(MainScreen &main);
+Recording recordSimulatedGrandPrix(MainRecord &main);
 
 // The part that an amendment shares: name, result, teams, pole and drivers are written, without any question.
-void enterResult(MainScreen &main);
+void enterResult(MainRecord &main);
 
 // Leaves the pole-sitter and the winner, with their career figures, to the all-time lists.
-void proposeRecords(MainScreen &main);
+void proposeRecords(MainRecord &main);
 
 // True when one of the eight places of the Grand Prix is held.
 bool hasResult(const Season &season, std::string_view gpName);
 
 // The question that stands before the recording assistant: false, with a message, when the race on show is recorded.
-bool mayStartAssistant(MainScreen &main);
+bool mayStartAssistant(MainRecord &main);
 
 }

@@ -1,6 +1,6 @@
 #include "results/scale.h"
 
-namespace circuidex {
+namespace circuidex::results {
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <array>
 #include <string>
 
-namespace circuidex {
+namespace circuidex::results {
 
 // Points of places 1 to 8, as text; place 1 in element 0. A text that is no number gives its place no points.
 using Scale = std::array<std::string, classifiedPlaces>;

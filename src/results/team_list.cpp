@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace circuidex {
+namespace circuidex::results {
 
 std::vector<std::string> teamsByFirstDriver(const Season &season, int first, int last)
 {

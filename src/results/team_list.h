@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace circuidex {
+namespace circuidex::results {
 
 inline constexpr int teamListDrivers = 22; // the drivers 1 to 22 whose teams are offered
 inline constexpr int teamListTeams = 12; // the most teams offered

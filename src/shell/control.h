@@ -1,26 +1,19 @@
 #pragma once
 // A named control of a screen, as a person, another screen, a test or the driver reaches it: `Text3(4)`, `Label40`,
 // `Timerrecords`. A control needs no widget: boxes and buttons that a screen holds but doesn't show are controls too.
+#include "shell/text.h"
 #include "shell/twips.h"
 #include "store/field.h"
 
 #include <QColor>
-#include <QString>
 #include <QTimer>
 
 #include <functional>
 #include <optional>
-#include <string_view>
 
 class QWidget;
 
 namespace circuidex {
-
-// A text of the store or of a rule, for a control.
-inline QString qt(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 class Control {
 public:

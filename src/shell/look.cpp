@@ -1,5 +1,7 @@
 #include "shell/look.h"
 
+#include "shell/text.h"
+
 #include <QApplication>
 #include <QFont>
 #include <QPalette>
@@ -9,8 +11,8 @@ namespace circuidex::look {
 
 void dress(QApplication &application)
 {
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    QFont font(QStringLiteral("Liberation Sans"));
+    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    QFont font(u"Liberation Sans"_s);
     font.setPixelSize(13); // 10 points on the display the screens are made for
     QApplication::setFont(font);
     QPalette palette;

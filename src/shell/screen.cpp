@@ -59,7 +59,7 @@ Screen::Screen(Context &theContext, const QString &name, const QString &title, C
         connect(m_bar, &TitleBar::minimiseClicked, this, &QWidget::showMinimized);
     }
     m_body = new QWidget(this);
-    m_body->setObjectName(QStringLiteral("body"));
+    m_body->setObjectName(u"body"_s);
     layout->addWidget(m_body, 1);
     if (chrome == Chrome::standard)
         registerChrome();
@@ -92,7 +92,7 @@ void Screen::registerChrome()
     edge("Line1apa", [](const TwipRect &w) { return chrome::line1apa(w.height); });
     edge("Line2apa", [](const TwipRect &w) { return chrome::line2apa(w.width, w.height); });
     edge("Line3apa", [](const TwipRect &w) { return chrome::line3apa(w.width, w.height); });
-    timer(QStringLiteral("Timeraparence"), 1, TimerControl::Kind::once, [this] { m_bar->setTitle(title()); });
+    timer(u"Timeraparence"_s, 1, TimerControl::Kind::once, [this] { m_bar->setTitle(title()); });
 }
 
 void Screen::keep(const QString &name, std::optional<int> index, std::unique_ptr<Control> control)
@@ -127,7 +127,7 @@ QStringList Screen::controlNames() const
     QStringList names;
     for (const auto &[name, elements] : m_controls)
         for (const auto &[index, control] : elements)
-            names << (index == single ? name : QStringLiteral("%1(%2)").arg(name).arg(index));
+            names << (index == single ? name : u"%1(%2)"_s.arg(name).arg(index));
     for (const Table *table : m_tables)
         names << table->names();
     return names;
@@ -236,8 +236,8 @@ Label *Screen::command(const QString &name, const QString &caption, std::functio
 
 Label *Screen::printCommand(const QString &name)
 {
-    auto *made = command(name, QStringLiteral("Imprimer"), [this] { print(); });
-    made->setToolTip(QStringLiteral("Imprimer cette fenêtre (Ctrl+P)"));
+    auto *made = command(name, u"Imprimer"_s, [this] { print(); });
+    made->setToolTip(u"Imprimer cette fenêtre (Ctrl+P)"_s);
     return made;
 }
 
@@ -353,7 +353,7 @@ void Screen::paintEvent(QPaintEvent *)
 QWidget *card(const QString &caption, QLayout *inside, QWidget *parent)
 {
     auto *frame = new QFrame(parent);
-    frame->setObjectName(QStringLiteral("card"));
+    frame->setObjectName(u"card"_s);
     auto *layout = new QVBoxLayout(frame);
     layout->setContentsMargins(look::gap + 2, look::gap, look::gap + 2, look::gap + 2);
     layout->setSpacing(6);

@@ -13,8 +13,10 @@
 
 namespace circuidex {
 
+namespace results {
+class MainRecord;
+}
 class Dialogs;
-class MainScreen;
 class Platform;
 class Screens;
 class Store;
@@ -22,7 +24,7 @@ class Store;
 // What every screen works with.
 struct Context {
     Store &store;
-    MainScreen &main;
+    results::MainRecord &main;
     Dialogs &dialogs;
     Platform &platform;
     Screens &screens;
@@ -58,6 +60,7 @@ public:
     void setPlace(double left, double top);
     bool seen() const { return !m_outOfSight; }
     void present(); // shows it in front, if it is in sight
+    virtual void comeBack() {} // after a screen that took its place
 
     bool waiting() const { return m_waiting > 0; }
     void setWaiting(bool on);

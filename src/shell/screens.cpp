@@ -61,6 +61,12 @@ void Screens::close(const QString &name)
         screen->close();
 }
 
+void Screens::bringMainBack() const
+{
+    if (Screen *main = find(u"Form1"_s))
+        main->comeBack();
+}
+
 QStringList Screens::openNames() const
 {
     QStringList names;

@@ -17,6 +17,19 @@ struct ScreenRow {
     std::function<void(Screen &)> opened = {};
 };
 
+using ScreenRows = std::vector<ScreenRow>;
+
+// The row of a screen whose class needs no more than its name and title.
+template <class S>
+ScreenRow screenRow(QString name, QString title, std::function<void(Screen &)> opened = {})
+{
+    return {std::move(name), std::move(title),
+            [](Context &context, const QString &named, const QString &titled) -> Screen * {
+                return new S(context, named, titled);
+            },
+            std::move(opened)};
+}
+
 class Screens {
 public:
     explicit Screens(std::vector<ScreenRow> rows) : m_rows(std::move(rows)) {}
@@ -33,6 +46,7 @@ public:
     bool isOpen(const QString &name) const { return find(name) != nullptr; }
     bool exists(const QString &name) const { return row(name) != nullptr; }
     void close(const QString &name);
+    void bringMainBack() const; // the main screen in sight again, after a screen that took its place
 
     QStringList openNames() const; // in the order of opening
     const std::vector<ScreenRow> &rows() const { return m_rows; }

@@ -200,7 +200,7 @@ QStringList Table::names() const
     for (const Column &column : m_model->columns()) {
         names << column.rowNames;
         for (int row = 0; !column.name.isEmpty() && row < m_model->rowCount(); ++row)
-            names << QStringLiteral("%1(%2)").arg(column.name).arg(row + column.firstIndex);
+            names << u"%1(%2)"_s.arg(column.name).arg(row + column.firstIndex);
     }
     return names;
 }

@@ -2,6 +2,7 @@
 // The bar over every screen: a gradient of the skin, the title in white, a close button, and the handle by which the
 // window is dragged.
 #include "shell/skin.h"
+#include "shell/text.h"
 
 #include <QPointF>
 #include <QString>
@@ -35,7 +36,7 @@ private:
 
     Skin m_skin;
     bool m_minimise;
-    QString m_title = QStringLiteral("TITRE"); // until the screen is up
+    QString m_title = u"TITRE"_s; // until the screen is up
     bool m_closeHeld = false, m_minimiseHeld = false, m_dragging = false;
     QPoint m_noted; // the point of the press, within the window
 };

@@ -182,7 +182,7 @@ Remark::Remark(QWidget *parent) : QPlainTextEdit(parent)
 void Remark::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        insertPlainText(QStringLiteral(" "));
+        insertPlainText(u" "_s);
     else
         QPlainTextEdit::keyPressEvent(event);
 }
@@ -234,7 +234,7 @@ void Picture::paintEvent(QPaintEvent *)
 QString WidgetControl::text() const
 {
     if (const auto *check = qobject_cast<QCheckBox *>(m_widget))
-        return check->isChecked() ? QStringLiteral("vrai") : QStringLiteral("faux");
+        return check->isChecked() ? u"vrai"_s : u"faux"_s;
     if (const auto *button = qobject_cast<QAbstractButton *>(m_widget))
         return button->text().replace(QLatin1String("&&"), QLatin1String("&"));
     if (const auto *label = qobject_cast<QLabel *>(m_widget))
@@ -300,9 +300,9 @@ void WidgetControl::coloursChanged()
 {
     QString style;
     if (back())
-        style += QStringLiteral("background-color:%1;").arg(back()->name());
+        style += u"background-color:%1;"_s.arg(back()->name());
     if (fore())
-        style += QStringLiteral("color:%1;").arg(fore()->name());
+        style += u"color:%1;"_s.arg(fore()->name());
     // Bound to the widget's own class, so that its tooltip keeps the common colours.
     const QString widgetClass = QString::fromLatin1(m_widget->metaObject()->className());
     m_widget->setStyleSheet(style.isEmpty() ? style : widgetClass + u'{' + style + u'}');

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace circuidex {
+namespace circuidex::standings {
 
 namespace {
 
@@ -23,7 +23,7 @@ void enter(StandingsRow &row, const TeamLine &team)
 
 std::array<TeamLine, driverSlots> teamLines(const Season &season)
 {
-    const auto names = teamsByFirstDriver(season, 1, driverSlots);
+    const auto names = results::teamsByFirstDriver(season, 1, driverSlots);
     std::array<TeamLine, driverSlots> lines;
     for (std::size_t i = 0; i < lines.size(); ++i) {
         lines[i].name = names[i];
@@ -82,7 +82,7 @@ std::string changeTyre(const Season &season, std::string_view team)
 std::vector<TeamDetail> teamDetails(const Season &season)
 {
     std::vector<TeamDetail> details;
-    for (const std::string &team : teamList(season)) {
+    for (const std::string &team : results::teamList(season)) {
         TeamDetail detail{team, season.read(keys::N, keys::ptsecurie(team)), {}};
         for (std::size_t slot = 0; slot < detail.races.size(); ++slot) {
             detail.races[slot] = season.read(keys::N, keys::ecuriepts(team, std::to_string(slot)));

@@ -6,7 +6,7 @@
 
 #include <array>
 
-namespace circuidex {
+namespace circuidex::standings {
 
 inline constexpr int teamRows = 13;
 

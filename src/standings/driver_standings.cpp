@@ -1,6 +1,6 @@
 #include "standings/driver_standings.h"
 
-namespace circuidex {
+namespace circuidex::standings {
 
 std::array<DriverLine, driverSlots> driverLines(const Season &season)
 {

@@ -7,7 +7,7 @@
 
 #include <array>
 
-namespace circuidex {
+namespace circuidex::standings {
 
 struct DriverLine {
     std::string name, points, team;

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-namespace circuidex {
+namespace circuidex::standings {
 
 std::optional<int> driverIn(std::string_view text, const Numbers &numbers)
 {
@@ -12,7 +12,7 @@ std::optional<int> driverIn(std::string_view text, const Numbers &numbers)
     return static_cast<int>(*number);
 }
 
-PointsMatrix pointsMatrix(const Season &season, const Scale &scale)
+PointsMatrix pointsMatrix(const Season &season, const results::Scale &scale)
 {
     PointsMatrix matrix;
     for (int gp = 0; gp < gpSlots; ++gp) {

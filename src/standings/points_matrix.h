@@ -8,7 +8,7 @@
 #include <array>
 #include <string>
 
-namespace circuidex {
+namespace circuidex::standings {
 
 struct PointsMatrix {
     std::array<std::string, gpSlots> races; // names; empty for a slot of the calendar without a race
@@ -26,7 +26,7 @@ struct PointsMatrix {
 // The driver whose number a text is; absent for nobody and for a number that the matrix has no row for.
 std::optional<int> driverIn(std::string_view text, const Numbers &numbers);
 
-PointsMatrix pointsMatrix(const Season &season, const Scale &scale);
+PointsMatrix pointsMatrix(const Season &season, const results::Scale &scale);
 
 // What stands behind the points of the driver in pole position, once poles are shown. Such a cell is no number.
 inline constexpr std::string_view poleMark = "(Pole)        ";

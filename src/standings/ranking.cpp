@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace circuidex {
+namespace circuidex::standings {
 
 namespace {
 

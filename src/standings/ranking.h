@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-namespace circuidex {
+namespace circuidex::standings {
 
 struct Entry {
     std::string name; // an entry without a name takes no row, but its value counts in the ranks of the others

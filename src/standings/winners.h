@@ -6,7 +6,7 @@
 
 #include <array>
 
-namespace circuidex {
+namespace circuidex::standings {
 
 inline constexpr int yearsOfBlock = 10; // of one Grand Prix, newest first
 inline constexpr int searchedNames = 22; // of the all-time list: rows 0 to 21

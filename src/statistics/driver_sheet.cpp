@@ -1,6 +1,6 @@
 #include "statistics/driver_sheet.h"
 
-namespace circuidex {
+namespace circuidex::statistics {
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-namespace circuidex {
+namespace circuidex::statistics {
 
 // Texts of the profile's boxes; seasons is the number of seasons of the career, nogp the Grands Prix run this season.
 struct DriverFigures {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace circuidex {
+namespace circuidex::statistics {
 
 namespace {
 
@@ -34,16 +34,16 @@ void countFor(Texts &figures, const std::string &driver, const Numbers &numbers)
     }
 }
 
-Texts counted(const Season &season, CountedRaces what)
+Texts counted(const Season &season, standings::CountedRaces what)
 {
     Texts figures;
     for (int slot = 0; slot < countedSlots; ++slot) {
         const std::string gpName = season.namegp(slot);
-        if (what.achievement == Achievement::pole)
+        if (what.achievement == standings::Achievement::pole)
             countFor(figures, season.read(keys::N, keys::pol(gpName)), season.numbers());
-        if (what.achievement == Achievement::place)
+        if (what.achievement == standings::Achievement::place)
             countFor(figures, season.podium(what.place, gpName), season.numbers());
-        for (int place = 1; what.achievement == Achievement::podium && place <= 3; ++place)
+        for (int place = 1; what.achievement == standings::Achievement::podium && place <= 3; ++place)
             countFor(figures, season.podium(place, gpName), season.numbers());
     }
     return figures;
@@ -69,7 +69,7 @@ void collect(StatisticTable &made, const Season &season, const Statistic &statis
             of(made.figures, n) = statistic.word == "pgp" ? pointsPerRace(points, source) : points;
         }
     }
-    if (const auto what = countedRaces(statistic.word))
+    if (const auto what = standings::countedRaces(statistic.word))
         made.figures = counted(source, *what);
 }
 
@@ -88,9 +88,9 @@ void removeRepeats(Texts &names, Texts &figures)
 }
 
 // An entry that was emptied has nothing to rank by, so that it holds no row before the drivers without a figure.
-std::vector<Entry> entriesOf(const StatisticTable &made, const Numbers &numbers)
+std::vector<standings::Entry> entriesOf(const StatisticTable &made, const Numbers &numbers)
 {
-    std::vector<Entry> entries;
+    std::vector<standings::Entry> entries;
     for (std::size_t i = 0; i < made.names.size(); ++i) {
         auto figure = numbers.value(made.figures[i]);
         if (made.names[i].empty() && figure == 0)
@@ -103,7 +103,7 @@ std::vector<Entry> entriesOf(const StatisticTable &made, const Numbers &numbers)
 void place(StatisticTable &made, const Numbers &numbers)
 {
     made.table.rows.resize(driverSlots);
-    enterRanked(entriesOf(made, numbers), {}, driverSlots, [&](std::size_t row, std::size_t i) {
+    standings::enterRanked(entriesOf(made, numbers), {}, driverSlots, [&](std::size_t row, std::size_t i) {
         made.table.rows[row] = {made.names[i], made.figures[i], {}, {}};
         if (row == 0)
             made.first = static_cast<int>(i + 1);
@@ -111,7 +111,7 @@ void place(StatisticTable &made, const Numbers &numbers)
     measure(made.table, 0, numbers);
 }
 
-Bar bar(const StandingsRow &row, const std::string &best, const Numbers &numbers)
+Bar bar(const standings::StandingsRow &row, const std::string &best, const Numbers &numbers)
 {
     const auto figure = numbers.value(row.points), full = numbers.value(best);
     if (!figure || !full || *full == 0)
@@ -129,8 +129,8 @@ Bar bar(const StandingsRow &row, const std::string &best, const Numbers &numbers
 const Statistic *statisticNamed(std::string_view word)
 {
     const auto found =
-        std::find_if(statistics.begin(), statistics.end(), [=](const Statistic &s) { return s.word == word; });
-    return found == statistics.end() ? nullptr : &*found;
+        std::find_if(seasonStatistics.begin(), seasonStatistics.end(), [=](const Statistic &s) { return s.word == word; });
+    return found == seasonStatistics.end() ? nullptr : &*found;
 }
 
 StatisticTable statisticTable(const Season &season, const Statistic &statistic)
@@ -144,7 +144,7 @@ StatisticTable statisticTable(const Season &season, const Statistic &statistic)
     return made;
 }
 
-void keepAllTimeList(Store &store, const Statistic &statistic, const Standings &table)
+void keepAllTimeList(Store &store, const Statistic &statistic, const standings::Standings &table)
 {
     if (!statistic.allTime)
         return;
@@ -155,7 +155,7 @@ void keepAllTimeList(Store &store, const Statistic &statistic, const Standings &
             archive.write(keys::record, key, text);
     };
     int row = 0;
-    for (const StandingsRow &entry : table.rows) {
+    for (const standings::StandingsRow &entry : table.rows) {
         ++row;
         keep(statistic.allTime->nameKey, row, entry.name);
         keep(statistic.allTime->figureKey, row, entry.points);

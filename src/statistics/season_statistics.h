@@ -7,7 +7,7 @@
 
 #include <array>
 
-namespace circuidex {
+namespace circuidex::statistics {
 
 // A list of the archive: the keys of its names and its figures.
 struct AllTimeList {
@@ -22,7 +22,7 @@ struct Statistic {
 };
 
 // Twelve of the season, then three of all time, in the order of their buttons.
-inline constexpr std::array<Statistic, 15> statistics{{
+inline constexpr std::array<Statistic, 15> seasonStatistics{{
     {"Command17", "Nb de points", "pts", "Nombre de points dans le championnat actuel", {}},
     {"Command2", "Victoires", "victoires", "Vicoires", {}},
     {"Command3", "Poles", "poles", "Poles", {}},
@@ -54,7 +54,7 @@ struct StatisticTable {
     // What was ranked, driver 1 or entry 1 in element 0. An absent figure is empty; a repeated name is emptied, its
     // figure "0".
     std::array<std::string, driverSlots> names, figures;
-    Standings table; // 26 rows, best first; drivers without a figure behind the others
+    standings::Standings table; // 26 rows, best first; drivers without a figure behind the others
     std::array<Bar, driverSlots> bars; // by row
     std::optional<int> first; // the driver or entry in the first row
 };
@@ -63,7 +63,7 @@ struct StatisticTable {
 StatisticTable statisticTable(const Season &season, const Statistic &statistic);
 
 // Writes the rows of an all-time list to the archive in the order of the table; nothing for a season's figure.
-void keepAllTimeList(Store &store, const Statistic &statistic, const Standings &table);
+void keepAllTimeList(Store &store, const Statistic &statistic, const standings::Standings &table);
 
 // All three lists: poles, wins, points. To be done after every recording.
 void sortAllTimeLists(Store &store);

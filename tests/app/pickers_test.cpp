@@ -2,7 +2,7 @@
 // what is pressed, in order.
 #include "app/driver.h"
 #include "app/screens.h"
-#include "results/form26_pickers.h"
+#include "kinds/picker.h"
 #include "store/temporary_folder.h"
 
 #include <QCoreApplication>
@@ -79,7 +79,7 @@ protected:
     Store store{folder.path()};
     QueuedDialogs dialogs;
     RecordingPlatform platform;
-    MainScreen main{store, dialogs};
+    results::MainRecord main{store, dialogs};
     Screens screens{rowsWith({"Form1", "Form3", "Form8", "Form14", "Form20", "Form23", "Form34", "Form48", "Form60",
                               "Form61", "Form78", "Form94"})};
     Context context{store, main, dialogs, platform, screens};

@@ -29,23 +29,23 @@ protected:
 TEST_F(ChartSeries, GivesTheRacesOfRealDrivers)
 {
     const Subjects names{"Michael Schumacher", "Kimi Räikkönen", "Cliquez ici", ""};
-    const SeriesCells finish = finishPlaces(season("2003"), builtInScale, names);
+    const SeriesCells finish = finishPlaces(season("2003"), results::builtInScale, names);
     EXPECT_EQ(first(finish, 0, 17), "4 6 9 1 1 1 3 1 5 3 4 7 8 1 1 8 9");
     EXPECT_EQ(first(finish, 1, 17), "3 1 2 2 9 2 2 6 9 4 3 9 2 4 2 2 9");
     EXPECT_EQ(first(finish, 2, 22), "9 9 9 9 9 9 9 9 9 9 9 9 9 9 9 9 9 9 9 9 9 9");
     EXPECT_EQ(first(finish, 3, 3), "9 9 9");
-    const SeriesCells start = gridPlacesOf(season("2003"), builtInScale, names);
+    const SeriesCells start = gridPlacesOf(season("2003"), results::builtInScale, names);
     EXPECT_EQ(first(start, 0, 17), "1 3 7 1 1 1 5 3 2 3 5 6 8 1 7 14 23");
     EXPECT_EQ(first(start, 3, 3), "23 23 23");
 }
 
 TEST_F(ChartSeries, TakesPointsFromPlacesAndTheScale)
 {
-    Scale doubled = builtInScale;
+    results::Scale doubled = results::builtInScale;
     for (std::string &points : doubled)
         points = desk.store.numbers().sum(points, points).value();
     const Subjects numbers{"1", "27", "", "1,5"};
-    EXPECT_EQ(first(driverPoints(season("2003"), builtInScale, numbers), 0, 17),
+    EXPECT_EQ(first(driverPoints(season("2003"), results::builtInScale, numbers), 0, 17),
               "5 3 - 10 10 10 6 10 4 6 5 2 1 10 10 1 -");
     const SeriesCells twice = driverPoints(season("2003"), doubled, numbers);
     EXPECT_EQ(first(twice, 0, 4), "10 6 - 20");
@@ -56,7 +56,7 @@ TEST_F(ChartSeries, TakesPointsFromPlacesAndTheScale)
 TEST_F(ChartSeries, TakesPointsOfTeamsAsRecorded)
 {
     desk.write("2003 [N°] ecuriepts/gp0=99");
-    const SeriesCells series = teamPoints(season("2003"), builtInScale, {"Ferrari", "Cliquez ici", "", "Minardi"});
+    const SeriesCells series = teamPoints(season("2003"), results::builtInScale, {"Ferrari", "Cliquez ici", "", "Minardi"});
     EXPECT_EQ(first(series, 0, 5), "5 11 0 16 16");
     EXPECT_EQ(first(series, 1, 3), "- - -");
     EXPECT_EQ(first(series, 2, 3), "- - -") << "the points of drivers without a team belong to nobody";
@@ -69,8 +69,8 @@ TEST_F(ChartSeries, TakesTheLastOfTwoPlaces)
     desk.write("2003 [podium] podium8" + gp + "=1");
     desk.write("2003 [N°] " + gp + "grilledepart19=" + name);
     desk.write("2003 [N°] " + gp + "grilledepart21=" + name); // place 23: not read
-    EXPECT_EQ(first(finishPlaces(season("2003"), builtInScale, {name, "", "", ""}), 0, 1), "8");
-    EXPECT_EQ(first(gridPlacesOf(season("2003"), builtInScale, {name, "", "", ""}), 0, 1), "21");
+    EXPECT_EQ(first(finishPlaces(season("2003"), results::builtInScale, {name, "", "", ""}), 0, 1), "8");
+    EXPECT_EQ(first(gridPlacesOf(season("2003"), results::builtInScale, {name, "", "", ""}), 0, 1), "21");
 }
 
 // One season changed in one way at a time, and where its charts then end.
@@ -116,7 +116,7 @@ TEST(ChartsEnd, AtTheFirstRaceWithNothingToShow)
 TEST_F(ChartSeries, EndsForTeamsWhereNoneOfTheFourHasPoints)
 {
     const auto end = [&](const Subjects &teams) {
-        return firstWithoutPoints(teamPoints(season("2003"), builtInScale, teams));
+        return firstWithoutPoints(teamPoints(season("2003"), results::builtInScale, teams));
     };
     EXPECT_EQ(end({"Ferrari", "Cliquez ici", "Cliquez ici", "Cliquez ici"}), 16);
     EXPECT_EQ(end({"Cliquez ici", "Cliquez ici", "Cliquez ici", "Cliquez ici"}), 0);

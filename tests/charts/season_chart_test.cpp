@@ -32,7 +32,7 @@ protected:
         return "nobody";
     }
     Desk desk;
-    Scale scale = builtInScale;
+    results::Scale scale = results::builtInScale;
 };
 
 // The last race run is the sixteenth, and behind it the line goes on flat.

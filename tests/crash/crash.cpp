@@ -38,7 +38,7 @@ public:
     std::optional<std::string> chooseFile(const std::string &, const std::string &) override { return std::nullopt; }
 };
 
-void enter(MainScreen &main, const char *slot, const char *name, std::array<const char *, 8> places, const char *pole)
+void enter(results::MainRecord &main, const char *slot, const char *name, std::array<const char *, 8> places, const char *pole)
 {
     main.Label40.set(slot);
     main.gp.set(name);
@@ -68,20 +68,20 @@ void work(const fs::path &folder)
     Store store(folder);
     store.protect();
     Silent dialogs;
-    MainScreen main(store, dialogs);
+    results::MainRecord main(store, dialogs);
     main.an.set("2005");
     enter(main, "18", "Chine", {"5", "9", "10", "1", "6", "2", "3", "16"}, "5");
-    recordGrandPrix(main);
-    proposeRecords(main);
+    results::recordGrandPrix(main);
+    results::proposeRecords(main);
     store.settle();
     enter(main, "18", "Chine", {"5", "10", "9", "1", "6", "2", "3", "15"}, "6");
-    amendGrandPrix(main, Amendment::byUser);
+    results::amendGrandPrix(main, results::Amendment::byUser);
     store.settle();
     main.Label40.set("3");
-    cancelGrandPrix(main);
+    results::cancelGrandPrix(main);
     store.settle();
-    passToNextSeason(main, "5");
-    clearTotals(main.season());
+    results::passToNextSeason(main, "5");
+    results::clearTotals(main.season());
     store.settle();
     store.setYearMarker(main.an.text());
 }

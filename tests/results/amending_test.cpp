@@ -6,6 +6,7 @@
 #include <random>
 
 using namespace circuidex;
+using namespace circuidex::results;
 using namespace circuidex::test;
 
 namespace {
@@ -127,7 +128,7 @@ TEST(Amending, ReadsAsCancelledWhenInterrupted)
     EXPECT_EQ(otherwise, Lines{});
 
     Store reopened(amended.folder.path());
-    MainScreen main(reopened, amended.dialogs);
+    MainRecord main(reopened, amended.dialogs);
     openMarkedSeason(main);
     openOnLastRecorded(main);
     EXPECT_EQ(main.Label40.text() + " " + main.gp.text(), "15 Belgique");
@@ -223,7 +224,7 @@ protected:
     // One piece of work on the slot on show; tells what it was.
     std::string work()
     {
-        MainScreen &main = desk.main;
+        MainRecord &main = desk.main;
         const int slot = std::stoi(main.Label40.text());
         if (!hasResult(season(), main.gp.text())) {
             desk.enter(slot, main.gp.empty() ? newName() : main.gp.text(), anyResult(), upTo(5) ? anyDriver() : "");

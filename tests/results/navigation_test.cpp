@@ -4,11 +4,12 @@
 #include "results/season_fixture.h"
 
 using namespace circuidex;
+using namespace circuidex::results;
 using namespace circuidex::test;
 
 namespace {
 
-std::string shown(const MainScreen &main)
+std::string shown(const MainRecord &main)
 {
     std::string line = main.an.text() + " " + main.Label40.text() + " " + main.gp.text() + " " + main.dat.text() + ":";
     for (const Field &number : main.Text1to8)
@@ -144,7 +145,7 @@ TEST_F(Media, PicturesComeFromTheGalleryOrBesideTheProgram)
         there = split(c.there, ';');
         desk.main.gp.set(c.gp);
         showGrandPrix(desk.main);
-        const MainScreen &main = desk.main;
+        const MainRecord &main = desk.main;
         EXPECT_EQ(main.Image1.text() + ";" + local(main.Labell.text()) + ";" + main.Image2.text() + ";" +
                       local(main.Label50.text()),
                   c.shown)

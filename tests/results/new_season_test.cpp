@@ -11,6 +11,7 @@
 #include <set>
 
 using namespace circuidex;
+using namespace circuidex::results;
 using namespace circuidex::test;
 
 namespace {

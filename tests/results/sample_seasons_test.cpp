@@ -7,6 +7,7 @@
 #include <set>
 
 using namespace circuidex;
+using namespace circuidex::results;
 using namespace circuidex::test;
 
 namespace {

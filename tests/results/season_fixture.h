@@ -17,6 +17,8 @@
 
 namespace circuidex::test {
 
+using namespace results;
+
 using Lines = std::vector<std::string>;
 
 // "a | b | c" with blanks around the parts dropped, "a\tb" as it is; "-" stands for nothing.
@@ -243,7 +245,7 @@ public:
     TemporaryFolder folder;
     QueuedDialogs dialogs;
     Store store;
-    MainScreen main;
+    MainRecord main;
 
 private:
     static std::filesystem::path prepared(const TemporaryFolder &folder, Filled filled)

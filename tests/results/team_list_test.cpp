@@ -3,6 +3,7 @@
 #include "results/season_fixture.h"
 
 using namespace circuidex;
+using namespace circuidex::results;
 using namespace circuidex::test;
 
 namespace {

@@ -3,6 +3,7 @@
 #include "standings/standings_lines.h"
 
 using namespace circuidex;
+using namespace circuidex::standings;
 using namespace circuidex::test;
 
 namespace {

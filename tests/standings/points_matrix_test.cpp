@@ -4,6 +4,7 @@
 #include "results/season_fixture.h"
 
 using namespace circuidex;
+using namespace circuidex::standings;
 using namespace circuidex::test;
 
 namespace {
@@ -53,7 +54,7 @@ TEST(PointsMatrix, EqualsTheResults)
     for (const std::string year : {"2003", "2004"}) {
         const SampleSeason results = published(year);
         const Season season(desk.store, year);
-        PointsMatrix matrix = pointsMatrix(season, loadScale(season));
+        PointsMatrix matrix = pointsMatrix(season, results::loadScale(season));
         EXPECT_EQ(cellsOf(matrix), publishedCells(results, false)) << year;
         for (std::size_t gp = 0; gp < matrix.races.size(); ++gp)
             EXPECT_EQ(matrix.races[gp], gp < results.races.size() ? results.races[gp].name : "") << year;
@@ -76,7 +77,7 @@ TEST(PointsMatrix, ReadsWhatStands)
         desk.write(std::string("2005 [podium] ") + line);
     for (const char *line : {"polMonaco=7", "polChine=99", "pol=4"})
         desk.write(std::string("2005 [N°] ") + line);
-    const Scale scale{"10", "8", "6", "5", "4,5", "3", "2", "1"};
+    const results::Scale scale{"10", "8", "6", "5", "4,5", "3", "2", "1"};
     PointsMatrix matrix = pointsMatrix(desk.main.season(), scale);
     // Two slots of one name share its result; a driver who stands on two places keeps the later one.
     EXPECT_EQ(cellsOf(matrix), (Lines{"0 1", "25 10", "52 1", "77 10", "498 10"}));

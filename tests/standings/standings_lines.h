@@ -5,6 +5,8 @@
 
 namespace circuidex::test {
 
+using namespace standings;
+
 // "1 Michael Schumacher 93 Ferrari 0" for every row that isn't blank; a team's row names no other team.
 inline Lines rowsOf(const Standings &standings)
 {

@@ -4,6 +4,7 @@
 #include "store/archive.h"
 
 using namespace circuidex;
+using namespace circuidex::standings;
 using namespace circuidex::test;
 
 namespace {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 using namespace circuidex;
+using namespace circuidex::statistics;
 
 namespace {
 

@@ -3,6 +3,7 @@
 #include "results/season_fixture.h"
 
 using namespace circuidex;
+using namespace circuidex::statistics;
 using namespace circuidex::test;
 
 namespace {
@@ -15,7 +16,7 @@ StatisticTable tableOf(Desk &desk, const std::string &year, std::string_view wor
 Lines rowsOf(const StatisticTable &made)
 {
     Lines rows;
-    for (const StandingsRow &row : made.table.rows)
+    for (const standings::StandingsRow &row : made.table.rows)
         if (!(row.name + row.points).empty())
             rows.push_back(row.name + " " + row.points);
     return rows;
@@ -71,7 +72,7 @@ TEST(SeasonStatistics, EqualTheCountsOf2003)
 {
     Desk desk;
     const Published2003 results;
-    for (const Statistic &statistic : statistics) {
+    for (const Statistic &statistic : seasonStatistics) {
         if (statistic.allTime)
             continue;
         const std::string word(statistic.word);
@@ -197,7 +198,7 @@ TEST_F(Statistics, WriteOnlyAllTimeLists)
 {
     driver(1, "Un", "3");
     const Keys before = desk.keys("2005");
-    for (const Statistic &statistic : statistics)
+    for (const Statistic &statistic : seasonStatistics)
         if (!statistic.allTime)
             keepAllTimeList(desk.store, statistic, statisticTable(desk.main.season(), statistic).table);
     EXPECT_EQ(desk.keys("2005"), before);

@@ -1,0 +1,369 @@
+#include "kinds/chart_screen.h"
+
+#include "results/main_record.h"
+#include "shell/look.h"
+
+#include <QAction>
+#include <QBoxLayout>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QSaveFile>
+
+namespace circuidex {
+
+using namespace charts;
+
+namespace {
+
+const QColor levelColour(0xEE, 0xF0, 0xF3); // of the grid's level lines
+
+constexpr double scaleEdge = 600, captionEdge = 960; // twips left of the paper, for what names the heights
+constexpr double gap = 80, leader = 220; // of these, from such a caption to the paper
+constexpr double margin = 150; // twips around the rest
+constexpr double overshoot = 100; // a line may pass the upper edge of the paper by so much
+constexpr double captionHeight = 225;
+constexpr double averageCaption = 400; // above a paper that may show an average
+constexpr double maskWidth = 15000;
+
+TwipRect bounds(const TwipLine &l)
+{
+    return {std::min(l.x1, l.x2), std::min(l.y1, l.y2), std::abs(l.x2 - l.x1), std::abs(l.y2 - l.y1)};
+}
+
+ChartStroke stroke(const TwipLine &l, const QColor &colour)
+{
+    return {{{l.x1, l.y1}, {l.x2, l.y2}}, colour, l.width};
+}
+
+// Under its segment. The twentieth Grand Prix has the caption with index 0.
+TwipRect captionPlace(const Paper &paper, int slot)
+{
+    return {vertex(slot), paper.bottom, vertex(slot + 1) - vertex(slot), captionHeight};
+}
+
+TwipLine gridLine(const Paper &paper, int k)
+{
+    return {vertex(k), paper.gridFrom, vertex(k), paper.gridTo, 1};
+}
+
+TwipLine baseLine(const Paper &paper)
+{
+    return {0, paper.bottom, paper.width(), paper.bottom, 1};
+}
+
+}
+
+ChartScreen::ChartScreen(Context &theContext, const QString &name, const QString &title, const ChartControls &controls)
+    : Screen(theContext, name, title), m_chart(controls.instance), m_controls(controls), m_view(new ChartView(body()))
+{
+    registerPaper();
+    registerLines();
+    if (controls.instance.average != AverageOf::nothing)
+        registerAverage();
+    registerSaving();
+    m_view->onEnter = [this] { draw(); };
+    m_view->describe = [this](int series, int point) {
+        return series < seriesCount && point > 0
+            ? gpName(point - 1) + u" – "_s + meaning(series, point - 1)
+            : QString();
+    };
+}
+
+Season ChartScreen::season() const
+{
+    return context.main.season();
+}
+
+QColor ChartScreen::colour(int series) const
+{
+    return QColor::fromRgb(seriesColours[static_cast<std::size_t>(series)]);
+}
+
+QString ChartScreen::gpName(int slot) const
+{
+    return qt(season().namegp(slot));
+}
+
+void ChartScreen::registerLine(const QString &name, int index, QColor colour, std::function<TwipLine()> line)
+{
+    ShapeControl &made = shape(name, index);
+    made.setFore(colour);
+    made.geometryNow = [line] { return bounds(line()); };
+    made.lineNow = std::move(line);
+}
+
+void ChartScreen::registerLines()
+{
+    for (int s = 0; s < seriesCount; ++s)
+        for (int k = 0; k < segments; ++k) {
+            const QString name = u"Line%1"_s.arg(s + 1);
+            registerLine(name, k, colour(s), [this, s, k] {
+                const Curve &curve = m_chart.curve(s);
+                return TwipLine{vertex(k), curve.at(k - 1), vertex(k + 1), curve.at(k), m_chart.lineWidth(s)};
+            });
+            static_cast<ShapeControl *>(control(name, k))->tipNow = [this, s, k] { return m_view->describe(s, k + 1); };
+        }
+}
+
+void ChartScreen::registerPaper()
+{
+    shape(u"Label10"_s).geometryNow = [this] {
+        return TwipRect{0, paper().top, paper().width(), paper().bottom - paper().top};
+    };
+    shape(u"stopgraph"_s).geometryNow = [this] { return mask(); };
+    shape(u"Line5"_s).lineNow = [this] { return baseLine(paper()); };
+    const QColor gridColour = QColor::fromRgb(paper().gridColour);
+    for (int k = 1; k < segments; ++k)
+        registerLine(u"Line6"_s, k, gridColour, [this, k] { return gridLine(paper(), k); });
+    for (int slot = 0; slot < segments; ++slot) {
+        ShapeControl &caption = shape(u"Label11"_s, (slot + 1) % segments);
+        caption.textNow = [slot] { return u"GP%1"_s.arg(slot + 1); };
+        caption.tipNow = [this, slot] { return gpName(slot); };
+        caption.geometryNow = [this, slot] { return captionPlace(paper(), slot); };
+    }
+}
+
+// The pieces from the left edge on, Line13(1) to (3) and Line10(1) to (17).
+std::vector<TwipLine> ChartScreen::averageLines() const
+{
+    std::vector<TwipLine> lines;
+    const auto add = [&lines](const Average::Piece &piece) {
+        const int i = static_cast<int>(lines.size());
+        lines.push_back({vertex(i), piece.y1, vertex(i + 1), piece.y2, 1});
+    };
+    for (const Average::Piece &piece : m_chart.average().beginning)
+        add(piece);
+    for (const Average::Piece &piece : m_chart.average().rest)
+        add(piece);
+    return lines;
+}
+
+void ChartScreen::registerAverage()
+{
+    const int beginning = static_cast<int>(m_chart.average().beginning.size());
+    for (int i = 0; i < segments; ++i) {
+        const bool early = i < beginning;
+        registerLine(early ? u"Line13"_s : u"Line10"_s, early ? i + 1 : i + 1 - beginning,
+                     QColor(Qt::black), [this, i] { return averageLines()[static_cast<std::size_t>(i)]; });
+    }
+}
+
+TwipRect ChartScreen::mask() const
+{
+    return {m_chart.mask(), paper().top - overshoot, maskWidth, paper().bottom - paper().top + overshoot};
+}
+
+void ChartScreen::registerSaving()
+{
+    const auto entry = [this](const QString &name, const QString &caption, const QKeySequence &key, auto handler) {
+        auto *action = new QAction(caption, m_view);
+        action->setShortcut(key);
+        action->setShortcutContext(Qt::WidgetShortcut);
+        connect(action, &QAction::triggered, this, handler);
+        m_view->addAction(action);
+        hidden(name, caption, [action] { action->trigger(); });
+    };
+    m_view->setContextMenuPolicy(Qt::ActionsContextMenu);
+    entry(u"copierimage"_s, u"Copier l'image"_s, QKeySequence::Copy,
+          [this] { QGuiApplication::clipboard()->setImage(m_view->image()); });
+    entry(u"enregistrerpng"_s, u"Enregistrer en PNG..."_s, {},
+          [this] { save(u"png"_s, m_view->png()); });
+    entry(u"enregistrersvg"_s, u"Enregistrer en SVG..."_s, {},
+          [this] { save(u"svg"_s, m_view->svg()); });
+}
+
+void ChartScreen::save(const QString &kind, const QByteArray &bytes)
+{
+    const QString filter = u"Images %1 (*.%2)"_s.arg(kind.toUpper(), kind);
+    const auto path = context.dialogs.chooseNewFile(title().toStdString(), filter.toStdString());
+    if (!path)
+        return;
+    QSaveFile file(qt(*path));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+        context.dialogs.message("L'image n'a pas pu être enregistrée.");
+}
+
+Label *ChartScreen::marker(int series)
+{
+    auto *made =
+        command(qt(m_controls.markers[static_cast<std::size_t>(series)]), u"=> "_s, [this, series] {
+            m_chart.highlight(series, context.store.numbers());
+            showChart();
+        });
+    made->setToolTip(qt(m_controls.markerTip));
+    return made;
+}
+
+QLayout *ChartScreen::thicknessRow()
+{
+    const auto custom = [this] {
+        m_chart.drawCustom(season());
+        showChart();
+    };
+    auto *width = add(u"Text14"_s, new Edit);
+    width->setFixedWidth(36);
+    width->setAlignment(Qt::AlignCenter);
+    width->setToolTip(u"Epaisseur des courbes, en pixels"_s);
+    bind(width, m_chart.width);
+    if (m_controls.entersWidth)
+        onEnter(width, custom);
+    auto *row = new QHBoxLayout;
+    row->setSpacing(6);
+    row->addWidget(styled(u"Epaisseur du trait:"_s, "hint"));
+    row->addWidget(button(u"Command3"_s, u"Normal"_s, [this] {
+        m_chart.drawNormal(season());
+        showChart();
+    }));
+    row->addWidget(button(u"Command2"_s, qt(m_controls.custom), custom));
+    row->addWidget(width);
+    return row;
+}
+
+QLayout *ChartScreen::scaleRow()
+{
+    auto *scale = add(u"Text3"_s, new Edit);
+    scale->setFixedWidth(48);
+    scale->setAlignment(Qt::AlignCenter);
+    scale->setToolTip(u"Plus l'échelle est grande, plus les courbes montent (Entrée pour tracer)"_s);
+    bind(scale, m_chart.scale);
+    onEnter(scale, [this] { draw(); });
+    auto *row = new QHBoxLayout;
+    row->setSpacing(6);
+    row->addWidget(styled(u"Echelle:"_s, "hint"));
+    row->addWidget(scale);
+    return row;
+}
+
+Button *ChartScreen::drawButton()
+{
+    auto *made = button(u"Command1"_s, u"Traçer courbe"_s, [this] { draw(); });
+    made->makeMain();
+    return made;
+}
+
+void ChartScreen::begin()
+{
+    if (m_chart.instance().refreshesScale)
+        context.main.refreshScale();
+    m_chart.open(season());
+    showSubjects();
+    draw();
+    m_view->setFocus();
+}
+
+void ChartScreen::closing()
+{
+    takeSubjects();
+    m_chart.close(season());
+}
+
+void ChartScreen::draw()
+{
+    std::optional<Waiting> waiting;
+    if (m_controls.waits)
+        waiting.emplace(*this);
+    takeSubjects();
+    m_chart.draw(season(), context.main.scale());
+    showSubjects();
+    showChart();
+}
+
+void ChartScreen::showChart()
+{
+    const Paper &p = paper();
+    ChartPicture picture;
+    const double top = p.top - (m_chart.instance().average == AverageOf::nothing ? margin : averageCaption);
+    const double edge = m_chart.instance().scaled() ? scaleEdge : captionEdge;
+    picture.region = {-edge, top, edge + p.width() + margin, p.gridFrom + 30 - top};
+    picture.paper = {0, p.top - overshoot, p.width(), p.bottom - p.top + overshoot};
+    picture.title = title();
+    addSeries(picture);
+    addAverage(picture);
+    addPaper(picture);
+    addScale(picture);
+    addEdgeCaptions(picture);
+    m_view->setPicture(std::move(picture));
+}
+
+// As far as the mask, which stands just behind a Grand Prix.
+void ChartScreen::addSeries(ChartPicture &picture) const
+{
+    for (int s = 0; s < seriesCount; ++s) {
+        ChartStroke line{{}, colour(s), m_chart.lineWidth(s)};
+        for (int k = 0; k <= segments && vertex(k) <= m_chart.mask(); ++k)
+            line.points.push_back({vertex(k), m_chart.curve(s).at(k - 1)});
+        picture.lines.push_back(std::move(line));
+        picture.legend.push_back({colour(s), qt(m_chart.name(s))});
+    }
+    picture.masks.push_back({mask(), Qt::white});
+}
+
+void ChartScreen::addAverage(ChartPicture &picture) const
+{
+    if (!m_chart.averageShown())
+        return;
+    for (const TwipLine &piece : averageLines())
+        if (piece.x2 <= m_chart.mask())
+            picture.lines.push_back(stroke(piece, Qt::black));
+    const double left = paper().width() - 1500, y = paper().top - averageCaption + captionHeight / 2;
+    picture.leaders.push_back(stroke({left - 350, y, left - 90, y, 1}, Qt::black));
+    picture.texts.push_back({{left, y - captionHeight / 2, 1500, captionHeight},
+                             u"Moyenne mobile"_s,
+                             Qt::AlignLeft | Qt::AlignVCenter});
+}
+
+void ChartScreen::addPaper(ChartPicture &picture) const
+{
+    const Paper &p = paper();
+    for (int k = 1; k < segments; ++k)
+        picture.grid.push_back(stroke(gridLine(p, k), QColor::fromRgb(p.gridColour)));
+    for (int slot = 0; slot < segments; ++slot)
+        picture.texts.push_back({captionPlace(p, slot), u"GP%1"_s.arg(slot + 1), Qt::AlignCenter,
+                                 [this, slot] { return gpName(slot); }});
+    picture.axes.push_back(stroke(baseLine(p), look::quiet));
+    picture.axes.push_back(stroke({0, p.top, 0, p.bottom, 1}, look::line));
+}
+
+// What a height means, where that depends on the scale.
+void ChartScreen::addScale(ChartPicture &picture) const
+{
+    const Numbers &numbers = context.store.numbers();
+    for (const Tick &tick : m_chart.ticks(numbers)) {
+        addLevel(picture, tick.y);
+        addHeight(picture, qt(numbers.text(tick.value)), tick.y, gap);
+    }
+}
+
+void ChartScreen::addEdgeCaptions(ChartPicture &picture) const
+{
+    for (const EdgeCaption &caption : edgeCaptions()) {
+        const double y = m_chart.instance().level().at(caption.value), centre = caption.top + captionHeight / 2;
+        addLevel(picture, y);
+        picture.leaders.push_back(stroke({-leader, centre, 0, y, 1}, look::line));
+        addHeight(picture, qt(caption.text), centre, leader + gap / 2);
+    }
+}
+
+void ChartScreen::addLevel(ChartPicture &picture, double y) const
+{
+    picture.grid.push_back(stroke({0, y, paper().width(), y, 1}, levelColour));
+}
+
+void ChartScreen::addHeight(ChartPicture &picture, const QString &caption, double centre, double right) const
+{
+    picture.texts.push_back(
+        {{picture.region.left, centre - captionHeight / 2, -picture.region.left - right, captionHeight},
+         caption,
+         Qt::AlignRight | Qt::AlignVCenter});
+}
+
+void onEnter(Edit *edit, std::function<void()> handler)
+{
+    QObject::connect(edit, &QLineEdit::returnPressed, edit, [handler = std::move(handler)] {
+        const auto shift = Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier;
+        if (!(QGuiApplication::keyboardModifiers() & shift))
+            handler();
+    });
+}
+
+}

@@ -1,0 +1,286 @@
+#include "screens/results/form1_main.h"
+
+#include "platform/platform.h"
+#include "results/amending.h"
+#include "kinds/picker.h"
+#include "results/media_of_grand_prix.h"
+#include "results/navigation.h"
+#include "results/new_season.h"
+#include "results/recording.h"
+#include "screens/results/form1_side_screens.h"
+#include "shell/look.h"
+
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QScreen>
+
+namespace circuidex::screens {
+
+Form1::Form1(Context &theContext, const QString &name, const QString &title)
+    : Screen(theContext, name, title, Chrome::mainWindow), m_main(theContext.main)
+{
+    setMouseTracking(true);
+    registerHidden();
+    layOut();
+    listen(m_main.gp, [this](const std::string &typed) { gpTyped(typed); });
+    m_main.clearTotalsSoon = [this](const std::string &season) { clearTotalsSoon(qt(season)); };
+    context.screens.onChange = [this](const QString &screen, bool open) { screenChanged(screen, open); };
+    comeBack();
+    start();
+}
+
+// What opening the program does: the marked season, its last Grand Prix, scale, "nogp" and skin.
+void Form1::start()
+{
+    if (results::openMarkedSeason(m_main))
+        context.screens.open(u"Form46"_s);
+    results::openOnLastRecorded(m_main);
+    context.skin = skinNamed(context.store.LireINI(keys::galerie, "skin", "couleur"));
+    dress();
+}
+
+void Form1::registerHidden()
+{
+    const auto press = [this](const QString &name, const QString &caption, std::function<void()> handler) {
+        hidden(name, caption, std::move(handler));
+    };
+    press(u"Command5"_s, u"Enregistrer le Grand Prix"_s, [this] { record(); });
+    press(u"Command10"_s, u""_s, {});
+    press(u"Command12"_s, u""_s, {});
+    press(u"Command17"_s, u""_s, [this] { results::showGrandPrix(m_main); });
+    press(u"Command23"_s, u"enregistrer modifs"_s, [this] { amend(false); });
+    press(u"Command27"_s, u"enregistrement spécial pour émulations"_s, [this] {
+        if (results::recordSimulatedGrandPrix(m_main) == results::Recording::done)
+            showPodium();
+    });
+    press(u"Command14"_s, u"Galerie Vidéo"_s, [this] {
+        if (context.screens.open(u"frmmain"_s))
+            setPlace(0, 50000);
+    });
+    press(u"Command18"_s, u"Journal"_s, [this] { context.screens.open(u"Form28"_s); });
+    for (const QString &covered : {u"Command1"_s, u"Command4"_s, u"Command6"_s, u"Command7"_s, u"Command13"_s, u"Command19"_s, u"Command22"_s})
+        press(covered, qt(sideScreenOf(covered.toStdString())->caption), [this, covered] { pressToggle(covered); });
+
+    const auto keep = [this](const QString &name, Field &field, std::optional<int> index = std::nullopt) {
+        hidden(name, field, index);
+    };
+    keep(u"Label40"_s, m_main.Label40);
+    keep(u"Labell"_s, m_main.Labell);
+    keep(u"Label50"_s, m_main.Label50);
+    keep(u"a"_s, m_main.a);
+    keep(u"pol"_s, m_main.pol);
+    keep(u"vic"_s, m_main.vic);
+    keep(u"pts"_s, m_main.pts);
+    keep(u"lblrec"_s, m_main.lblrec);
+    for (int i = 0; i < classifiedPlaces; ++i)
+        keep(u"ptspilot"_s, m_main.ptspilot[static_cast<std::size_t>(i)], i);
+    hidden(u"iMg"_s);
+    hidden(u"Image6"_s).onHover = [this] { unpoint(); };
+
+    using Kind = TimerControl::Kind;
+    m_records = &timer(u"Timerrecords"_s, 0, Kind::once, [this] {
+        for (const QString &list : {u"Command13"_s, u"Command14"_s, u"Command15"_s})
+            if (Screen *statistics = context.screens.openUnseen(u"Form32"_s))
+                statistics->press(list);
+        context.screens.close(u"Form32"_s);
+        context.screens.close(u"Form4"_s);
+    });
+    m_newSeason = &timer(u"Timer55"_s, 0, Kind::once, [this] { clearNewSeason(); });
+    m_lap =
+        &timer(u"Timerlap"_s, 0, Kind::once, [this] { context.screens.open(u"Form13"_s); });
+    m_img =
+        &timer(u"Timerimg"_s, 0, Kind::once, [this] { context.screens.open(u"Form13"_s); });
+    m_vid = &timer(u"Timervid"_s, 0, Kind::once, [this] { playFilm(); });
+}
+
+// The pointer is over the background: all command labels are black again.
+void Form1::unpoint()
+{
+    for (const QString &name : m_pointed)
+        control(name)->setFore(QColor(Qt::black));
+}
+
+void Form1::mouseMoveEvent(QMouseEvent *event)
+{
+    Screen::mouseMoveEvent(event);
+    control(u"Image6"_s)->hover();
+}
+
+// Opens the side screen of a button, or closes it. A menu first closes the other five.
+void Form1::pressToggle(const QString &name)
+{
+    const SideScreen &side = *sideScreenOf(name.toStdString());
+    if (name == u"Command4") // what finishers without a team left behind
+        m_main.season().write(keys::N, "ptsecurie", "0");
+    if (side.menu)
+        for (const SideScreen &other : sideScreens)
+            if (other.menu && &other != &side)
+                context.screens.close(qt(other.screen));
+    if (context.screens.isOpen(qt(side.screen))) {
+        context.screens.close(qt(side.screen));
+        return;
+    }
+    const Waiting waiting(*this);
+    if (name == u"Command7")
+        m_main.refreshScale();
+    context.screens.open(qt(side.screen));
+}
+
+void Form1::screenChanged(const QString &screen, bool open)
+{
+    for (const SideScreen &side : sideScreens)
+        if (screen == qt(side.screen))
+            setText(qt(side.button), qt(open ? side.openCaption : side.caption));
+}
+
+void Form1::openDriverList(const QString &reason)
+{
+    openPicker(context.screens, PickList::drivers, reason);
+}
+
+void Form1::gpTyped(const std::string &typed)
+{
+    if (typed != "kkkkk")
+        return;
+    context.dialogs.message("TEST gp_Change() N°16");
+    context.screens.open(u"Form19"_s);
+    m_main.gp.set("");
+}
+
+void Form1::showPodium()
+{
+    Screen *podium = context.screens.open(u"Form12"_s);
+    for (int place = 1; podium && place <= 3; ++place)
+        podium->setText(u"Label%1"_s.arg(6 + place), qt(m_main.number(place).text()));
+}
+
+void Form1::afterResult()
+{
+    showPodium();
+    context.screens.close(u"Form32"_s);
+    m_records->start(10);
+}
+
+void Form1::record()
+{
+    const Waiting waiting(*this);
+    if (results::recordGrandPrix(m_main) == results::Recording::done)
+        afterResult();
+}
+
+void Form1::amend(bool byUser)
+{
+    const Waiting waiting(*this);
+    results::amendGrandPrix(m_main, byUser ? results::Amendment::byUser : results::Amendment::byProgram);
+    afterResult();
+    context.screens.close(u"Form4"_s);
+}
+
+void Form1::cancel()
+{
+    const Waiting waiting(*this);
+    results::cancelGrandPrix(m_main);
+}
+
+// The grid first, unseen behind its assistant, then the result: Form49 leads on to Form40, which presses Command5.
+void Form1::startAssistant()
+{
+    if (!results::mayStartAssistant(m_main))
+        return;
+    context.screens.close(u"Form48"_s); // it may show another race, or hold edits
+    if (Screen *grid = context.screens.open(u"Form48"_s))
+        grid->setPlace(0, 160000);
+    showMinimized();
+    context.screens.open(u"Form49"_s);
+}
+
+void Form1::filmClicked()
+{
+    if (m_main.film.empty()) {
+        m_vid->stop();
+        results::chooseFilm(m_main);
+    } else {
+        m_vid->start(250);
+    }
+}
+
+void Form1::playFilm()
+{
+    if (Screen *gallery = context.screens.open(u"frmmain"_s)) {
+        gallery->setText(u"Command8"_s, qt(results::filmPath(m_main)));
+        gallery->press(u"Command8"_s);
+        return;
+    }
+    context.platform.play(m_main.surroundings.findFile(results::filmPath(m_main)));
+}
+
+// A passage before that is still waiting isn't forgotten.
+void Form1::clearTotalsSoon(const QString &season)
+{
+    if (!m_newSeason->tag.isEmpty())
+        clearNewSeason();
+    m_newSeason->tag = season;
+    m_newSeason->start(500);
+}
+
+// The timer's tag says which season was passed to: another one may be open by now.
+void Form1::clearNewSeason()
+{
+    const QString season = std::exchange(m_newSeason->tag, {});
+    results::clearTotals(season.isEmpty() ? m_main.season() : Season(context.store, season.toStdString()));
+}
+
+void Form1::comeBack()
+{
+    setWindowState(Qt::WindowNoState);
+    setPlace(0, 0);
+    const QRect display = QGuiApplication::primaryScreen()->availableGeometry();
+    resize(QSize(1024, 768).expandedTo(QSize(std::min(display.width(), 1400), std::min(display.height(), 900))));
+}
+
+void Form1::keyPressEvent(QKeyEvent *event)
+{
+    const bool control = event->modifiers() == Qt::ControlModifier;
+    const auto pressed = [this](const QString &name) { press(name); };
+    switch (event->key()) {
+    case Qt::Key_PageDown:
+        return pressed(control ? u"Command28"_s : u"Command8"_s);
+    case Qt::Key_PageUp:
+        return pressed(control ? u"Command29"_s : u"Command9"_s);
+    case Qt::Key_Right:
+        return pressed(u"Command8"_s);
+    case Qt::Key_Left:
+        return pressed(u"Command9"_s);
+    case Qt::Key_F5:
+        return pressed(u"Label12"_s);
+    default:
+        break;
+    }
+    if (control && event->key() == Qt::Key_N)
+        return pressed(u"Label36"_s);
+    if (control && event->key() == Qt::Key_E)
+        return pressed(u"Command26"_s);
+    if (control && event->key() == Qt::Key_S)
+        return pressed(u"Label43"_s);
+    if (control && event->key() == Qt::Key_G)
+        return pressed(u"Command30"_s);
+    Screen::keyPressEvent(event);
+}
+
+void Form1::closing()
+{
+    if (!m_newSeason->tag.isEmpty())
+        clearNewSeason();
+    context.store.setYearMarker(m_main.an.text());
+    m_main.clearTotalsSoon = {};
+    context.screens.onChange = {};
+    for (const QString &name : context.screens.openNames())
+        context.screens.close(name);
+}
+
+ScreenRows form1()
+{
+    return {screenRow<Form1>(u"Form1"_s, u" .:Circuidex:. "_s)};
+}
+
+}

@@ -1,0 +1,59 @@
+#pragma once
+// Form1, the main screen: one Grand Prix of one season, the way through Grands Prix and seasons, and the buttons that open
+// everything else. Its buttons are pressed by other screens too, some of them by nobody else.
+#include "results/main_record.h"
+#include "shell/screens.h"
+
+namespace circuidex::screens {
+
+class Form1 : public Screen {
+public:
+    Form1(Context &context, const QString &name, const QString &title);
+
+    // Back in sight after a screen that took its place: in its normal state, at the top left, as large as the display.
+    void comeBack() override;
+
+protected:
+    void closing() override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+
+private:
+    void registerHidden();
+    void layOut();
+    QWidget *selectionCard();
+    QWidget *resultCard();
+    QWidget *remarkCard();
+    QWidget *picturesCard();
+    QWidget *grandPrixCommands();
+    QWidget *windowCommands();
+    QWidget *footer();
+
+    Edit *edit(const QString &name, Field &field, int width, const QString &tip);
+    Label *pointedCommand(const QString &name, const QString &caption, std::function<void()> handler);
+    void unpoint();
+
+    void openDriverList(const QString &reason);
+    void pressToggle(const QString &button);
+    void screenChanged(const QString &screen, bool open);
+    QWidget *sideButton(const QString &name);
+
+    void record();
+    void amend(bool byUser);
+    void cancel();
+    void startAssistant();
+    void showPodium();
+    void afterResult();
+    void filmClicked();
+    void playFilm();
+    void gpTyped(const std::string &text);
+    void start();
+    void clearTotalsSoon(const QString &season);
+    void clearNewSeason();
+
+    results::MainRecord &m_main;
+    QStringList m_pointed;
+    TimerControl *m_newSeason = nullptr, *m_records = nullptr, *m_lap = nullptr, *m_img = nullptr, *m_vid = nullptr;
+};
+
+}

@@ -1,0 +1,155 @@
+// Form34, the calendar of the season: the Grand Prix of each slot and its date. Naming a slot anew leaves the results
+// under the old name.
+#include "kinds/picker.h"
+#include "results/main_record.h"
+#include "shell/look.h"
+#include "shell/screens.h"
+
+#include <QBoxLayout>
+#include <QGridLayout>
+#include <QKeyEvent>
+
+#include <algorithm>
+
+namespace circuidex::screens {
+
+namespace {
+
+class Form34 : public Screen {
+public:
+    Form34(Context &context, const QString &name, const QString &title);
+
+protected:
+    void closing() override; // the main window comes back in sight
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    QLayout *rows();
+    Edit *box(const QString &array, int slot);
+    void load();
+    void store();
+    void stepFocus(int by);
+
+    results::MainRecord &m_main;
+    QLabel *m_heading = nullptr;
+    std::array<Edit *, gpSlots> m_names{}, m_dates{};
+};
+
+Form34::Form34(Context &theContext, const QString &name, const QString &title)
+    : Screen(theContext, name, title), m_main(theContext.main)
+{
+    auto *foot = new QHBoxLayout;
+    foot->addWidget(printCommand(u"Label12"_s));
+    foot->addStretch(1);
+    auto *kept = button(u"Command2"_s, u"Enregistrer Calendrier"_s, [this] { store(); });
+    kept->makeMain();
+    kept->setToolTip(u"Enregistrer et fermer (Entrée)"_s);
+    foot->addWidget(kept);
+    auto *layout = new QVBoxLayout(body());
+    layout->setContentsMargins(12, 10, 12, 12);
+    layout->setSpacing(look::gap);
+    layout->addWidget(card({}, rows()));
+    layout->addLayout(foot);
+    setFixedWidth(460);
+    load();
+    listen(m_main.an, [this](const std::string &) { load(); });
+    m_names[0]->setFocus();
+}
+
+Edit *Form34::box(const QString &array, int slot)
+{
+    auto *made = add(array, new Edit, slot);
+    connect(made, &QLineEdit::returnPressed, this, [this] { store(); });
+    return made;
+}
+
+QLayout *Form34::rows()
+{
+    auto *grid = new QGridLayout;
+    grid->setVerticalSpacing(3);
+    grid->setHorizontalSpacing(look::gap);
+    m_heading = styled({}, "caption");
+    grid->addWidget(m_heading, 0, 1);
+    grid->addWidget(styled(u"Date"_s, "caption"), 0, 3, Qt::AlignCenter);
+    for (int slot = 0; slot < gpSlots; ++slot) {
+        const auto at = static_cast<std::size_t>(slot);
+        m_names[at] = box(u"Text3"_s, slot);
+        m_names[at]->setToolTip(u"Nom du Grand Prix, comme dans les autres saisons"_s);
+        auto *list = button(
+            u"Command1"_s, u"Liste"_s,
+            [this, slot] { openPicker(context.screens, PickList::grandsPrix, u"f34%1"_s.arg(slot)); },
+            slot);
+        list->setToolTip(u"Choisir dans la liste des Grands Prix"_s);
+        list->setFocusPolicy(Qt::ClickFocus); // Tab goes from name to date and on
+        m_dates[at] = box(u"Text4"_s, slot);
+        m_dates[at]->setFixedWidth(70);
+        m_dates[at]->setAlignment(Qt::AlignCenter);
+        m_dates[at]->setToolTip(u"Date, comme 16/10"_s);
+        grid->addWidget(styled(QString::number(slot + 1), "place"), slot + 1, 0, Qt::AlignRight | Qt::AlignVCenter);
+        grid->addWidget(m_names[at], slot + 1, 1);
+        grid->addWidget(list, slot + 1, 2);
+        grid->addWidget(m_dates[at], slot + 1, 3);
+    }
+    grid->setColumnStretch(1, 1);
+    return grid;
+}
+
+void Form34::load()
+{
+    const Season season = m_main.season();
+    m_heading->setText(u"Grands Prix %1"_s.arg(qt(season.stem())));
+    for (int slot = 0; slot < gpSlots; ++slot) {
+        const std::string gpName = season.namegp(slot);
+        const std::string date = gpName.empty() ? std::string() : season.read(keys::gp, keys::dategp(gpName));
+        setText(u"Text3"_s, qt(gpName), slot);
+        setText(u"Text4"_s, qt(date), slot);
+    }
+}
+
+// A date stands under the name of its Grand Prix; without one there is nowhere to keep it.
+void Form34::store()
+{
+    const Season season = m_main.season();
+    for (std::size_t slot = 0; slot < m_names.size(); ++slot) {
+        const std::string gpName = m_names[slot]->text().toStdString();
+        season.write(keys::gp, keys::namegp(static_cast<int>(slot)), gpName);
+        if (!gpName.empty())
+            season.write(keys::gp, keys::dategp(gpName), m_dates[slot]->text().toStdString());
+    }
+    close();
+}
+
+// Up and down stay in the column.
+void Form34::stepFocus(int by)
+{
+    for (const auto *column : {&m_names, &m_dates}) {
+        const auto at = std::find(column->begin(), column->end(), focusWidget());
+        if (at == column->end())
+            continue;
+        const auto to = at - column->begin() + by;
+        if (to >= 0 && to < gpSlots)
+            (*column)[static_cast<std::size_t>(to)]->setFocus();
+        return;
+    }
+}
+
+void Form34::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Down || event->key() == Qt::Key_Up)
+        return stepFocus(event->key() == Qt::Key_Down ? 1 : -1);
+    Screen::keyPressEvent(event);
+}
+
+void Form34::closing()
+{
+    context.screens.bringMainBack();
+}
+
+}
+
+ScreenRows form34()
+{
+    return {screenRow<Form34>(u"Form34"_s, u"Calendrier de la Saison"_s)};
+}
+
+}

@@ -1,0 +1,136 @@
+// Form48, the starting grid of a Grand Prix as a table. Changing exactly one place moves the pole with it.
+#include "kinds/picker.h"
+#include "kinds/place_names.h"
+#include "results/grid.h"
+#include "results/main_record.h"
+#include "shell/look.h"
+#include "shell/screens.h"
+
+#include <QBoxLayout>
+
+namespace circuidex::screens {
+
+namespace {
+
+class Form48 : public Screen {
+public:
+    Form48(Context &context, const QString &name, const QString &title);
+
+private:
+    void load();
+    void step(std::string_view stop, std::string_view beside, double by);
+    void pick(int row);
+    void store();
+    void movePole();
+    void countEdits(int edits);
+
+    results::MainRecord &m_main;
+    Field m_cursor; // Label40
+    Field m_gp;     // Text5
+    Table *m_grid = nullptr;
+    int m_edits = 0; // clicks on places since the screen was loaded
+};
+
+Form48::Form48(Context &theContext, const QString &name, const QString &title) :
+    Screen(theContext, name, title), m_main(theContext.main), m_cursor(theContext.main.Label40.text()),
+    m_gp(theContext.main.gp.text())
+{
+    hidden(u"Label40"_s, m_cursor);
+    auto *race = add(u"Text5"_s, new Edit);
+    race->setProperty("title", true);
+    bind(race, m_gp);
+    auto *back = button(u"Command6"_s, u"◀"_s, [this] { step("0", "1", -1); });
+    auto *on = button(u"Command5"_s, u"▶"_s, [this] { step("200", "199", 1); });
+    back->setToolTip(u"Grand Prix précédent"_s);
+    on->setToolTip(u"Grand Prix suivant"_s);
+    m_grid = table({{u"Label1"_s, u"Place"_s, 60, Qt::AlignRight},
+                    {u"Text99"_s, u"Pilote"_s, 0, Qt::AlignLeft,
+                     u"Cliquez pour choisir le pilote"_s, 0, true}},
+                   gridPlaces);
+    for (int x = 0; x < gridPlaces; ++x)
+        m_grid->set(u"Label1", x, placeName(x + 1));
+    m_grid->onPress = [this](const QString &column, int x) {
+        if (column == u"Text99")
+            pick(x);
+    };
+    auto *store = button(u"Command1"_s, u"Enregistrer modifiactions"_s, [this] { this->store(); });
+    store->makeMain();
+    auto *head = new QHBoxLayout;
+    head->addWidget(styled(u"Défilement des GP:"_s, "hint"));
+    head->addWidget(back);
+    head->addWidget(on);
+    head->addWidget(race, 1);
+    auto *foot = new QHBoxLayout;
+    foot->addWidget(printCommand(u"Label14"_s));
+    foot->addStretch(1);
+    foot->addWidget(store);
+    auto *layout = new QVBoxLayout(body());
+    layout->setContentsMargins(12, 10, 12, 12);
+    layout->setSpacing(look::gap);
+    layout->addLayout(head);
+    layout->addWidget(m_grid, 1);
+    layout->addLayout(foot);
+    resize(460, 30 + 62 + m_grid->rowsHigh(gridPlaces) + 40);
+    countEdits(0);
+    load();
+}
+
+void Form48::load()
+{
+    const results::Grid grid = results::loadGrid(m_main.season(), m_gp.text());
+    for (int x = 0; x < gridPlaces; ++x)
+        m_grid->set(u"Text99", x, qt(grid[static_cast<std::size_t>(x)]));
+}
+
+// No circle here: at the stop the cursor is first set beside it. Behind the calendar everything is empty.
+void Form48::step(std::string_view stop, std::string_view beside, double by)
+{
+    if (m_cursor.text() == stop)
+        m_cursor.set(std::string(beside));
+    if (const auto slot = context.store.numbers().value(m_cursor.text()))
+        m_cursor.set(context.store.numbers().text(*slot + by));
+    m_gp.set(m_main.season().read(keys::gp, keys::namegp(m_cursor.text())));
+    load();
+}
+
+void Form48::pick(int row)
+{
+    countEdits(m_edits + 1);
+    openPicker(context.screens, PickList::drivers, u"class%1"_s.arg(row));
+}
+
+// The count of edits shows in the left edge of "Imprimer", ten twips an edit.
+void Form48::countEdits(int edits)
+{
+    m_edits = edits;
+    control(u"Label14"_s)->setGeometry({120.0 + 10 * edits, 120, 900, 300});
+}
+
+void Form48::store()
+{
+    results::Grid grid;
+    for (int x = 0; x < gridPlaces; ++x)
+        grid[static_cast<std::size_t>(x)] = m_grid->text(u"Text99", x).toStdString();
+    results::storeGrid(m_main.season(), m_gp.text(), grid);
+    if (m_edits == 1)
+        movePole();
+}
+
+void Form48::movePole()
+{
+    const auto number = results::driverNamed(m_main.season(), m_grid->text(u"Text99", 0).toStdString());
+    if (!number)
+        return;
+    m_main.Text39.set(std::to_string(*number));
+    if (const Screen *main = context.screens.find(u"Form1"_s))
+        main->press(u"Command23"_s);
+}
+
+}
+
+ScreenRows form48()
+{
+    return {screenRow<Form48>(u"Form48"_s, u"Grille de Départ"_s)};
+}
+
+}
