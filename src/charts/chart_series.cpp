@@ -1,6 +1,7 @@
 #include "charts/chart_series.h"
 
 #include "standings/points_matrix.h"
+#include "standings/race_places.h"
 
 #include <algorithm>
 
@@ -11,20 +12,15 @@ namespace {
 constexpr int slotsSearched = 26; // for the end of the season
 
 // The place where each subject's name stands in each race, the last one where it stands twice.
-SeriesCells placesOf(const Season &season, const Subjects &subjects, int places, auto &&nameAt)
+SeriesCells placesOf(const Season &season, const Subjects &subjects, standings::Stage stage, int places)
 {
+    const standings::SeasonPlaces races = standings::seasonPlaces(season);
     SeriesCells series;
-    for (std::size_t slot = 0; slot < slotsRead; ++slot) {
-        for (Cells &cells : series.cells)
-            cells[slot] = std::to_string(places + 1);
-        const std::string gp = season.namegp(static_cast<int>(slot));
-        for (int place = 1; place <= places; ++place) {
-            const std::string name = nameAt(place, gp);
-            for (std::size_t s = 0; s < subjects.size() && !name.empty(); ++s)
-                if (subjects[s] == name)
-                    series.cells[s][slot] = std::to_string(place);
+    for (std::size_t s = 0; s < subjects.size(); ++s)
+        for (std::size_t slot = 0; slot < slotsRead; ++slot) {
+            const auto place = races[slot].place(stage, subjects[s], standings::Match::last, places);
+            series.cells[s][slot] = std::to_string(place.value_or(places + 1));
         }
-    }
     return series;
 }
 
@@ -61,16 +57,12 @@ SeriesCells teamPoints(const Season &season, const results::Scale &, const Subje
 
 SeriesCells finishPlaces(const Season &season, const results::Scale &, const Subjects &subjects)
 {
-    return placesOf(season, subjects, classifiedPlaces, [&](int place, const std::string &gp) {
-        const std::string number = season.podium(place, gp);
-        return number.empty() ? std::string() : season.nom(number);
-    });
+    return placesOf(season, subjects, standings::Stage::finish, classifiedPlaces);
 }
 
 SeriesCells gridPlacesOf(const Season &season, const results::Scale &, const Subjects &subjects)
 {
-    return placesOf(season, subjects, gridPlacesRead,
-                    [&](int place, const std::string &gp) { return season.grille(place, gp); });
+    return placesOf(season, subjects, standings::Stage::grid, gridPlacesRead);
 }
 
 Values numbersIn(const Cells &cells, const Numbers &numbers)

@@ -1,5 +1,6 @@
 #include "standings/winners.h"
 
+#include "standings/classification.h"
 #include "store/archive.h"
 
 #include <algorithm>
@@ -9,22 +10,6 @@ namespace circuidex::standings {
 namespace {
 
 constexpr int blocks = 2; // of ten years, in which a driver's wins are looked for
-
-std::string championOf(const Store &store, std::string_view year)
-{
-    return store.LireINI(keys::ARCHIVES, keys::GP, keys::join("championdumd", year));
-}
-
-RaceWinner winnerAt(const Season &season, int slot)
-{
-    RaceWinner race{season.namegp(slot), {}, {}};
-    const std::string number = season.podium(1, race.gp);
-    race.winner = season.nom(number);
-    race.team = season.ecurie(number);
-    if (race.team == keys::Aucune)
-        race.team.clear();
-    return race;
-}
 
 std::string podiumRow(const std::string &gpName, int place)
 {
@@ -73,13 +58,7 @@ std::optional<std::array<WinOfYear, yearsOfBlock>> winsOfGrandPrix(const Store &
 
 SeasonWinners seasonWinners(const Season &season, std::string_view year)
 {
-    SeasonWinners winners;
-    for (int slot = 0; slot < gpSlots; ++slot)
-        winners.races[static_cast<std::size_t>(slot)] = winnerAt(season, slot);
-    if (winners.races[0].gp.empty() && winners.races[1].gp.empty())
-        addArchivedWinners(winners.races, season.store(), year);
-    winners.champion = championOf(season.store(), year);
-    return winners;
+    return standings::holdersOfPlace(season, year, standings::Stage::finish, 1);
 }
 
 void addArchivedWinners(std::array<RaceWinner, gpSlots> &rows, const Store &store, std::string_view year)
@@ -94,6 +73,11 @@ void addArchivedWinners(std::array<RaceWinner, gpSlots> &rows, const Store &stor
         if (!gpName.empty() && !winner.empty())
             *row = {gpName, winner, row->team};
     }
+}
+
+std::string championOf(const Store &store, std::string_view year)
+{
+    return store.LireINI(keys::ARCHIVES, keys::GP, keys::join("championdumd", year));
 }
 
 std::vector<std::string> winsOfDriver(const Store &store, std::string_view driver, std::string_view lastYear)

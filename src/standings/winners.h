@@ -21,7 +21,8 @@ std::optional<std::array<WinOfYear, yearsOfBlock>> winsOfGrandPrix(const Store &
                                                                    std::string_view newestYear);
 
 struct RaceWinner {
-    std::string gp, winner;
+    std::string gp;
+    std::string winner; // or who held the place asked for
     std::string team; // empty for none, and for a winner from the archive
 };
 
@@ -33,6 +34,8 @@ struct SeasonWinners {
 // The winners of a season, and the champion of the year. A season whose first two slots have no name has no file: the
 // year's winners then come from the archive, packed from the top in the order of the all-time list.
 SeasonWinners seasonWinners(const Season &season, std::string_view year);
+
+std::string championOf(const Store &store, std::string_view year); // empty when none is known
 
 // Fills the rows that have no winner yet with the archive's winners of a year, the first names of the all-time list.
 // What finds no row is left out.
