@@ -1,5 +1,6 @@
 #include "results/form2_drivers.h"
 
+#include "results/media_of_grand_prix.h"
 #include "shell/look.h"
 
 #include <QBoxLayout>
@@ -35,7 +36,7 @@ Picture *DriverScreenBase::picture(const char *control, const char *pathControl,
 
 void DriverScreenBase::choosePicture(const QString &control, const QString &pathControl, std::string_view prefix)
 {
-    const auto chosen = context.dialogs.chooseFile("Image", "Images (*.jpg *.jpeg *.png *.bmp *.gif);;Tous les fichiers (*)");
+    const auto chosen = choosePictureFile(context.dialogs, "Image");
     if (!chosen)
         return;
     setText(pathControl, qt(*chosen));

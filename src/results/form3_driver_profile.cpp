@@ -1,6 +1,7 @@
 #include "results/form3_driver_profile.h"
 
 #include "results/form26_pickers.h"
+#include "results/media_of_grand_prix.h"
 #include "shell/look.h"
 
 #include <QBoxLayout>
@@ -270,7 +271,7 @@ void Form3::showTeamLarge()
 void Form3::chooseTeamPicture()
 {
     m_click->stop();
-    const auto chosen = context.dialogs.chooseFile("Image", "Images (*.jpg *.jpeg *.png *.bmp *.gif);;Tous les fichiers (*)");
+    const auto chosen = choosePictureFile(context.dialogs, "Image");
     if (!chosen)
         return;
     season().write(keys::N, keys::lblecuriE(text(QStringLiteral("Text8")).toStdString()), *chosen);
