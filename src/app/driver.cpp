@@ -1,5 +1,7 @@
 #include "app/driver.h"
 
+#include "platform/qt_pictures.h"
+
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
@@ -87,6 +89,13 @@ Words split(const QString &text)
 {
     const qsizetype blank = text.indexOf(u' ');
     return blank < 0 ? Words{text, {}} : Words{text.left(blank), text.mid(blank + 1)};
+}
+
+// The screen with all its pictures, which the first look at it asks for.
+QPixmap grabbed(Screen &screen)
+{
+    const QPixmap first = screen.grab();
+    return awaitPictures() ? screen.grab() : first;
 }
 
 bool saveTables(const Screen &screen, const QString &path)
@@ -210,10 +219,11 @@ std::optional<QString> Driver::dispatch(const QString &command, const QString &a
         QElapsedTimer elapsed;
         elapsed.start();
         QCoreApplication::processEvents();
-        while (m_program.screens().timersPending()) {
+        while (awaitPictures() || m_program.screens().timersPending()) {
             if (elapsed.hasExpired(60000))
                 return error(u"timers don't come to rest"_s);
-            QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+            const bool timers = m_program.screens().timersPending();
+            QCoreApplication::processEvents(timers ? QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents : QEventLoop::AllEvents);
         }
         return ok;
     }
@@ -256,7 +266,7 @@ std::optional<QString> Driver::onScreens(const QString &command, const QString &
         return screen->waiting() ? u"wait"_s : u"normal"_s;
     if (command == u"tables")
         return saveTables(*screen, words.rest) ? ok : error(u"can't write "_s + words.rest);
-    return screen->grab().save(words.rest, "PNG") ? ok : error(u"can't write "_s + words.rest);
+    return grabbed(*screen).save(words.rest, "PNG") ? ok : error(u"can't write "_s + words.rest);
 }
 
 std::optional<QString> Driver::onFiles(const QString &command, const QString &argument)

@@ -58,7 +58,7 @@ void measure(ComparisonRow &row, int reference, const Numbers &numbers)
 
 }
 
-Comparison compareDrivers(const Season &season, const Scale &scale, const Compared &drivers, int reference)
+Comparison compareDrivers(const Season &season, const results::Scale &scale, const Compared &drivers, int reference)
 {
     const Numbers &numbers = season.numbers();
     const SeasonPlaces races = seasonPlaces(season);

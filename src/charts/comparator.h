@@ -27,7 +27,7 @@ using Comparison = std::array<ComparisonRow, gpSlots>; // by slot of the calenda
 
 // The lower place is the better one, and none the worst. Points follow the scale given. The row of a slot without a
 // race is empty. `reference` is 0 to 2; any other has no gaps.
-Comparison compareDrivers(const Season &season, const Scale &scale, const Compared &drivers, int reference);
+Comparison compareDrivers(const Season &season, const results::Scale &scale, const Compared &drivers, int reference);
 
 // Points as recorded. A total is the one before it plus the points of the race; where one of them is missing it is
 // missing too. What is missing is empty, without a tone, and behind what is there.

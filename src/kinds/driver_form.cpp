@@ -1,5 +1,6 @@
 #include "kinds/driver_form.h"
 
+#include "results/media_of_grand_prix.h"
 #include "shell/look.h"
 
 #include <QBoxLayout>
@@ -35,7 +36,7 @@ Picture *DriverScreenBase::picture(const QString &control, const QString &pathCo
 
 void DriverScreenBase::choosePicture(const QString &control, const QString &pathControl, std::string_view prefix)
 {
-    const auto chosen = context.dialogs.chooseFile("Image", "Images (*.jpg *.jpeg *.png *.bmp *.gif);;Tous les fichiers (*)");
+    const auto chosen = results::choosePictureFile(context.dialogs, "Image");
     if (!chosen)
         return;
     setText(pathControl, qt(*chosen));

@@ -1,5 +1,7 @@
 #include "platform/qt_platform.h"
 
+#include "platform/qt_pictures.h"
+
 #include <QDesktopServices>
 #include <QPageLayout>
 #include <QPainter>
@@ -27,6 +29,7 @@ bool printScreen(QWidget &screen, const QString &pdfFile)
     const QRectF page = printer.pageRect(QPrinter::DevicePixel);
     const double scale = std::min(page.width() / screen.width(), page.height() / screen.height());
     painter.scale(scale, scale);
+    awaitPictures();
     screen.render(&painter);
     return painter.end();
 }

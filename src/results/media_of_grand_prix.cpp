@@ -1,10 +1,12 @@
 #include "results/media_of_grand_prix.h"
 
+#include "store/text.h"
+
 namespace circuidex::results {
 
 namespace {
 
-const std::string pictureFilter = "Images (*.jpg *.jpeg *.png *.bmp *.gif);;Tous les fichiers (*)";
+const std::string pictureFilter = "Images (*.jpg *.jpeg *.png *.bmp *.gif *.webp);;Tous les fichiers (*)";
 const std::string filmFilter = "Vidéos (*.avi *.mpg *.mpeg *.wmv *.mp4 *.mkv);;Tous les fichiers (*)";
 
 std::string besideProgram(const MainRecord &main)
@@ -17,9 +19,21 @@ void keep(MainRecord &main, const std::string &key, const std::string &path)
     main.store.EcrireINI(keys::galerie, keys::gp, key, path);
 }
 
-void choosePicture(MainRecord &main, const std::string &title, const std::string &key, Field &path, Field &shown)
+// The chosen file, unless the data files can't hold its path.
+std::optional<std::string> chooseKept(Dialogs &dialogs, const std::string &title, const std::string &filter)
 {
-    const auto chosen = main.dialogs.chooseFile(title, pictureFilter);
+    auto chosen = dialogs.chooseFile(title, filter);
+    if (!chosen || comesBack(*chosen))
+        return chosen;
+    dialogs.message("Ce fichier ne peut pas être retenu : les fichiers de données ne peuvent pas contenir son chemin, qui est "
+                    "trop long (plus de 254 caractères) ou porte des caractères qu'ils n'ont pas.\n\nRenommez-le ou "
+                    "déplacez-le, puis choisissez-le de nouveau.");
+    return std::nullopt;
+}
+
+void take(MainRecord &main, const std::string &title, const std::string &key, Field &path, Field &shown)
+{
+    const auto chosen = choosePictureFile(main.dialogs, title);
     if (!chosen)
         return;
     path.set(*chosen);
@@ -29,19 +43,24 @@ void choosePicture(MainRecord &main, const std::string &title, const std::string
 
 }
 
+std::optional<std::string> choosePictureFile(Dialogs &dialogs, const std::string &title)
+{
+    return chooseKept(dialogs, title, pictureFilter);
+}
+
 void chooseCircuitPicture(MainRecord &main)
 {
-    choosePicture(main, "Image du tracé", keys::picgp(main.gp.text()), main.Labell, main.Image1);
+    take(main, "Image du tracé", keys::picgp(main.gp.text()), main.Labell, main.Image1);
 }
 
 void chooseRacePicture(MainRecord &main)
 {
-    choosePicture(main, "Image du Grand Prix", keys::img(main.gp.text(), main.an.text()), main.Label50, main.Image2);
+    take(main, "Image du Grand Prix", keys::img(main.gp.text(), main.an.text()), main.Label50, main.Image2);
 }
 
 void chooseFilm(MainRecord &main)
 {
-    const auto chosen = main.dialogs.chooseFile("Vidéo du Grand Prix", filmFilter);
+    const auto chosen = chooseKept(main.dialogs, "Vidéo du Grand Prix", filmFilter);
     if (!chosen)
         return;
     main.a.set(*chosen);

@@ -4,6 +4,10 @@
 
 namespace circuidex::results {
 
+// Asks for a picture of any kind of the program's. A file whose path the data files can't hold is refused with a message,
+// as if the user had cancelled; a film likewise.
+std::optional<std::string> choosePictureFile(Dialogs &dialogs, const std::string &title);
+
 // Asks for a file and takes it for the circuit or for the race; cancelling changes nothing.
 void chooseCircuitPicture(MainRecord &main);
 void chooseRacePicture(MainRecord &main);

@@ -1,6 +1,7 @@
 #include "shell/look.h"
 
 #include "shell/text.h"
+#include "shell/widgets.h"
 
 #include <QApplication>
 #include <QFont>
@@ -25,6 +26,7 @@ void dress(QApplication &application)
     palette.setColor(QPalette::HighlightedText, ink);
     palette.setColor(QPalette::PlaceholderText, quiet);
     application.setPalette(palette);
+    showTextPlainly(application);
 }
 
 QString styleSheet(const Skin &skin)

@@ -29,7 +29,7 @@ inline constexpr int gap = 8;        // pixels, the grid that everything stands 
 
 inline QColor colour(const Colour &c) { return {c.red, c.green, c.blue}; }
 
-// Font and palette, once for the program.
+// Font, palette and plain text, once for the program.
 void dress(QApplication &application);
 
 // The style sheet of a screen in the given skin.

@@ -365,7 +365,9 @@ QWidget *card(const QString &caption, QLayout *inside, QWidget *parent)
 
 QLabel *styled(const QString &text, const char *style, QWidget *parent)
 {
-    auto *label = new QLabel(text, parent);
+    auto *label = new QLabel(parent);
+    label->setTextFormat(Qt::PlainText); // before it has a text
+    label->setText(text);
     label->setObjectName(QString::fromLatin1(style));
     return label;
 }

@@ -4,6 +4,7 @@
 #include "shell/look.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QCheckBox>
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -123,11 +124,33 @@ int keyNamed(const QString &name)
     return name.size() == 1 ? name.at(0).toUpper().unicode() : 0;
 }
 
+// Makes a label plain when it is polished: for a tool tip that is before it gets its text, for those of Qt's own boxes
+// before they are laid out, which is when a picture would be looked for.
+class PlainText : public QObject {
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Polish)
+            if (auto *label = qobject_cast<QLabel *>(watched))
+                label->setTextFormat(Qt::PlainText);
+        return false;
+    }
+};
+
 }
 
-Label::Label(const QString &text, QWidget *parent) : Clickable(text, parent)
+void showTextPlainly(QApplication &application)
+{
+    application.installEventFilter(new PlainText(&application));
+}
+
+Label::Label(const QString &text, QWidget *parent) : Clickable(parent)
 {
     setTextFormat(Qt::PlainText);
+    setText(text);
 }
 
 void Label::makeCommand()
@@ -205,13 +228,36 @@ void Button::makeMain()
 Picture::Picture(QWidget *parent) : Clickable(parent)
 {
     setMinimumSize(48, 36);
+    connect(&m_decoding, &QFutureWatcherBase::finished, this, [this] {
+        if (m_decoding.isCanceled())
+            return;
+        take(m_decoding.result());
+        update();
+    });
 }
 
 void Picture::setPath(const QString &path)
 {
+    if (path != m_path)
+        m_scaled = {};
     m_path = path;
     m_scaledFor = {};
     update();
+}
+
+void Picture::load()
+{
+    m_decoding.cancel();
+    if (isQuickPicture(m_path))
+        take(scaledPicture(m_path, m_scaledFor));
+    else
+        m_decoding.setFuture(startPicture(m_path, m_scaledFor));
+}
+
+void Picture::take(const QImage &image)
+{
+    m_scaled = QPixmap::fromImage(image);
+    m_scaled.setDevicePixelRatio(devicePixelRatioF());
 }
 
 void Picture::paintEvent(QPaintEvent *)
@@ -219,9 +265,8 @@ void Picture::paintEvent(QPaintEvent *)
     QPainter painter(this);
     const QSize room = size() * devicePixelRatioF();
     if (m_scaledFor != room) {
-        m_scaled = scaledPicture(m_path, room);
-        m_scaled.setDevicePixelRatio(devicePixelRatioF());
         m_scaledFor = room;
+        load();
     }
     if (m_scaled.isNull()) {
         drawBlank(painter, rect(), m_outline);

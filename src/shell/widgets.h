@@ -3,6 +3,8 @@
 // a picture can be clicked and double-clicked alike.
 #include "shell/control.h"
 
+#include <QFutureWatcher>
+#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -11,6 +13,8 @@
 #include <QPushButton>
 
 #include <functional>
+
+class QApplication;
 
 namespace circuidex {
 
@@ -39,6 +43,9 @@ protected:
 private:
     bool m_afterDouble = false;
 };
+
+// Shows every text of the program as it stands: names come from files, and no label, tip or message may take one for markup.
+void showTextPlainly(QApplication &application);
 
 class Label : public Clickable<QLabel> {
 public:
@@ -82,10 +89,11 @@ public:
 // What a blank frame is for: a light outline of it is drawn instead.
 enum class Outline { none, driver, car, circuit, race };
 
-// A picture file, scaled to the room it has. Without one the frame stays blank.
+// A picture file, scaled to the room it has. Without one the frame stays blank, and so it does while a large one is decoded.
 class Picture : public Clickable<QWidget> {
 public:
     explicit Picture(QWidget *parent = nullptr);
+    ~Picture() override { m_decoding.cancel(); }
     const QString &path() const { return m_path; }
     void setPath(const QString &path);
     void setOutline(Outline outline) { m_outline = outline; }
@@ -95,7 +103,11 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    void load();
+    void take(const QImage &image);
+
     QString m_path;
+    QFutureWatcher<QImage> m_decoding;
     Outline m_outline = Outline::none;
     QPixmap m_scaled;
     QSize m_scaledFor;

@@ -29,7 +29,7 @@ std::string numberAt(const Season &season, Stage stage, int place, const RaceWin
 {
     if (stage == Stage::finish)
         return season.podium(place, race.gp);
-    const auto number = driverNamed(season, race.winner);
+    const auto number = results::driverNamed(season, race.winner);
     return number ? std::to_string(*number) : before;
 }
 

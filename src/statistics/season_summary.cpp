@@ -10,7 +10,7 @@ using namespace standings;
 
 namespace {
 
-std::string pointsOf(const Scale &scale, std::optional<int> finish)
+std::string pointsOf(const results::Scale &scale, std::optional<int> finish)
 {
     return finish ? scale[static_cast<std::size_t>(*finish - 1)] : std::string();
 }
@@ -22,7 +22,7 @@ std::string unlessZero(std::string points)
 
 }
 
-DriverSummary driverSummary(const Season &season, const Scale &scale, std::string_view driver, std::string_view number)
+DriverSummary driverSummary(const Season &season, const results::Scale &scale, std::string_view driver, std::string_view number)
 {
     const Numbers &numbers = season.numbers();
     const SeasonPlaces races = seasonPlaces(season);
@@ -59,7 +59,7 @@ TeamDrivers driversOfTeam(const Season &season, std::string_view team, int lastN
     return drivers;
 }
 
-TeamSummary teamSummary(const Season &season, const Scale &scale, std::string_view team)
+TeamSummary teamSummary(const Season &season, const results::Scale &scale, std::string_view team)
 {
     const Numbers &numbers = season.numbers();
     const SeasonPlaces races = seasonPlaces(season);

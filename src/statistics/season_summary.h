@@ -25,7 +25,7 @@ struct DriverSummary {
 };
 
 // Places are found by the name; the number, as text, only tells the team.
-DriverSummary driverSummary(const Season &season, const Scale &scale, std::string_view driver, std::string_view number);
+DriverSummary driverSummary(const Season &season, const results::Scale &scale, std::string_view driver, std::string_view number);
 
 // The names of a team's drivers in the order of their numbers; a fifth one is left out.
 using TeamDrivers = std::array<std::string, 4>;
@@ -45,6 +45,6 @@ struct TeamSummary {
     std::array<TeamSummaryRow, gpSlots> rows;
 };
 
-TeamSummary teamSummary(const Season &season, const Scale &scale, std::string_view team);
+TeamSummary teamSummary(const Season &season, const results::Scale &scale, std::string_view team);
 
 }

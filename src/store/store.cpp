@@ -23,7 +23,6 @@ struct Store::Entry {
 
 namespace {
 
-constexpr std::size_t longestValue = 254;
 constexpr std::string_view yearFile = "Année";
 
 // The coarse clock costs a few nanoseconds to read, a look at the file a microsecond.

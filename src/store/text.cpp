@@ -131,6 +131,18 @@ std::string toCodePage(std::string_view utf8)
     return std::string(toCodePage(utf8, scratch));
 }
 
+bool comesBack(std::string_view utf8)
+{
+    const std::string value = toCodePage(utf8);
+    if (value.size() > longestValue || value.find_first_of("\r\n") != value.npos || toUtf8(value) != utf8)
+        return false;
+    constexpr std::string_view takenOff = " \t\v\f";
+    const bool blanks = !value.empty() && (takenOff.find(value.front()) != takenOff.npos ||
+                                           takenOff.find(value.back()) != takenOff.npos);
+    const bool quotes = value.size() > 1 && value.front() == value.back() && (value.front() == '"' || value.front() == '\'');
+    return !blanks && !quotes;
+}
+
 bool isText(std::string_view bytes)
 {
     std::size_t odd = 0;

@@ -1,6 +1,7 @@
 #pragma once
 // Text is UTF-8 inside the program and Windows-1252 in the data files. All 256 bytes survive the way to UTF-8 and back:
 // the five that the code page leaves open (81 8D 8F 90 9D) stand for the control characters of the same number.
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -13,6 +14,13 @@ std::string toCodePage(std::string_view utf8);
 
 // The same without a copy: ASCII comes back as it is, other text as a view of the scratch string.
 std::string_view toCodePage(std::string_view utf8, std::string &scratch);
+
+// The longest value that is read from a file, in characters.
+inline constexpr std::size_t longestValue = 254;
+
+// True when a value comes back from a file as it was written: each character is in the code page, none ends a line, no
+// blanks or quotes stand around it, which a reader takes off, and it isn't too long.
+bool comesBack(std::string_view utf8);
 
 // False for bytes that nobody wrote as a text file: more than one in sixteen is a control character without a meaning
 // in text or one of the five open bytes (of chance bytes it is one in eight), or sixteen zeros stand in a row, as in a

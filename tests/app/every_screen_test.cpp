@@ -4,6 +4,10 @@
 #include "shell/driven_program.h"
 
 #include <QAbstractItemModelTester>
+#include <QApplication>
+#include <QLabel>
+#include <QMessageBox>
+#include <QToolTip>
 #include <random>
 
 using namespace circuidex;
@@ -62,12 +66,64 @@ void writeHuge(const TemporaryFolder &folder)
     layDown(folder / "f12005.ini", text);
 }
 
+constexpr const char *markup = "<b>x</b><img src=none>";
+
+// A season whose marker, drivers, teams and races are called by markup.
+void writeMarkup(const TemporaryFolder &folder)
+{
+    copySample(folder, {"f1ARCHIVES.ini"});
+    QString text = QString::fromLatin1(content(std::filesystem::path(CIRCUIDEX_SAMPLE) / "f12005.ini").c_str());
+    for (const char *name : {"Michael Schumacher", "Fernando Alonso", "Ferrari", "Renault"})
+        text.replace(QLatin1String(name), QLatin1String(markup));
+    text.replace(QLatin1String("Monaco"), QLatin1String("<i>Monaco<br>")).replace(QLatin1String("Chine"), QLatin1String("<u>"));
+    layDown(folder / "f1<b>2005<b>.ini", text.toLatin1().toStdString());
+    layDown(folder / "Année", "<b>2005<b>");
+}
+
+// While it lives, each label that comes to be seen must have been plain before it got its text.
+class PlainFromTheBegin : public QObject {
+public:
+    PlainFromTheBegin() { qApp->installEventFilter(this); }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        const auto *label = event->type() == QEvent::Polish ? qobject_cast<QLabel *>(watched) : nullptr;
+        const bool late = label && !label->text().isEmpty() && label->textFormat() != Qt::PlainText;
+        EXPECT_FALSE(late) << label->text().toStdString();
+        return false;
+    }
+};
+
+// No label of the screen, no tip over it and no box in front of it takes a name for markup.
+void expectPlainText(QWidget &screen)
+{
+    QToolTip::showText(QPoint(5, 5), QLatin1String(markup), &screen);
+    const QMessageBox box(QMessageBox::Question, QLatin1String(markup), QLatin1String(markup), QMessageBox::Ok, &screen);
+    for (const QLabel *label : box.findChildren<QLabel *>())
+        label->ensurePolished();
+    QList<QLabel *> labels = screen.findChildren<QLabel *>();
+    bool tip = false, message = false;
+    for (QWidget *top : QApplication::topLevelWidgets())
+        if (auto *label = qobject_cast<QLabel *>(top))
+            labels << label;
+    for (const QLabel *label : labels) {
+        tip |= label->isWindow() && label->text() == QLatin1String(markup);
+        message |= label->window() == &box && label->text() == QLatin1String(markup);
+        EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->text().toStdString();
+    }
+    EXPECT_TRUE(tip);
+    EXPECT_TRUE(message);
+    QToolTip::hideText();
+}
+
 const Folder folders[] = {
     {"sample", [](const TemporaryFolder &folder) { copySample(folder, sampleFiles); }},
     {"empty", [](const TemporaryFolder &) {}},
     {"bytes", scatterBytes},
     {"huge", writeHuge},
     {"absurd", [](const TemporaryFolder &folder) { layDown(folder / "f12005.ini", absurdSeason()); }},
+    {"markup", writeMarkup},
     {"gone", [](const TemporaryFolder &folder) { std::filesystem::remove_all(folder.path()); }},
 };
 
@@ -85,8 +141,11 @@ TEST_P(EveryScreen, OpensAndCloses)
         SCOPED_TRACE(name);
         if (name == "Form1")
             continue;
-        EXPECT_EQ(answer(driver, "open " + name), "ok");
-        EXPECT_EQ(answer(driver, "settle"), "ok");
+        {
+            const PlainFromTheBegin watched;
+            EXPECT_EQ(answer(driver, "open " + name), "ok");
+            EXPECT_EQ(answer(driver, "settle"), "ok");
+        }
         Screen *screen = screens.find(row.name);
         if (name == "Form33") { // with no number to explain it closes by itself
             EXPECT_EQ(screen, nullptr);
@@ -94,6 +153,7 @@ TEST_P(EveryScreen, OpensAndCloses)
         }
         ASSERT_NE(screen, nullptr);
         EXPECT_FALSE(screen->grab().isNull());
+        expectPlainText(*screen);
         for (Table *table : screen->tables())
             QAbstractItemModelTester(&table->model(), QAbstractItemModelTester::FailureReportingMode::Fatal);
         for (const QString &control : screen->controlNames())

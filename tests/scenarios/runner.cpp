@@ -7,6 +7,7 @@
 //     folder sample | folder empty    the program folder that the scenario starts with; before the first command
 //     decimal ,                       the user's decimal separator, otherwise a point
 //     raw NAME TEXT                   writes a file of the program folder from outside, "\n" for a line break
+//     picture NAME                    writes a small PNG picture under any name
 //     restart                         the program is killed and started on the same folder
 //     > COMMAND                       given to the driver; without an expected answer any but an error is right
 //     = COMMAND => ANSWER             the same, with the answer that it must give, to the letter
@@ -151,6 +152,8 @@ private:
             m_decimal = rest.at(0).toLatin1();
         else if (word == u"raw")
             writeRaw(rest.section(u' ', 0, 0), rest.section(u' ', 1));
+        else if (word == u"picture")
+            QImage(4, 3, QImage::Format_Mono).save(m_folder.filePath(rest), "PNG");
         else if (word == u"restart")
             m_driver.reset();
         else if (line != u"folder empty")

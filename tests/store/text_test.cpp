@@ -55,6 +55,18 @@ TEST(Text, WhatTheCodePageLacksBecomesAQuestionMark)
         EXPECT_EQ(toCodePage(c.utf8), c.codePage) << c.name;
 }
 
+TEST(Text, OfAValueTellsWhetherItComesBack)
+{
+    const std::string longest(longestValue, 'x');
+    for (const std::string &kept : {std::string(), std::string("/home/é/a b.png"), std::string("C:\\l'été\\12 €.jpg"),
+                                    std::string("\"a\".png"), std::string("\""), longest, "é" + longest.substr(1)})
+        EXPECT_TRUE(comesBack(kept)) << kept;
+    for (const std::string &lost : {std::string("/Żółw.png"), std::string("e\u0301.png"), std::string("\xFF.png"),
+                                    std::string("a\nb"), std::string(" a"), std::string("a\t"), std::string("\"a\""),
+                                    std::string("'a'"), longest + "x"})
+        EXPECT_FALSE(comesBack(lost)) << lost;
+}
+
 TEST(Text, AllBytesSurviveTheWayThereAndBack)
 {
     std::string all;

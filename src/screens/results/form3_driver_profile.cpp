@@ -2,6 +2,7 @@
 // Form14, which moves with it. Emptying the fields and storing them puts a new driver into the slot.
 #include "kinds/driver_form.h"
 #include "kinds/picker.h"
+#include "results/media_of_grand_prix.h"
 #include "shell/look.h"
 #include "shell/screens.h"
 
@@ -300,7 +301,7 @@ void Form3::showTeamLarge()
 void Form3::chooseTeamPicture()
 {
     m_click->stop();
-    const auto chosen = context.dialogs.chooseFile("Image", "Images (*.jpg *.jpeg *.png *.bmp *.gif);;Tous les fichiers (*)");
+    const auto chosen = results::choosePictureFile(context.dialogs, "Image");
     if (!chosen)
         return;
     season().write(keys::N, keys::lblecuriE(text(u"Text8"_s).toStdString()), *chosen);
