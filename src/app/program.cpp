@@ -16,7 +16,7 @@ namespace circuidex {
 
 namespace {
 
-Surroundings surroundings(const std::filesystem::path &folder)
+Surroundings surroundings(const Store &store, const std::filesystem::path &folder)
 {
     Surroundings machine;
     machine.findFile = [folder](const std::string &stored) { return findFile(folder, stored); };
@@ -24,9 +24,10 @@ Surroundings surroundings(const std::filesystem::path &folder)
         std::string found = findFile(folder, stored);
         return canShowPicture(QString::fromStdString(found)) ? found : std::string();
     };
-    machine.deleteFile = [](const std::string &path) {
+    machine.deleteFile = [&store](const std::string &path) {
         std::error_code ignored; // a file that can't be deleted stays
-        std::filesystem::remove(path, ignored);
+        if (store.mayDelete(path))
+            std::filesystem::remove(path, ignored);
     };
     return machine;
 }
@@ -34,7 +35,7 @@ Surroundings surroundings(const std::filesystem::path &folder)
 }
 
 Program::Program(std::filesystem::path folder, Numbers numbers, Dialogs &dialogs, Platform &platform)
-    : m_store(folder, numbers), m_main(m_store, dialogs, surroundings(folder)),
+    : m_store(folder, numbers), m_main(m_store, dialogs, surroundings(m_store, folder)),
       m_screens(screenRows()), m_context{m_store, m_main, dialogs, platform, m_screens}
 {
     m_store.protect();
@@ -63,7 +64,7 @@ bool Program::offersCopies() const
     const auto &damaged = m_store.damaged();
     return !m_store.readOnly() &&
         std::any_of(damaged.begin() + static_cast<std::ptrdiff_t>(m_offered), damaged.end(),
-                    [](const Store::Damaged &each) { return each.copy.has_value(); });
+                    [](const Store::Damaged &each) { return each.copy && each.stands(); });
 }
 
 void Program::offerCopies()
@@ -72,11 +73,11 @@ void Program::offerCopies()
         return;
     while (m_offered < m_store.damaged().size()) {
         const Store::Damaged each = m_store.damaged()[m_offered++];
-        if (!each.copy)
+        if (!each.copy || !each.stands())
             continue;
         const bool wanted = m_context.dialogs.question(
-            "Le fichier " + each.name + " est abîmé : ce n'est plus un fichier texte.\n\nRemettre sa copie du " +
-            each.copy->when + " ? Le fichier abîmé est gardé sous un autre nom.");
+            "Le fichier " + each.name + " est abîmé : " + each.what + ".\n\nRemettre sa copie du " + each.copy->when +
+            " ? Le fichier abîmé est gardé sous un autre nom.");
         if (wanted && !m_store.restore(each.name))
             m_context.dialogs.message("La copie n'a pas pu être remise. Le fichier est resté tel quel.");
     }
