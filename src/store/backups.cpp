@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <array>
+#include <compare>
+#include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <span>
@@ -20,7 +22,7 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view minuteForm = "dddd-dd-dd_dddd"; // d: a digit
 constexpr std::string_view unfinished = ".en-cours-"; // a set of copies that isn't complete
-constexpr std::string_view order = ".ordre"; // the list of runs, one a line, newest last
+constexpr std::string_view rankFile = ".rang"; // in a set of copies: how many were made before it
 
 // Names in a folder, sorted; none of a folder that can't be listed.
 std::vector<std::string> namesIn(const fs::path &folder)
@@ -69,16 +71,28 @@ bool isLink(const std::string &path)
     return disk::target(path) != path;
 }
 
-// Oldest first: those that the list doesn't know, by name; then those of the list in its order.
-std::vector<std::string> runsIn(const std::string &backups)
+// 0 for a set that somebody else laid down.
+unsigned long rankOf(const std::string &run)
 {
-    std::vector<std::string> runs = namesIn(backups);
-    std::erase_if(runs, [&](const std::string &name) { return !isRun(name) || isLink(in(backups, name)); });
-    std::string list;
-    disk::read(in(backups, order), list);
-    const auto place = [&list](const std::string &run) { return list.find(run + "\n") + 1; }; // 0: unknown
-    std::stable_sort(runs.begin(), runs.end(),
-                     [&](const std::string &a, const std::string &b) { return place(a) < place(b); });
+    std::string text;
+    disk::read(in(run, rankFile), text);
+    return std::strtoul(text.c_str(), nullptr, 10);
+}
+
+struct Run {
+    unsigned long rank;
+    std::string name;
+    auto operator<=>(const Run &) const = default;
+};
+
+// Oldest first. The clock may have been wrong, so the name counts among those without a rank only.
+std::vector<Run> runsIn(const std::string &backups)
+{
+    std::vector<Run> runs;
+    for (const std::string &name : namesIn(backups))
+        if (isRun(name) && !isLink(in(backups, name)))
+            runs.push_back({rankOf(in(backups, name)), name});
+    std::sort(runs.begin(), runs.end());
     return runs;
 }
 
@@ -98,32 +112,35 @@ std::string makeUnfinished(const std::string &backups)
     return disk::makeFolder(backups) && disk::makeNewFolder(run) ? run : std::string();
 }
 
-// Gives the complete set its name, as the newest run of the list.
-bool finish(const std::string &backups, const std::vector<std::string> &before, const std::string &run)
+// Gives the complete set its rank and its name, as the newest of the runs.
+bool finish(const std::string &backups, std::vector<Run> &runs, const std::string &run)
 {
     const std::string path = disk::freeName(in(backups, minuteNow()), {});
-    std::string list;
-    for (const std::string &name : before)
-        list += name + "\n";
-    list += path.substr(path.find_last_of('/') + 1) + "\n";
+    const unsigned long rank = runs.empty() ? 1 : runs.back().rank + 1;
+    runs.push_back({rank, path.substr(path.find_last_of('/') + 1)});
     disk::Stamp after;
-    return !path.empty() && disk::replace(in(backups, order), list, false, after) &&
+    return !path.empty() && disk::replace(in(run, rankFile), std::to_string(rank), false, after) &&
         disk::calls.rename(run.c_str(), path.c_str()) == 0;
 }
 
 // Of a run that isn't kept: the files of which a newer run has a copy, and its folder when that was all.
-void removeSuperseded(const std::string &backups, const std::string &run, std::span<const std::string> newer)
+void removeSuperseded(const std::string &backups, const std::string &run, std::span<const Run> newer)
 {
+    bool empty = true;
     for (const std::string &name : namesIn(in(backups, run))) {
-        const auto hasCopy = [&](const std::string &each) {
-            const disk::Stamp stamp = disk::look(in(in(backups, each), name));
+        const auto hasCopy = [&](const Run &each) {
+            const disk::Stamp stamp = disk::look(in(in(backups, each.name), name));
             return stamp.kind == disk::Kind::file && stamp.size > 0;
         };
-        if (!isDataFile(name) || std::any_of(newer.rbegin(), newer.rend(), hasCopy))
+        if (!isDataFile(name))
+            continue;
+        if (std::any_of(newer.rbegin(), newer.rend(), hasCopy))
             remove(in(in(backups, run), name));
+        else
+            empty = false;
     }
-    std::error_code kept; // only an empty folder can be removed so
-    fs::remove(in(backups, run), kept);
+    if (empty)
+        remove(in(backups, run));
 }
 
 // One file into the folder of a run; false when there is no room. A copy bears the time of its file, so that the next
@@ -185,18 +202,17 @@ void make(const std::string &folder)
     std::erase_if(names, [](const std::string &name) { return !isDataFile(name); });
     if (backups.empty() || names.empty())
         return;
-    const std::vector<std::string> before = runsIn(backups);
-    const std::string last = before.empty() ? std::string() : in(backups, before.back());
+    std::vector<Run> runs = runsIn(backups);
+    const std::string last = runs.empty() ? std::string() : in(backups, runs.back().name);
     const std::string run = makeUnfinished(backups);
     if (run.empty())
         return;
     const bool whole = std::all_of(names.begin(), names.end(),
                                    [&](const std::string &name) { return copy(folder, name, last, run); });
-    if (!whole || namesIn(run).empty() || !finish(backups, before, run))
+    if (!whole || namesIn(run).empty() || !finish(backups, runs, run))
         return remove(run);
-    const std::vector<std::string> runs = runsIn(backups);
     for (std::size_t i = 0; i + runsKept < runs.size(); ++i)
-        removeSuperseded(backups, runs[i], std::span(runs).subspan(i + 1));
+        removeSuperseded(backups, runs[i].name, std::span(runs).subspan(i + 1));
 }
 
 std::string keep(const std::string &folder, const std::string &name)
@@ -217,13 +233,13 @@ std::string keep(const std::string &folder, const std::string &name)
 std::optional<Copy> newestGood(const std::string &folder, const std::string &name)
 {
     const std::string backups = backupFolder(folder);
-    const std::vector<std::string> runs = runsIn(backups);
+    const std::vector<Run> runs = runsIn(backups);
     std::string bytes;
     for (auto run = runs.rbegin(); run != runs.rend(); ++run) {
-        const std::string path = in(in(backups, *run), name);
+        const std::string path = in(in(backups, run->name), name);
         if (disk::read(path, bytes).kind != disk::Kind::file || damageOf(name, bytes) != Damage::none)
             continue;
-        const auto part = [&run](std::size_t at, std::size_t size) { return run->substr(at, size); };
+        const auto part = [&run](std::size_t at, std::size_t size) { return run->name.substr(at, size); };
         return Copy{path, part(8, 2) + "/" + part(5, 2) + "/" + part(0, 4) + " à " + part(11, 2) + ":" + part(13, 2)};
     }
     return std::nullopt;

@@ -5,7 +5,7 @@
 // A file that is unchanged since the run before takes no room again: its copy gets a second name. It isn't read either,
 // so many old seasons cost next to nothing.
 //
-// A set gets its name when it is complete. Which run is newer is told by the list of runs, not by the clock, which may
+// A set gets its name when it is complete. Which run is newer is told by the number in it, not by the clock, which may
 // have been wrong. A "Sauvegardes" that leads out of the program folder is left alone.
 #include <map>
 #include <optional>

@@ -73,11 +73,11 @@ TEST_F(StoreTest, ValueIsCutTo254CharactersOnReadingOnly)
     EXPECT_NE(content(file()).find(std::string(300, 'x')), std::string::npos);
 }
 
-TEST_F(StoreTest, LineBreaksBecomeBlanks)
+TEST_F(StoreTest, LineBreaksAndControlsBecomeBlanks)
 {
-    write("rem\nMonaco", "a\r\nb\nc\rd\n\ne");
-    EXPECT_EQ(read("rem\nMonaco"), "a b c d  e");
-    EXPECT_EQ(content(file()), "[N\xB0]\r\nrem Monaco=a b c d  e\r\n");
+    write("rem\nMonaco", std::string("a\r\nb\nc\rd\n\ne\0\x1B\tf", 15));
+    EXPECT_EQ(read("rem\nMonaco"), "a b c d  e  \tf");
+    EXPECT_EQ(content(file()), "[N\xB0]\r\nrem Monaco=a b c d  e  \tf\r\n");
 }
 
 TEST_F(StoreTest, SameValueWritesNothing)
@@ -91,7 +91,7 @@ TEST_F(StoreTest, SameValueWritesNothing)
     EXPECT_EQ(folder.names(), Names({"f12005.ini"}));
 }
 
-TEST_F(StoreTest, StemThatLeavesTheFolderReadsEmptyAndWritesNothing)
+TEST_F(StoreTest, StemThatLeavesTheFolderReadsEmptyAndLosesItsWrites)
 {
     const fs::path inner = folder / "inner";
     fs::create_directories(inner / "f1a");
@@ -102,32 +102,40 @@ TEST_F(StoreTest, StemThatLeavesTheFolderReadsEmptyAndWritesNothing)
                                     std::string("a\\b"), std::string(".."), std::string("x\0y", 3)}) {
         EXPECT_EQ(held.LireINI(stem, "a", "k"), "") << stem;
         held.EcrireINI(stem, "a", "k", "2");
-        EXPECT_FALSE(held.writesLost()) << stem;
+        EXPECT_EQ(held.lostWrites(stem), 1u) << stem;
     }
     EXPECT_EQ(content(folder / "x.ini"), "[a]\r\nk=1\r\n");
     EXPECT_EQ(content(inner / "f1a" / "b.ini"), "[a]\r\nk=1\r\n");
     EXPECT_EQ(std::distance(fs::recursive_directory_iterator(inner), {}), 2);
 }
 
-TEST_F(StoreTest, AnyOtherStemIsTaken)
-{
-    for (const char *stem : {"", "2005", "année", "a b"}) {
-        store.EcrireINI(stem, "a", "k", "1");
-        EXPECT_EQ(store.LireINI(stem, "a", "k"), "1") << stem;
-    }
-    EXPECT_EQ(settledNames(), Names({"f1.ini", "f12005.ini", "f1a b.ini", "f1année.ini"}));
-}
-
-TEST_F(StoreTest, StemMayBeAsLongAsAFileNameAllows)
+TEST_F(StoreTest, AnyOtherStemIsTakenUpToTheLengthOfAFileName)
 {
     const std::string fits(255 - 6, '9'), tooLong(300, '9');
+    for (const std::string &stem : {std::string(), std::string("2005"), std::string("année"), std::string("a b"), fits})
+        for (const char *value : {"1", "2"}) {
+            store.EcrireINI(stem, "a", "k", value);
+            EXPECT_EQ(store.LireINI(stem, "a", "k"), value) << stem;
+        }
+    EXPECT_FALSE(store.writesLost());
     store.EcrireINI(tooLong, "a", "k", "1");
     EXPECT_TRUE(store.writesLost());
     EXPECT_EQ(store.LireINI(tooLong, "a", "k"), "");
-    store.EcrireINI(fits, "a", "k", "1");
-    store.EcrireINI(fits, "a", "k", "2");
-    EXPECT_FALSE(store.writesLost());
-    EXPECT_EQ(settledNames(), Names({"f1" + fits + ".ini"}));
+    EXPECT_EQ(settledNames(), Names({"f1.ini", "f12005.ini", "f1" + fits + ".ini", "f1a b.ini", "f1année.ini"}));
+}
+
+// As they come from a disk that knows no case.
+TEST_F(StoreTest, FileInAnotherCaseIsTheFileUnlessThereIsOneInItsOwn)
+{
+    layDown(folder / "F12005.INI", one);
+    layDown(folder / "ANNÉE", "2004\r\n");
+    EXPECT_EQ(read("k") + store.yearMarker(), "12004");
+    write("k", "2");
+    store.setYearMarker("2005");
+    EXPECT_EQ(settledNames(), Names({"ANNÉE", "F12005.INI"}));
+    EXPECT_EQ(content(folder / "F12005.INI") + content(folder / "ANNÉE"), two + "2005\r\n");
+    layDown(file(), one);
+    EXPECT_EQ(Store(folder.path()).LireINI("2005", "N°", "k"), "1");
 }
 
 // Changes from outside.
@@ -153,18 +161,13 @@ TEST_F(StoreTest, MomentEndsByItself)
     EXPECT_EQ(read("k"), "other");
 }
 
-TEST_F(StoreTest, OutsideChangeIsNotOverwritten)
+TEST_F(StoreTest, OutsideChangeAndRemovalAreSeenAndNotOverwritten)
 {
     write("k", "mine");
     layDown(file(), "[N\xB0]\r\nk=other\r\nx=1\r\n");
     write("j", "two");
     EXPECT_EQ(content(file()), "[N\xB0]\r\nk=other\r\nx=1\r\nj=two\r\n");
     EXPECT_EQ(read("k"), "other");
-}
-
-TEST_F(StoreTest, OutsideRemovalIsSeen)
-{
-    write("k", "mine");
     fs::remove(file());
     store.newMoment();
     EXPECT_EQ(read("k"), "");
@@ -187,27 +190,70 @@ TEST_F(StoreTest, TwoStoresSeeEachOther)
 
 // Failures.
 
-TEST_F(StoreTest, MissingFolderLosesTheWriteAndTheNextGoodOneClearsIt)
-{
-    Store lost(folder / "gone");
-    EXPECT_EQ(lost.LireINI("2005", "a", "k"), "");
-    lost.EcrireINI("2005", "a", "k", "1");
-    EXPECT_TRUE(lost.writesLost());
-    EXPECT_EQ(lost.LireINI("2005", "a", "k"), "");
-    fs::create_directory(folder / "gone");
-    lost.EcrireINI("2005", "a", "k", "2");
-    EXPECT_FALSE(lost.writesLost());
-    EXPECT_EQ(content(folder / "gone" / "f12005.ini"), "[a]\r\nk=2\r\n");
-}
-
-TEST_F(StoreTest, FolderThatIsAFileLosesTheWrite)
+TEST_F(StoreTest, FolderThatIsMissingOrAFileLosesTheWrite)
 {
     layDown(folder / "plain", "text");
-    Store lost(folder / "plain");
-    EXPECT_EQ(lost.LireINI("2005", "a", "k") + lost.yearMarker(), "");
-    lost.EcrireINI("2005", "a", "k", "1");
-    EXPECT_TRUE(lost.writesLost());
-    EXPECT_EQ(content(folder / "plain"), "text");
+    for (const char *name : {"gone", "plain"}) {
+        Store lost(folder / name);
+        EXPECT_EQ(lost.LireINI("2005", "a", "k") + lost.yearMarker(), "");
+        lost.EcrireINI("2005", "a", "k", "1");
+        EXPECT_TRUE(lost.writesLost());
+        EXPECT_EQ(lost.LireINI("2005", "a", "k"), "");
+        fs::remove(folder / name);
+        fs::create_directory(folder / name);
+        lost.EcrireINI("2005", "a", "k", "2");
+        EXPECT_FALSE(lost.writesLost());
+        EXPECT_EQ(content(folder / name / "f12005.ini"), "[a]\r\nk=2\r\n");
+    }
+}
+
+// Root may write everything, so a test run as root becomes nobody for a while.
+class OrdinaryUser {
+public:
+    explicit OrdinaryUser(const fs::path &folder)
+    {
+        if (::geteuid() == 0)
+            m_changed = ::chown(folder.c_str(), nobody, nobody) == 0 && ::seteuid(nobody) == 0;
+    }
+    ~OrdinaryUser()
+    {
+        if (m_changed && ::seteuid(0) != 0)
+            ADD_FAILURE() << "still an ordinary user";
+    }
+
+private:
+    static constexpr uid_t nobody = 65534;
+    bool m_changed = false;
+};
+
+// A season that may not be written, beside files that may.
+TEST_F(StoreTest, LostWriteIsForgottenOnlyWithItsKey)
+{
+    const OrdinaryUser user(folder.path());
+    layDown(file(), one);
+    fs::permissions(file(), fs::perms::owner_read);
+    write("K", "2");
+    write("j", "2");
+    store.EcrireINI("ARCHIVES", "a", "k", "1");
+    store.setYearMarker("2005");
+    EXPECT_EQ(store.notice(), "Attention : les modifications ne sont pas conservées (f12005.ini).");
+    EXPECT_EQ(store.lostWrites(), 2u);
+    EXPECT_EQ(store.lostWrites("2005"), 2u);
+    EXPECT_EQ(store.lostWrites("ARCHIVES"), 0u);
+    fs::permissions(file(), fs::perms::owner_all);
+    write("x", "3");
+    write("k", "4");
+    EXPECT_TRUE(store.writesLost());
+    write("j", "");
+    EXPECT_EQ(store.notice(), "");
+    fs::permissions(file(), fs::perms::owner_read);
+    write("j", "5");
+    EXPECT_TRUE(store.writesLost());
+    fs::remove(file());
+    layDown(file(), two); // the user mends the file himself
+    store.newMoment();
+    EXPECT_EQ(read("j"), "");
+    EXPECT_FALSE(store.writesLost());
 }
 
 TEST_F(StoreTest, WhatIsNoFileOfOursStaysAndLosesTheWrite)
@@ -251,25 +297,6 @@ TEST_F(StoreTest, WhatIsNoFileOfOursStaysAndLosesTheWrite)
     }
 }
 
-// Root may write everything, so a test run as root becomes nobody for a while.
-class OrdinaryUser {
-public:
-    explicit OrdinaryUser(const fs::path &folder)
-    {
-        if (::geteuid() == 0)
-            m_changed = ::chown(folder.c_str(), nobody, nobody) == 0 && ::seteuid(nobody) == 0;
-    }
-    ~OrdinaryUser()
-    {
-        if (m_changed && ::seteuid(0) != 0)
-            ADD_FAILURE() << "still an ordinary user";
-    }
-
-private:
-    static constexpr uid_t nobody = 65534;
-    bool m_changed = false;
-};
-
 TEST_F(StoreTest, ProtectedFileIsNotReplaced)
 {
     const OrdinaryUser user(folder.path());
@@ -302,6 +329,7 @@ TEST_F(StoreTest, ReadOnlyFolderLosesTheWrite)
     fs::permissions(folder.path(), fs::perms::owner_all);
     EXPECT_EQ(settledNames(), Names({"f12005.ini"}));
     write("k", "3");
+    store.EcrireINI("2006", "N°", "k", "3");
     EXPECT_FALSE(store.writesLost());
 }
 
@@ -330,6 +358,8 @@ TEST_F(StoreTest, FullDiskLeavesTheOldFileAndReadsShowIt)
     }
     EXPECT_EQ(folder.names(), Names({"f12005.ini"}));
     write("k", "newer");
+    EXPECT_TRUE(store.writesLost());
+    store.setYearMarker("2005");
     EXPECT_FALSE(store.writesLost());
     EXPECT_EQ(read("k"), "newer");
 }
@@ -345,26 +375,63 @@ TEST_F(StoreTest, AccessModeIsKept)
     EXPECT_EQ(read("k"), "2");
 }
 
-TEST_F(StoreTest, LinkStaysAndItsTargetIsReplaced)
+TEST_F(StoreTest, LinkIsFollowedInTheFolderOrToAFileOfItsName)
 {
-    fs::create_directory(folder / "elsewhere");
-    const fs::path real = folder / "elsewhere/season";
-    layDown(real, one);
-    fs::create_symlink("elsewhere/season", folder / "step");
-    fs::create_symlink("step", file());
-    write("k", "2");
-    EXPECT_EQ(content(real), "[N\xB0]\r\nk=2\r\n");
-    EXPECT_TRUE(fs::is_symlink(file()));
-    EXPECT_EQ(settledNames(), Names({"elsewhere", "f12005.ini", "step"}));
-    EXPECT_EQ(std::distance(fs::directory_iterator(folder / "elsewhere"), {}), 1);
+    struct Case {
+        const char *name, *link, *target;
+        bool written;
+    };
+    const Case cases[] = {
+        {"in the folder, over a step", "step", "inner/below/season", true},
+        {"that leads nowhere yet", "season", nullptr, true},
+        {"to a season kept elsewhere", "../elsewhere/f12005.ini", "elsewhere/f12005.ini", true},
+        {"to another file", "../.profile", ".profile", false},
+        {"to another file, through dots", "below/../../.profile", ".profile", false},
+        {"to a file that isn't there yet", "../new", nullptr, false},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.name);
+        const TemporaryFolder outer;
+        const fs::path inner = outer / "inner", file = inner / "f12005.ini";
+        fs::create_directories(inner / "below");
+        fs::create_directory(outer / "elsewhere");
+        fs::create_symlink("below/season", inner / "step");
+        if (c.target)
+            layDown(outer / c.target, one);
+        fs::create_symlink(c.link, file);
+        Store linked(inner);
+        EXPECT_EQ(linked.LireINI("2005", "N°", "k"), c.target ? "1" : "");
+        linked.EcrireINI("2005", "N°", "k", "2");
+        linked.settle();
+        EXPECT_TRUE(fs::is_symlink(file));
+        EXPECT_EQ(linked.writesLost(), !c.written);
+        EXPECT_EQ(content(file), c.written ? two : c.target ? one : "");
+        EXPECT_FALSE(fs::exists(outer / "new"));
+        EXPECT_FALSE(fs::exists(outer / ".circuidex-.profile.old"));
+    }
 }
 
-TEST_F(StoreTest, LinkThatLeadsNowhereYetGetsItsTarget)
+// What a race's name may lead to.
+TEST_F(StoreTest, OnlyAFileInTheFolderMayBeDeleted)
 {
-    fs::create_symlink("season", file());
-    write("k", "1");
-    EXPECT_TRUE(fs::is_symlink(file()));
-    EXPECT_EQ(content(folder / "season"), one);
+    const TemporaryFolder outer;
+    const fs::path inner = outer / "inner";
+    fs::create_directories(inner / "below");
+    for (const char *name : {"Vacances2005.avi", "inner/Japon2005.avi", "inner/below/Monaco2005.avi"})
+        layDown(outer / name, "x");
+    fs::create_symlink("../Vacances2005.avi", inner / "lien.avi");
+    fs::create_symlink("..", inner / "haut");
+    Store program(inner);
+    const std::pair<const char *, bool> cases[] = {
+        {"Japon2005.avi", true}, {"below/../Japon2005.avi", true}, {"haut/inner/below/Monaco2005.avi", true},
+        {"../Vacances2005.avi", false}, {"haut/Vacances2005.avi", false}, {"lien.avi", false}, {"below", false},
+        {"gone.avi", false},
+    };
+    for (const bool readOnly : {false, true}) {
+        for (const auto &[path, may] : cases)
+            EXPECT_EQ(program.mayDelete((inner / path).string()), may && !readOnly) << path;
+        program.setReadOnly();
+    }
 }
 
 // After a kill and after a power cut.
@@ -451,6 +518,7 @@ TEST_F(StoreTest, YearMarkerIsTheFirstItemOfTheFirstLine)
         {"\"", ""},
         {" 2005 \t\r\n", "2005"},
         {"ann\xE9\x65\r\n", "année"},
+        {"\xEF\xBB\xBF" "2005\r\n", "2005"},
     };
     for (const auto &[bytes, year] : cases) {
         layDown(folder / "Année", bytes);

@@ -78,6 +78,27 @@ TEST(Text, RandomBytesGiveValidText)
     }
 }
 
+// What an editor made of a season. A value may look like UTF-8 by chance, a name of ours never does.
+TEST(Text, SeasonInUtf8IsToldFromOneInTheCodePage)
+{
+    const std::pair<std::string, Coding> cases[] = {
+        {"", Coding::codePage},
+        {"[gp]\r\nnogp=1\r\n", Coding::codePage},
+        {"[N\xB0]\r\nnom1=R\xE4ikk\xF6nen\r\n", Coding::codePage},
+        {"[gp]\r\nnamegp0=Br\xC3\xA9sil\r\n", Coding::codePage},
+        {"[N\xC2\xB0]\r\nnom1=Alonso\r\n", Coding::utf8},
+        {"[podium]\npodium1Br\xC3\xA9sil=5\n", Coding::utf8},
+        {"\xEF\xBB\xBF[gp]\r\nnogp=1\r\n", Coding::utf8},
+        {"\xEF\xBB\xBF[N\xB0]\r\n", Coding::codePage},
+        {"[gp]\r\nrem=\xE9t\xE9\r\n[N\xC2\xB0]\r\n", Coding::mixed},
+        {"[N\xC2\xB0]\r\nnom1=a\r\n[N\xB0]\r\nnom1=b\r\n", Coding::mixed},
+        {"[gp]\r\nrem=\xE9t\xE9 [N\xC2\xB0]\r\n", Coding::codePage},
+    };
+    for (const auto &[bytes, coding] : cases)
+        EXPECT_EQ(codingOf(bytes), coding) << bytes;
+    EXPECT_EQ(withoutUtf8("\xEF\xBB\xBF[N\xC2\xB0]\r\n"), "[N\xB0]\r\n");
+}
+
 TEST(Text, AsciiIsNotCopied)
 {
     const std::string_view text = "grilledepart";
