@@ -207,8 +207,8 @@ void make(const std::string &folder)
     const std::string run = makeUnfinished(backups);
     if (run.empty())
         return;
-    const bool whole = std::all_of(names.begin(), names.end(),
-                                   [&](const std::string &name) { return copy(folder, name, last, run); });
+    const bool whole =
+        std::all_of(names.begin(), names.end(), [&](const std::string &name) { return copy(folder, name, last, run); });
     if (!whole || namesIn(run).empty() || !finish(backups, runs, run))
         return remove(run);
     for (std::size_t i = 0; i + runsKept < runs.size(); ++i)
@@ -222,11 +222,10 @@ std::string keep(const std::string &folder, const std::string &name)
     std::string bytes;
     if (backups.empty() || disk::read(in(folder, name), bytes).kind != disk::Kind::file || !disk::makeFolder(backups))
         return {};
-    const std::string path =
-        disk::freeName(in(backups, name.substr(0, stem)) + "." + minuteNow(), name.substr(stem));
+    const std::string path = disk::freeName(in(backups, name.substr(0, stem)) + "." + minuteNow(), name.substr(stem));
     disk::Stamp after;
-    const bool kept = !path.empty() && disk::replace(path, bytes, false, after) && disk::syncFile(path) &&
-        disk::syncFolder(backups);
+    const bool kept =
+        !path.empty() && disk::replace(path, bytes, false, after) && disk::syncFile(path) && disk::syncFolder(backups);
     return kept ? path.substr(folder.size() + 1) : std::string();
 }
 

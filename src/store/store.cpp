@@ -381,7 +381,8 @@ bool Store::restore(const std::string &name)
         return wanted->gone = true; // another program was faster
     beforeFirstWrite();
     disk::Stamp after;
-    wanted->restored = stamp.kind == disk::Kind::missing ? replace(path, good, after) : replaceDamaged(path, good, after);
+    wanted->restored =
+        stamp.kind == disk::Kind::missing ? replace(path, good, after) : replaceDamaged(path, good, after);
     for (const auto &[stem, entry] : m_files)
         entry->loaded = false;
     if (wanted->restored)
@@ -398,7 +399,8 @@ std::string Store::notice() const
     for (const auto &[name, losses] : m_losses)
         if (!losses.keys.empty() && !standing(name))
             return "Attention : les modifications ne sont pas conservées (" + name + ").";
-    const auto last = std::find_if(m_damaged.rbegin(), m_damaged.rend(), [](const Damaged &each) { return !each.gone; });
+    const auto last =
+        std::find_if(m_damaged.rbegin(), m_damaged.rend(), [](const Damaged &each) { return !each.gone; });
     if (last == m_damaged.rend())
         return {};
     if (last->restored)

@@ -64,9 +64,9 @@ public:
     void settle();
 
     // From now on the care that the running program takes of its user's files (docs/restoring.md): before the first
-    // write all data files are copied (store/backups.h), what an editor saved as UTF-8 is read so, and a damaged file is
-    // never overwritten. With a good copy it takes no writes until that is put back; without one the first write moves
-    // it out of the way, to its name with the date, as "f12005.ini.2026-11-22_2145.abime".
+    // write all data files are copied (store/backups.h), what an editor saved as UTF-8 is read so, and a damaged file
+    // is never overwritten. With a good copy it takes no writes until that is put back; without one the first write
+    // moves it out of the way, to its name with the date, as "f12005.ini.2026-11-22_2145.abime".
     void protect() { m_protected = true; }
 
     // From now on nothing in the folder is changed: each write is lost.

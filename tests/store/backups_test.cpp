@@ -154,7 +154,8 @@ TEST_F(Protected, TenRunsAreKeptAndNothingOfTheUsers)
     EXPECT_EQ(content(folder / "Documents/lettre.txt"), "mine");
 }
 
-// Seasons that nobody opens: one becomes damaged, one empty, one is deleted. Meanwhile the clock runs ahead, and is set.
+// Seasons that nobody opens: one becomes damaged, one empty, one is deleted. Meanwhile the clock runs ahead, and is
+// set.
 TEST_F(Protected, LastGoodCopyOutlivesTenRunsAndAWrongClock)
 {
     for (const char *name : {"f12002.ini", "f12003.ini", "f12004.ini"})

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 using namespace circuidex;
 
 namespace {
@@ -65,19 +63,6 @@ TEST(Text, AllBytesSurviveTheWayThereAndBack)
         EXPECT_EQ(toCodePage(toUtf8(std::string(1, c))), std::string(1, c));
 }
 
-TEST(Text, RandomBytesGiveValidText)
-{
-    std::mt19937 random(5);
-    for (int round = 0; round < 5000; ++round) {
-        std::string bytes(random() % 30, ' ');
-        for (char &c : bytes)
-            c = static_cast<char>(random() % 3 ? 0x80 + random() % 128 : random() % 128);
-        const std::string converted = toCodePage(bytes);
-        EXPECT_LE(converted.size(), bytes.size());
-        EXPECT_EQ(toCodePage(toUtf8(bytes)), bytes);
-    }
-}
-
 // What an editor made of a season. A value may look like UTF-8 by chance, a name of ours never does.
 TEST(Text, SeasonInUtf8IsToldFromOneInTheCodePage)
 {
@@ -97,13 +82,6 @@ TEST(Text, SeasonInUtf8IsToldFromOneInTheCodePage)
     for (const auto &[bytes, coding] : cases)
         EXPECT_EQ(codingOf(bytes), coding) << bytes;
     EXPECT_EQ(withoutUtf8("\xEF\xBB\xBF[N\xC2\xB0]\r\n"), "[N\xB0]\r\n");
-}
-
-TEST(Text, AsciiIsNotCopied)
-{
-    const std::string_view text = "grilledepart";
-    std::string scratch;
-    EXPECT_EQ(toCodePage(text, scratch).data(), text.data());
 }
 
 }
