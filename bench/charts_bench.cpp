@@ -38,7 +38,7 @@ void drawOnFullSeason(benchmark::State &state)
 {
     const SampleFolder folder;
     Store store(folder.path());
-    const Season season(store, "2003");
+    const WritableSeason season(store, "2003");
     charts::SeasonChart chart(*instances[state.range(0)]);
     chart.open(season);
     for (auto _ : state) {

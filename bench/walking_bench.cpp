@@ -30,7 +30,7 @@ void fill(const QTemporaryDir &folder)
     QDir(folder.path()).mkpath(QStringLiteral("Photos/Circuits"));
     QDir(folder.path()).mkpath(QStringLiteral("Photos/Actu"));
     Store store(folder.path().toStdString());
-    const Season season(store, "2005");
+    const WritableSeason season(store, "2005");
     for (int slot = 0; slot < gpSlots; ++slot) {
         const QString gp = QString::fromStdString(season.namegp(slot));
         photo(slot + 1).save(folder.filePath(QStringLiteral("Photos/Circuits/%1.JPG").arg(gp)), "JPG", 85);

@@ -117,8 +117,9 @@ private:
     {
         if (!section || !key || !value)
             return false;
+        const unsigned lost = m_store.lostWrites();
         m_store.writeBytes(m_stem, *section, *key, *value);
-        return !m_store.writesLost();
+        return m_store.lostWrites() == lost;
     }
 
     std::optional<std::string> content() const

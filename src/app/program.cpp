@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-results::Surroundings surroundings(const std::filesystem::path &folder)
+results::Surroundings surroundings(const Store &store, const std::filesystem::path &folder)
 {
     results::Surroundings machine;
     machine.findFile = [folder](const std::string &stored) { return findFile(folder, stored); };
@@ -26,9 +26,10 @@ results::Surroundings surroundings(const std::filesystem::path &folder)
         std::string found = findFile(folder, stored);
         return canShowPicture(QString::fromStdString(found)) ? found : std::string();
     };
-    machine.deleteFile = [](const std::string &path) {
+    machine.deleteFile = [&store](const std::string &path) {
         std::error_code ignored; // a file that can't be deleted stays
-        std::filesystem::remove(path, ignored);
+        if (store.mayDelete(path))
+            std::filesystem::remove(path, ignored);
     };
     return machine;
 }
@@ -36,8 +37,8 @@ results::Surroundings surroundings(const std::filesystem::path &folder)
 }
 
 Program::Program(std::filesystem::path folder, Numbers numbers, Dialogs &dialogs, Platform &platform)
-    : m_store(folder, numbers), m_main(m_store, dialogs, surroundings(folder)),
-      m_screens(screenRows()), m_context{m_store, m_main, dialogs, platform, m_screens}
+    : m_store(folder, numbers), m_main(m_store, dialogs, surroundings(m_store, folder)),
+      m_context{m_store, m_main, dialogs, platform, m_screens}, m_screens(screenRows())
 {
     m_store.protect();
     m_screens.setContext(m_context);
@@ -65,7 +66,7 @@ bool Program::offersCopies() const
     const auto &damaged = m_store.damaged();
     return !m_store.readOnly() &&
         std::any_of(damaged.begin() + static_cast<std::ptrdiff_t>(m_offered), damaged.end(),
-                    [](const Store::Damaged &each) { return each.copy.has_value(); });
+                    [](const Store::Damaged &each) { return each.copy && each.stands(); });
 }
 
 void Program::offerCopies()
@@ -74,11 +75,11 @@ void Program::offerCopies()
         return;
     while (m_offered < m_store.damaged().size()) {
         const Store::Damaged each = m_store.damaged()[m_offered++];
-        if (!each.copy)
+        if (!each.copy || !each.stands())
             continue;
         const bool wanted = m_context.dialogs.question(
-            "Le fichier " + each.name + " est abîmé : ce n'est plus un fichier texte.\n\nRemettre sa copie du " +
-            each.copy->when + " ? Le fichier abîmé est gardé sous un autre nom.");
+            "Le fichier " + each.name + " est abîmé : " + each.what + ".\n\nRemettre sa copie du " + each.copy->when +
+            " ? Le fichier abîmé est gardé sous un autre nom.");
         if (wanted && !m_store.restore(each.name))
             m_context.dialogs.message("La copie n'a pas pu être remise. Le fichier est resté tel quel.");
     }

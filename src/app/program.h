@@ -34,8 +34,8 @@ public:
 private:
     Store m_store;
     results::MainRecord m_main;
+    Context m_context; // outlives the screens, which use it to the last
     Screens m_screens;
-    Context m_context;
     std::size_t m_offered = 0; // of the store's damaged files
 };
 

@@ -5,7 +5,7 @@
 
 namespace circuidex {
 
-void enterSampleDriver(const Season &season, const SampleDriver &driver, const SampleCareer &career)
+void enterSampleDriver(const WritableSeason &season, const SampleDriver &driver, const SampleCareer &career)
 {
     const auto write = [&](std::string_view prefix, const std::string &text) {
         season.write(keys::N, keys::driver(prefix, driver.slot), text);
@@ -29,7 +29,7 @@ void enterSampleDriver(const Season &season, const SampleDriver &driver, const S
     season.write(keys::N, keys::ptsecurie(driver.team), "0");
 }
 
-void enterSampleCalendar(const Season &season, const SampleSeason &sample)
+void enterSampleCalendar(const WritableSeason &season, const SampleSeason &sample)
 {
     for (std::size_t k = 0; k < sample.races.size(); ++k) {
         season.write(keys::gp, keys::namegp(static_cast<int>(k)), sample.races[k].name);
@@ -39,7 +39,7 @@ void enterSampleCalendar(const Season &season, const SampleSeason &sample)
 
 void recordSampleRace(results::MainRecord &main, const SampleSeason &sample, int slot)
 {
-    const Season season = main.season();
+    const WritableSeason season = main.writableSeason();
     const SampleRace &race = sample.races[static_cast<std::size_t>(slot)];
     const auto number = [&](const std::string &name) {
         const auto found = results::driverNamed(season, name);
@@ -55,7 +55,7 @@ void recordSampleRace(results::MainRecord &main, const SampleSeason &sample, int
     for (int place = 1; place <= classifiedPlaces; ++place)
         main.number(place).set(number(race.finish[static_cast<std::size_t>(place - 1)]));
     main.Text39.set(number(race.pole));
-    results::storeGrid(season, race.name, race.grid);
+    results::storeGrid(season, race.name, {race.grid});
     results::recordGrandPrix(main);
 }
 

@@ -7,9 +7,9 @@
 namespace circuidex {
 
 // Without points, with one season more than his career has.
-void enterSampleDriver(const Season &season, const SampleDriver &driver, const SampleCareer &career);
+void enterSampleDriver(const WritableSeason &season, const SampleDriver &driver, const SampleCareer &career);
 
-void enterSampleCalendar(const Season &season, const SampleSeason &sample);
+void enterSampleCalendar(const WritableSeason &season, const SampleSeason &sample);
 
 // The race of a slot, with the changes of team that happened before it and its grid, into the season that is open.
 void recordSampleRace(results::MainRecord &main, const SampleSeason &sample, int slot);

@@ -51,13 +51,13 @@ void enterPast(Store &store, const std::string &data)
 {
     for (const SampleWin &win : parsed(data + "/vainqueurs.txt", parseSampleWins))
         archiveWinner(store, win.race, win.year, win.name);
-    const Season archive(store, std::string(keys::ARCHIVES));
+    const WritableSeason archive(store, std::string(keys::ARCHIVES));
     for (const SampleChampion &champion : parsed(data + "/champions.txt", parseSampleChampions))
-        archive.write(keys::GP, keys::join("championdumd", champion.year), champion.name);
+        archive.write(keys::GP, keys::champion(champion.year), champion.name);
 }
 
 // The careers after a season, with one more season behind each driver.
-Careers careersAfter(const Season &season, const SampleSeason &sample, Careers before)
+Careers careersAfter(const WritableSeason &season, const SampleSeason &sample, Careers before)
 {
     for (const SampleDriver &driver : sample.drivers) {
         const auto whole = [&](std::string_view prefix) {
@@ -75,7 +75,7 @@ Careers careersAfter(const Season &season, const SampleSeason &sample, Careers b
 }
 
 // The leader of the points takes the title of a complete season.
-void crown(const Season &season, const SampleSeason &sample, Careers &careers)
+void crown(const WritableSeason &season, const SampleSeason &sample, Careers &careers)
 {
     const SampleDriver *leader = nullptr;
     double most = -1;
@@ -90,8 +90,8 @@ void crown(const Season &season, const SampleSeason &sample, Careers &careers)
         return;
     const std::string titles = season.driver("champion", leader->slot) + "-" + sample.year;
     season.write(keys::N, keys::driver("champion", leader->slot), titles);
-    Season(season.store(), std::string(keys::ARCHIVES))
-        .write(keys::GP, keys::join("championdumd", sample.year), leader->name);
+    WritableSeason(season.store(), std::string(keys::ARCHIVES))
+        .write(keys::GP, keys::champion(sample.year), leader->name);
     careers[leader->name].titles.push_back(sample.year);
 }
 
@@ -114,8 +114,8 @@ int main(int argc, char **argv)
         const SampleSeason sample = parsed(data + "/" + year + ".saison", parseSampleSeason);
         results::MainRecord main(store, faults);
         main.an.set(year);
-        const Season season = main.season();
-        results::storeScale(season, sample.scale);
+        const WritableSeason season = main.writableSeason();
+        results::storeScale(season, {sample.scale});
         for (const SampleDriver &driver : sample.drivers)
             enterSampleDriver(season, driver, careers[driver.name]);
         enterSampleCalendar(season, sample);

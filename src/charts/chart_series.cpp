@@ -39,7 +39,7 @@ SeriesCells driverPoints(const Season &season, const results::Scale &scale, cons
     const standings::PointsMatrix matrix = standings::pointsMatrix(season, scale);
     SeriesCells series;
     for (std::size_t s = 0; s < subjects.size(); ++s) {
-        const auto driver = standings::driverIn(subjects[s], season.numbers());
+        const auto driver = driverSlot(subjects[s], season.numbers());
         for (int slot = 0; driver && slot < gpSlots; ++slot)
             series.cells[s][static_cast<std::size_t>(slot)] = matrix.at(*driver, slot);
     }

@@ -74,7 +74,7 @@ Comparison compareDrivers(const Season &season, const results::Scale &scale, con
             places[i] = -place.value_or(behindTheEighth);
             row.values[i].text = textOf(place);
             if (place)
-                points[i] += numbers.value(scale[static_cast<std::size_t>(*place - 1)]).value_or(0);
+                points[i] += numbers.value(scale[*place]).value_or(0);
             row.totals[i].text = numbers.text(points[i]);
         }
         tone(row.values, places);

@@ -28,7 +28,7 @@ SeasonChart::SeasonChart(const Instance &instance) : m_instance(instance)
     m_pairs[1].sentence = "Informations2";
 }
 
-void SeasonChart::open(const Season &season)
+void SeasonChart::open(const WritableSeason &season)
 {
     const SettingKeys &keys = m_instance.keys;
     width.set(keptOr(season, bordergraphtxt, keys.width, "2"));
@@ -46,7 +46,7 @@ void SeasonChart::open(const Season &season)
         scale.set(keptOr(season, plots, keys.scale, m_instance.defaultScale));
 }
 
-void SeasonChart::close(const Season &season) const
+void SeasonChart::close(const WritableSeason &season) const
 {
     for (std::size_t s = 0; s < subjects.size(); ++s)
         season.write(plots, numbered(m_instance.keys.subjects, s), subjects[s].text());
@@ -54,7 +54,7 @@ void SeasonChart::close(const Season &season) const
         season.write(plots, m_instance.keys.scale, scale.text());
 }
 
-void SeasonChart::draw(const Season &season, const results::Scale &points)
+void SeasonChart::draw(const WritableSeason &season, const results::Scale &points)
 {
     m_values = m_instance.read(season, points, chosen());
     m_mask = maskLeft(end(season));
@@ -100,7 +100,7 @@ void SeasonChart::drawPair(int index, const Season &season)
     compare(pair, name(a), name(b), m_instance.leads, season.numbers());
 }
 
-void SeasonChart::drawNormal(const Season &season)
+void SeasonChart::drawNormal(const WritableSeason &season)
 {
     m_widths = thin;
     season.write(bordergraph, m_instance.keys.thickness, normalMode);
@@ -108,7 +108,7 @@ void SeasonChart::drawNormal(const Season &season)
         parkAverage();
 }
 
-void SeasonChart::drawCustom(const Season &season)
+void SeasonChart::drawCustom(const WritableSeason &season)
 {
     if (const auto pixels = charts::lineWidth(season.numbers().value(width.text())))
         m_widths.fill(*pixels);

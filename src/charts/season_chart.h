@@ -17,12 +17,12 @@ public:
     Field scale;
     Field width{"2"}; // of the lines, when the user sets one
 
-    void open(const Season &season); // takes thickness, subjects and scale from their keys; draw() comes next
-    void draw(const Season &season, const results::Scale &points);
-    void drawNormal(const Season &season);
-    void drawCustom(const Season &season); // a width that lines can't have is kept and leaves them as they are
+    void open(const WritableSeason &season); // takes thickness, subjects and scale from their keys; draw() comes next
+    void draw(const WritableSeason &season, const results::Scale &points);
+    void drawNormal(const WritableSeason &season);
+    void drawCustom(const WritableSeason &season); // a width that lines can't have is kept and leaves them as they are
     void highlight(int series, const Numbers &numbers);
-    void close(const Season &season) const; // keeps subjects and scale
+    void close(const WritableSeason &season) const; // keeps subjects and scale
 
     const Curve &curve(int series) const { return m_curves[static_cast<std::size_t>(series)]; }
     int lineWidth(int series) const { return m_widths[static_cast<std::size_t>(series)]; }

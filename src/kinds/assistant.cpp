@@ -59,9 +59,7 @@ void Assistant::layOut(const QString &question)
     bottom->addStretch(1);
     bottom->addWidget(skipButton);
     bottom->addWidget(validateButton);
-    auto *layout = new QVBoxLayout(body());
-    layout->setContentsMargins(12, 12, 12, 12);
-    layout->setSpacing(look::gap);
+    auto *layout = page();
     layout->addLayout(both, 1);
     layout->addLayout(bottom);
     resize(760, 560);

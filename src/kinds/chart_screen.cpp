@@ -69,9 +69,9 @@ ChartScreen::ChartScreen(Context &theContext, const QString &name, const QString
     };
 }
 
-Season ChartScreen::season() const
+WritableSeason ChartScreen::season() const
 {
-    return context.main.season();
+    return context.main.writableSeason();
 }
 
 QColor ChartScreen::colour(int series) const
@@ -140,12 +140,23 @@ std::vector<TwipLine> ChartScreen::averageLines() const
 
 void ChartScreen::registerAverage()
 {
-    const int beginning = static_cast<int>(m_chart.average().beginning.size());
     for (int i = 0; i < segments; ++i) {
-        const bool early = i < beginning;
-        registerLine(early ? u"Line13"_s : u"Line10"_s, early ? i + 1 : i + 1 - beginning,
-                     QColor(Qt::black), [this, i] { return averageLines()[static_cast<std::size_t>(i)]; });
+        const auto [name, index] = averageName(i);
+        registerLine(name, index, look::average, [this, i] { return averageLines()[static_cast<std::size_t>(i)]; });
     }
+}
+
+// Of the piece that begins at vertex i.
+std::pair<QString, int> ChartScreen::averageName(int i) const
+{
+    const int beginning = static_cast<int>(m_chart.average().beginning.size());
+    return i < beginning ? std::pair(u"Line13"_s, i + 1) : std::pair(u"Line10"_s, i + 1 - beginning);
+}
+
+const Control *ChartScreen::averagePiece(int i) const
+{
+    const auto [name, index] = averageName(i);
+    return control(name, index);
 }
 
 TwipRect ChartScreen::mask() const
@@ -285,26 +296,35 @@ void ChartScreen::showChart()
     m_view->setPicture(std::move(picture));
 }
 
-// As far as the mask, which stands just behind a Grand Prix.
+// The series as their controls tell them, as far as the mask, which stands just behind a Grand Prix.
 void ChartScreen::addSeries(ChartPicture &picture) const
 {
+    const TwipRect covered = control(u"stopgraph"_s)->geometry();
     for (int s = 0; s < seriesCount; ++s) {
-        ChartStroke line{{}, colour(s), m_chart.lineWidth(s)};
-        for (int k = 0; k <= segments && vertex(k) <= m_chart.mask(); ++k)
-            line.points.push_back({vertex(k), m_chart.curve(s).at(k - 1)});
-        picture.lines.push_back(std::move(line));
-        picture.legend.push_back({colour(s), qt(m_chart.name(s))});
+        ChartStroke stroke;
+        for (int k = 0; k < segments; ++k) {
+            const Control *piece = control(u"Line%1"_s.arg(s + 1), k);
+            const TwipLine line = *piece->line();
+            if (k == 0)
+                stroke = {{{line.x1, line.y1}}, *piece->fore(), line.width};
+            if (line.x2 <= covered.left)
+                stroke.points.push_back({line.x2, line.y2});
+        }
+        picture.legend.push_back({stroke.colour, qt(m_chart.name(s))});
+        picture.lines.push_back(std::move(stroke));
     }
-    picture.masks.push_back({mask(), Qt::white});
+    picture.masks.push_back({covered, look::card});
 }
 
 void ChartScreen::addAverage(ChartPicture &picture) const
 {
     if (!m_chart.averageShown())
         return;
-    for (const TwipLine &piece : averageLines())
-        if (piece.x2 <= m_chart.mask())
-            picture.lines.push_back(stroke(piece, Qt::black));
+    for (int i = 0; i < segments; ++i) {
+        const Control *piece = averagePiece(i);
+        if (const TwipLine line = *piece->line(); line.x2 <= m_chart.mask())
+            picture.lines.push_back(stroke(line, *piece->fore()));
+    }
     const double left = paper().width() - 1500, y = paper().top - averageCaption + captionHeight / 2;
     picture.leaders.push_back(stroke({left - 350, y, left - 90, y, 1}, Qt::black));
     picture.texts.push_back({{left, y - captionHeight / 2, 1500, captionHeight},
@@ -316,7 +336,7 @@ void ChartScreen::addPaper(ChartPicture &picture) const
 {
     const Paper &p = paper();
     for (int k = 1; k < segments; ++k)
-        picture.grid.push_back(stroke(gridLine(p, k), QColor::fromRgb(p.gridColour)));
+        picture.grid.push_back(stroke(*control(u"Line6"_s, k)->line(), *control(u"Line6"_s, k)->fore()));
     for (int slot = 0; slot < segments; ++slot)
         picture.texts.push_back({captionPlace(p, slot), u"GP%1"_s.arg(slot + 1), Qt::AlignCenter,
                                  [this, slot] { return gpName(slot); }});

@@ -35,7 +35,7 @@ protected:
     void draw();
     void closing() override;
 
-    virtual Season season() const; // whose values are drawn and which keeps the settings
+    virtual WritableSeason season() const; // whose values are drawn and which keeps the settings
     virtual void takeSubjects() { } // from the controls into the chart, before a drawing and at closing
     virtual void showSubjects() { } // the other way round, after a drawing
     virtual QString meaning(int series, int slot) const = 0; // of a point, without the name of the Grand Prix
@@ -68,6 +68,8 @@ private:
     void addLevel(ChartPicture &picture, double y) const;
     void addHeight(ChartPicture &picture, const QString &caption, double centre, double right) const;
     std::vector<TwipLine> averageLines() const;
+    std::pair<QString, int> averageName(int piece) const;
+    const Control *averagePiece(int piece) const;
     TwipRect mask() const;
 
     const ChartControls &m_controls;

@@ -116,7 +116,7 @@ Table *DetailedGrid::band(const DetailedGridKind &kind, int which, int rowHeight
     QFont font = made->font();
     font.setPixelSize(rowHeight < 17 ? 11 : 12);
     made->setFont(font);
-    made->setStyleSheet(u"QHeaderView::section { font-size:11px; padding:0 6px; }"_s);
+    made->setStyleSheet(look::narrowHeads());
     made->horizontalHeader()->setFixedHeight(headHeight);
     made->verticalHeader()->setDefaultSectionSize(rowHeight);
     made->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -41,7 +41,7 @@ void DriverScreenBase::choosePicture(const QString &control, const QString &path
         return;
     setText(pathControl, qt(*chosen));
     setText(control, qt(findPicture(*chosen)));
-    season().write(keys::N, keys::driver(prefix, number()), *chosen);
+    writableSeason().write(keys::N, keys::driver(prefix, number()), *chosen);
 }
 
 results::DriverRecord DriverScreenBase::record() const
@@ -74,7 +74,7 @@ void DriverScreenBase::store()
 {
     const results::DriverRecord whole = completed(record(), m_kind);
     show(whole);
-    results::storeDriver(season(), number(), whole, m_kind);
+    results::storeDriver(writableSeason(), number(), whole, m_kind);
 }
 
 }

@@ -17,6 +17,7 @@ public:
 
 protected:
     Season season() const { return m_main.season(); }
+    WritableSeason writableSeason() const { return m_main.writableSeason(); }
     std::string number() const { return m_number.text(); }
 
     // A box in the form, under its caption; the key is that of the control's row in driverFields.

@@ -18,6 +18,14 @@ namespace {
 
 constexpr int rowHeight = 26, leastWidth = 184; // pixels
 
+const menus::Menu &menuNamed(const QString &name)
+{
+    const menus::Menu *found = menus::find(name.toStdString());
+    if (!found)
+        qFatal("no menu %s", qPrintable(name));
+    return *found;
+}
+
 QString numbered(const QString &name, int number)
 {
     return name + QString::number(number);
@@ -49,7 +57,7 @@ int widestSide(const menus::Menu &menu, int arrowWidth)
 }
 
 DropDown::DropDown(Context &theContext, const QString &name, const QString &title)
-    : MenuPage(theContext, name, title, Chrome::none), m_menu(*menus::find(name.toStdString())),
+    : MenuPage(theContext, name, title, Chrome::none), m_menu(menuNamed(name)),
       m_fond(control(u"Fond"_s))
 {
     setWindowFlag(Qt::WindowStaysOnTopHint);

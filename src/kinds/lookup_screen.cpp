@@ -61,9 +61,7 @@ Button *LookupScreen::mainButton(const QString &name, const QString &caption, co
 
 QLayout *LookupScreen::foot(QWidget *atRight)
 {
-    auto *row = new QHBoxLayout;
-    row->addWidget(printCommand(u"Label12"_s));
-    row->addStretch(1);
+    auto *row = footRow(u"Label12"_s);
     if (atRight)
         row->addWidget(atRight);
     return row;

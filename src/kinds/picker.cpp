@@ -90,9 +90,7 @@ Picker::Picker(Context &theContext, const QString &name, const QString &title, S
     m_head = new QHBoxLayout;
     m_head->addWidget(m_search, 1);
     m_foot = new QVBoxLayout;
-    auto *layout = new QVBoxLayout(body());
-    layout->setContentsMargins(12, 10, 12, 12);
-    layout->setSpacing(look::gap);
+    auto *layout = page();
     layout->addLayout(m_head);
     layout->addWidget(m_list);
     layout->addLayout(m_foot);

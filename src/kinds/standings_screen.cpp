@@ -15,9 +15,7 @@ StandingsScreen::StandingsScreen(Context &theContext, const QString &name, const
 {
     hidden(u"nopilott"_s, m_number);
     m_standings.rows.resize(static_cast<std::size_t>(m_kind.rows));
-    auto *layout = new QVBoxLayout(body());
-    layout->setContentsMargins(10, 8, 10, 8);
-    layout->setSpacing(look::gap);
+    auto *layout = page();
     layout->addWidget(favouriteCard());
     m_table = rankedTable(m_kind.columns, m_kind.rows, [this](int row) {
         m_favourite.set(m_standings.rows[static_cast<std::size_t>(row - 1)].name);
@@ -74,9 +72,7 @@ QLayout *StandingsScreen::foot()
     auto *apply = button(u"Command1"_s, u"Ok"_s, [this] { this->apply(); });
     apply->setToolTip(u"Mesurer les écarts par rapport au favori (Entrée)"_s);
     apply->makeMain();
-    auto *row = new QHBoxLayout;
-    row->addWidget(printCommand(u"Label14"_s));
-    row->addStretch(1);
+    auto *row = footRow(u"Label14"_s);
     row->addWidget(styled(u"Saison %1"_s.arg(qt(m_season.stem())), "hint"));
     row->addSpacing(look::gap);
     row->addWidget(apply);
@@ -128,7 +124,7 @@ void StandingsScreen::show()
 
 void StandingsScreen::closing()
 {
-    context.main.season().write(keys::N, m_kind.numberKey, m_number.text());
+    context.main.writableSeason().write(keys::N, m_kind.numberKey, m_number.text());
 }
 
 void StandingsScreen::keyPressEvent(QKeyEvent *event)

@@ -30,6 +30,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
     const Season &season() const { return m_season; }
+    WritableSeason writableSeason() const { return WritableSeason(context.store, m_season.stem()); }
     Field m_number; // nopilott
     Field m_favourite; // Text5
 

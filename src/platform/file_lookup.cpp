@@ -1,5 +1,7 @@
 #include "platform/file_lookup.h"
 
+#include "store/text.h"
+
 #include <algorithm>
 #include <optional>
 #include <vector>
@@ -9,20 +11,6 @@ namespace circuidex {
 namespace fs = std::filesystem;
 
 namespace {
-
-// Lower case for ASCII and for the accented letters of French, which take two bytes in UTF-8 (C3 80 to C3 9E).
-std::string folded(std::string_view text)
-{
-    std::string lower(text);
-    for (std::size_t i = 0; i < lower.size(); ++i) {
-        const auto c = static_cast<unsigned char>(lower[i]);
-        if (c >= 'A' && c <= 'Z')
-            lower[i] = static_cast<char>(c + 32);
-        else if (i > 0 && static_cast<unsigned char>(lower[i - 1]) == 0xC3 && c >= 0x80 && c <= 0x9E && c != 0x97)
-            lower[i] = static_cast<char>(c + 32);
-    }
-    return lower;
-}
 
 std::vector<std::string> parts(std::string_view stored)
 {

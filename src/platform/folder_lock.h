@@ -7,8 +7,9 @@ namespace circuidex {
 
 class FolderLock {
 public:
-    // Takes the lock if it is free. A folder where there can be none (read-only, gone, a file system without locks)
-    // counts as free: nothing could be written there by two either, or nothing can be known.
+    // Takes the lock if it is free. A lock file that can't be opened counts as taken. A folder where there can be none
+    // (read-only, gone, a file system without locks) counts as free: nothing could be written there by two either, or
+    // nothing can be known.
     explicit FolderLock(const std::filesystem::path &folder);
     ~FolderLock();
     FolderLock(const FolderLock &) = delete;

@@ -24,7 +24,7 @@ void present(QMessageBox &box, const std::string &text)
 
 void QtDialogs::message(const std::string &text)
 {
-    QMessageBox box(QApplication::activeWindow());
+    QMessageBox box; // no parent: a timer may close the screen in front while the box is up
     present(box, text);
     box.setIcon(QMessageBox::Information);
     box.addButton(u"OK"_s, QMessageBox::AcceptRole);
@@ -33,7 +33,7 @@ void QtDialogs::message(const std::string &text)
 
 bool QtDialogs::question(const std::string &text)
 {
-    QMessageBox box(QApplication::activeWindow());
+    QMessageBox box; // no parent: a timer may close the screen in front while the box is up
     present(box, text);
     box.setIcon(QMessageBox::Question);
     const QAbstractButton *yes = box.addButton(u"Oui"_s, QMessageBox::YesRole);
@@ -44,14 +44,14 @@ bool QtDialogs::question(const std::string &text)
 
 std::optional<std::string> QtDialogs::chooseFile(const std::string &title, const std::string &filter)
 {
-    const QString path = QFileDialog::getOpenFileName(QApplication::activeWindow(), QString::fromStdString(title), {},
+    const QString path = QFileDialog::getOpenFileName(nullptr, QString::fromStdString(title), {},
                                                       QString::fromStdString(filter));
     return path.isEmpty() ? std::nullopt : std::optional(path.toStdString());
 }
 
 std::optional<std::string> QtDialogs::chooseNewFile(const std::string &title, const std::string &filter)
 {
-    QFileDialog dialog(QApplication::activeWindow(), QString::fromStdString(title), {}, QString::fromStdString(filter));
+    QFileDialog dialog(nullptr, QString::fromStdString(title), {}, QString::fromStdString(filter));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     const QString ending = dialog.nameFilters().value(0).section(QLatin1String("*."), 1).section(u')', 0, 0);
     dialog.setDefaultSuffix(ending);

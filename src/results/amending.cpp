@@ -7,13 +7,13 @@ namespace circuidex::results {
 
 namespace {
 
-void clearGrid(const Season &season, std::string_view gpName)
+void clearGrid(const WritableSeason &season, std::string_view gpName)
 {
     for (int place = 1; place <= gridPlaces; ++place)
         season.write(keys::N, keys::grilledepart(gpName, place), "");
 }
 
-void clearPlaces(const Season &season, std::string_view gpName)
+void clearPlaces(const WritableSeason &season, std::string_view gpName)
 {
     for (int place = 1; place <= classifiedPlaces; ++place)
         season.write(keys::podiums, keys::podium(place, gpName), "");
@@ -21,7 +21,7 @@ void clearPlaces(const Season &season, std::string_view gpName)
 }
 
 // The fields hold the stored result; what they show afterwards is the caller's affair.
-void takeBack(RaceFields &fields, const Season &season, const Scale &scale)
+void takeBack(RaceFields &fields, const WritableSeason &season, const Scale &scale)
 {
     season.subtractFromZero(keys::gp, "nogp", "1");
     countStarts(season, Count::takeBack);
@@ -44,7 +44,7 @@ void showSlotAgain(MainRecord &main)
 
 bool cancelGrandPrix(MainRecord &main)
 {
-    const Season season = main.season();
+    const WritableSeason season = main.writableSeason();
     if (!hasResult(season, season.read(keys::gp, keys::namegp(main.Label40.text()))))
         return false;
     showSlotAgain(main);
@@ -56,7 +56,7 @@ bool cancelGrandPrix(MainRecord &main)
     return true;
 }
 
-void subtractResult(const Season &season, std::string_view slot, const Scale &scale)
+void subtractResult(const WritableSeason &season, std::string_view slot, const Scale &scale)
 {
     RaceFields stored;
     stored.gp.set(season.read(keys::gp, keys::namegp(slot)));
@@ -67,7 +67,7 @@ void subtractResult(const Season &season, std::string_view slot, const Scale &sc
 
 void amendGrandPrix(MainRecord &main, Amendment amendment)
 {
-    const Season season = main.season();
+    const WritableSeason season = main.writableSeason();
     resetTeamPoints(season, main.Label40.text(), "0");
     if (amendment == Amendment::byUser && !hasResult(season, main.gp.text()))
         countStarts(season, Count::add);

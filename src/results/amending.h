@@ -10,7 +10,7 @@ namespace circuidex::results {
 bool cancelGrandPrix(MainRecord &main);
 
 // Takes the stored result of a calendar slot out of all totals; grid and archive stay.
-void subtractResult(const Season &season, std::string_view slot, const Scale &scale);
+void subtractResult(const WritableSeason &season, std::string_view slot, const Scale &scale);
 
 enum class Amendment { byUser, byProgram };
 

@@ -18,7 +18,7 @@ DriverRecord completed(DriverRecord record, DriverScreen screen)
     return record;
 }
 
-void storeDriver(const Season &season, std::string_view number, const DriverRecord &record, DriverScreen screen)
+void storeDriver(const WritableSeason &season, std::string_view number, const DriverRecord &record, DriverScreen screen)
 {
     season.write(keys::N, keys::driver("N°", number), number);
     const std::size_t fields = screen == DriverScreen::newDriver ? newDriverFields : record.size();
@@ -39,7 +39,7 @@ std::string careerSeasons(const Season &season, std::string_view name)
     return name.empty() ? std::string() : season.read(keys::gp, keys::noo(name));
 }
 
-void storeCareerSeasons(const Season &season, std::string_view name, std::string_view seasons)
+void storeCareerSeasons(const WritableSeason &season, std::string_view name, std::string_view seasons)
 {
     if (!name.empty())
         season.write(keys::gp, keys::noo(name), seasons);

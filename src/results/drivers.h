@@ -44,14 +44,14 @@ enum class DriverScreen { newDriver, profile };
 // The record with its defaults filled in.
 DriverRecord completed(DriverRecord record, DriverScreen screen);
 
-void storeDriver(const Season &season, std::string_view number, const DriverRecord &record, DriverScreen screen);
+void storeDriver(const WritableSeason &season, std::string_view number, const DriverRecord &record, DriverScreen screen);
 
 // The first number from 1 up that no driver holds; 27 and more when all 26 are taken.
 int firstFreeNumber(const Season &season);
 
 // Seasons of a driver's career, by his name; empty when nobody counted them.
 std::string careerSeasons(const Season &season, std::string_view name);
-void storeCareerSeasons(const Season &season, std::string_view name, std::string_view seasons); // not for an empty name
+void storeCareerSeasons(const WritableSeason &season, std::string_view name, std::string_view seasons); // not for an empty name
 
 // Where a driver's photo and a team's picture lie when no path is stored.
 std::string defaultPhoto(std::string_view folder, std::string_view name);

@@ -6,14 +6,14 @@ Grid loadGrid(const Season &season, std::string_view gpName)
 {
     Grid grid;
     for (int place = 1; place <= gridPlaces; ++place)
-        grid[static_cast<std::size_t>(place - 1)] = season.grille(place, gpName);
+        grid[place] = season.grille(place, gpName);
     return grid;
 }
 
-void storeGrid(const Season &season, std::string_view gpName, const Grid &grid)
+void storeGrid(const WritableSeason &season, std::string_view gpName, const Grid &grid)
 {
     for (int place = 1; place <= gridPlaces; ++place)
-        season.write(keys::N, keys::grilledepart(gpName, place), grid[static_cast<std::size_t>(place - 1)]);
+        season.write(keys::N, keys::grilledepart(gpName, place), grid[place]);
 }
 
 std::optional<int> driverNamed(const Season &season, std::string_view name)

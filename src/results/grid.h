@@ -1,15 +1,14 @@
 #pragma once
 // The starting grid of a Grand Prix: 26 places that hold drivers' names, kept apart from the result.
+#include "store/by_place.h"
 #include "store/season.h"
-
-#include <array>
 
 namespace circuidex::results {
 
-using Grid = std::array<std::string, gridPlaces>; // place 1 in element 0; empty for a free place
+using Grid = ByPlace<std::string, gridPlaces>; // empty for a free place
 
 Grid loadGrid(const Season &season, std::string_view gpName);
-void storeGrid(const Season &season, std::string_view gpName, const Grid &grid);
+void storeGrid(const WritableSeason &season, std::string_view gpName, const Grid &grid);
 
 // The number of the driver with this name, the first one where two have it; absent when nobody has. An empty name finds
 // nobody.

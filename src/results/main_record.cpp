@@ -5,15 +5,15 @@ namespace circuidex::results {
 Scale MainRecord::scale() const
 {
     Scale scale;
-    for (std::size_t i = 0; i < scale.size(); ++i)
-        scale[i] = ptspilot[i].text();
+    for (int place = 1; place <= classifiedPlaces; ++place)
+        scale[place] = ptspilot[place].text();
     return scale;
 }
 
 void MainRecord::setScale(const Scale &scale)
 {
-    for (std::size_t i = 0; i < scale.size(); ++i)
-        ptspilot[i].set(scale[i]);
+    for (int place = 1; place <= classifiedPlaces; ++place)
+        ptspilot[place].set(scale[place]);
 }
 
 void MainRecord::refreshScale()

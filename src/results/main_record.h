@@ -37,7 +37,7 @@ public:
     Field Image2, Label50; // picture of the Grand Prix
     Field a;               // path of the film
     Field film;            // "vrai" while the video button is green: a film of this Grand Prix is at hand
-    std::array<Field, classifiedPlaces> ptspilot; // the scale in use
+    ByPlace<Field, classifiedPlaces> ptspilot; // the scale in use
     Field pol, vic, pts, lblrec; // candidates for the record lists: poles, wins and points, and the pole-sitter's name
 
     // The editor of the scale, while it is open: gives up its boxes as they stand and closes.
@@ -47,6 +47,7 @@ public:
     std::function<void(const std::string &season)> clearTotalsSoon;
 
     Season season() const { return Season(store, an.text()); }
+    WritableSeason writableSeason() const { return WritableSeason(store, an.text()); }
     Scale scale() const;
     void setScale(const Scale &scale);
     void refreshScale();

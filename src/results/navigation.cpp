@@ -43,7 +43,7 @@ void showFilm(MainRecord &main)
     const bool beside = !main.surroundings.findFile(path).empty();
     main.film.set(beside ? "vrai" : "");
     if (beside)
-        main.season().write(keys::gp, key, path);
+        main.writableSeason().write(keys::gp, key, path);
 }
 
 void showSlot(MainRecord &main)
@@ -57,14 +57,12 @@ void moveCursor(MainRecord &main, std::string_view end, std::string_view beforeS
 {
     if (main.Label40.text() == end)
         main.Label40.set(std::string(beforeStart));
-    if (const auto slot = main.store.numbers().value(main.Label40.text()))
-        main.Label40.set(main.store.numbers().text(*slot + step));
+    main.Label40.set(main.store.numbers().stepped(main.Label40.text(), step));
 }
 
 void changeSeason(MainRecord &main, double step)
 {
-    if (const auto year = main.store.numbers().value(main.an.text()))
-        main.an.set(main.store.numbers().text(*year + step));
+    main.an.set(main.store.numbers().stepped(main.an.text(), step));
     main.gp.set(main.season().read(keys::gp, keys::namegp(main.Label40.text())));
     showGrandPrix(main);
 }
@@ -117,7 +115,7 @@ void goToFirstFreeSlot(MainRecord &main)
     showSlot(main);
 }
 
-void rebuildNogp(const Season &season)
+void rebuildNogp(const WritableSeason &season)
 {
     season.write(keys::gp, "nogp", std::to_string(firstFreeSlot(season)));
 }
@@ -127,7 +125,7 @@ void openOnLastRecorded(MainRecord &main)
     main.Label40.set(std::to_string(std::max(firstFreeSlot(main.season()) - 1, 0)));
     showSlot(main);
     main.refreshScale();
-    rebuildNogp(main.season());
+    rebuildNogp(main.writableSeason());
 }
 
 bool openMarkedSeason(MainRecord &main)

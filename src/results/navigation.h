@@ -23,7 +23,7 @@ int firstFreeSlot(const Season &season);
 void goToFirstFreeSlot(MainRecord &main);
 
 // "nogp" of a season: the Grands Prix recorded one behind the other from the first slot, whatever the key held before.
-void rebuildNogp(const Season &season);
+void rebuildNogp(const WritableSeason &season);
 
 // The start on a season: shows the last Grand Prix before the first free slot, refreshes the scale, rebuilds "nogp".
 void openOnLastRecorded(MainRecord &main);

@@ -10,9 +10,9 @@ namespace {
 constexpr int lastCountedNumber = 29; // files may hold points of numbers beyond the last driver
 constexpr int numbersWithOneMore = 24; // whose seasons are counted, from driver 1
 
-Season transitFile(const MainRecord &main)
+WritableSeason transitFile(const MainRecord &main)
 {
-    return Season(main.store, "transit");
+    return WritableSeason(main.store, "transit");
 }
 
 // Absent for a text that is no number, and for one so great that one more makes no difference.
@@ -25,17 +25,17 @@ std::optional<std::string> yearAfter(const std::string &year, const Numbers &num
 // The title goes to the driver's record before the record is copied, so that both seasons know it.
 void crown(MainRecord &main, const std::string &champion)
 {
-    const Season season = main.season();
+    const WritableSeason season = main.writableSeason();
     const std::string &year = season.stem();
     const std::string name = season.nom(champion), points = season.driver("nbpts", champion);
     season.write(keys::N, keys::driver("champion", champion), season.driver("champion", champion) + "-" + year);
     main.dialogs.message(name + " sur " + season.ecurie(champion) + " est le champion du monde de la saison " + year +
                          " avec " + points + " points!");
-    Season(main.store, std::string(keys::ARCHIVES)).write(keys::GP, keys::join("championdumd", year), name);
+    WritableSeason(main.store, std::string(keys::ARCHIVES)).write(keys::GP, keys::champion(year), name);
 }
 
 // Phase one for one number. A driver without team or figures is given them here.
-void leaveDriver(const Season &old, const Season &transit, const std::string &number)
+void leaveDriver(const Season &old, const WritableSeason &transit, const std::string &number)
 {
     storeDriver(transit, number, completed(readDriver(old, number), DriverScreen::newDriver), DriverScreen::profile);
     const std::string name = transit.nom(number), team = keys::lblecuriE(transit.ecurie(number));
@@ -45,7 +45,7 @@ void leaveDriver(const Season &old, const Season &transit, const std::string &nu
 
 // A main screen of its own walks through the calendar, since the path of a circuit's picture is the one it is shown by.
 // It looks for no film: finding one is noted in the season.
-void leaveCalendar(const MainRecord &main, const Season &transit)
+void leaveCalendar(const MainRecord &main, const WritableSeason &transit)
 {
     Surroundings pictures;
     pictures.findPicture = main.surroundings.findPicture;
@@ -63,7 +63,7 @@ void leaveCalendar(const MainRecord &main, const Season &transit)
 // Phase two for one number. Podiums begin to count here if they didn't before. The number itself goes with a driver who
 // has a name: the screen for a new driver looks for the first free one, and without it would offer number 1, which is
 // somebody's.
-void arriveDriver(const Season &transit, const Season &fresh, const std::string &number)
+void arriveDriver(const Season &transit, const WritableSeason &fresh, const std::string &number)
 {
     DriverRecord record = readDriver(transit, number);
     for (std::size_t i = 0; i < record.size(); ++i)
@@ -78,7 +78,7 @@ void arriveDriver(const Season &transit, const Season &fresh, const std::string 
     fresh.write(keys::N, team, transit.read(keys::N, team));
 }
 
-void arriveGrandPrix(const Season &transit, const Season &fresh, int slot)
+void arriveGrandPrix(const Season &transit, const WritableSeason &fresh, int slot)
 {
     const std::string name = transit.namegp(slot);
     fresh.write(keys::gp, keys::namegp(slot), name);
@@ -90,7 +90,7 @@ void arriveGrandPrix(const Season &transit, const Season &fresh, int slot)
 }
 
 // As the driver's sheet counts it: who has no count is in his first season, and begins his second.
-void countSeasons(const Season &season)
+void countSeasons(const WritableSeason &season)
 {
     for (int number = 1; number <= numbersWithOneMore; ++number) {
         const std::string name = season.nom(number), held = careerSeasons(season, name);
@@ -105,14 +105,15 @@ void passOnScale(MainRecord &main)
     if (main.closeScaleEditor)
         main.closeScaleEditor(); // it holds the scale of the old season
     main.refreshScale();
-    storeScale(main.season(), main.scale());
+    storeScale(main.writableSeason(), main.scale());
 }
 
 // False when the transit file doesn't hold the drivers; what an earlier passage left there must not arrive instead.
 bool leave(const MainRecord &main)
 {
     const unsigned lost = main.store.lostWrites();
-    const Season old = main.season(), transit = transitFile(main);
+    const Season old = main.season();
+    const WritableSeason transit = transitFile(main);
     for (int number = 0; number < carriedSlots; ++number)
         leaveDriver(old, transit, std::to_string(number));
     leaveCalendar(main, transit);
@@ -123,7 +124,8 @@ bool leave(const MainRecord &main)
 bool arrive(const MainRecord &main, const std::string &year)
 {
     const unsigned lost = main.store.lostWrites();
-    const Season transit = transitFile(main), fresh(main.store, year);
+    const Season transit = transitFile(main);
+    const WritableSeason fresh(main.store, year);
     for (int number = 0; number < carriedSlots; ++number)
         arriveDriver(transit, fresh, std::to_string(number));
     for (int slot = 0; slot < gpSlots; ++slot)
@@ -171,7 +173,7 @@ bool passToNextSeason(MainRecord &main, const std::string &champion)
         main.dialogs.message("La saison \"" + year + "\" n'est pas une année : il n'y a pas de saison suivante.");
         return false;
     }
-    const Season old = main.season();
+    const WritableSeason old = main.writableSeason();
     const std::string titleKey = keys::driver("champion", champion), titles = old.read(keys::N, titleKey);
     crown(main, champion);
     main.dialogs.message(
@@ -192,7 +194,7 @@ bool passToNextSeason(MainRecord &main, const std::string &champion)
     return true;
 }
 
-void clearTotals(const Season &season)
+void clearTotals(const WritableSeason &season)
 {
     for (int number = 1; number <= driverSlots; ++number)
         if (const std::string team = season.ecurie(number); !team.empty())

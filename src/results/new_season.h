@@ -20,6 +20,6 @@ std::optional<int> championshipLeader(const Season &season);
 bool passToNextSeason(MainRecord &main, const std::string &champion);
 
 // Points of drivers and teams back to 0. They come over with the drivers and are cleared a moment after the passage.
-void clearTotals(const Season &season);
+void clearTotals(const WritableSeason &season);
 
 }

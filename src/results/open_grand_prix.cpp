@@ -31,9 +31,9 @@ std::vector<StandingRow> driversAfter(const Season &season, int lastSlot, const 
     for (int slot = 0; slot <= lastSlot; ++slot) {
         const std::string gpName = season.namegp(slot);
         for (int place = 1; place <= classifiedPlaces; ++place) {
-            const auto driver = season.numbers().value(season.podium(place, gpName));
-            const auto value = season.numbers().value(scale[static_cast<std::size_t>(place - 1)]);
-            if (!driver || !value || *driver < 1 || *driver > driverSlots)
+            const auto driver = driverSlot(season.podium(place, gpName), season.numbers());
+            const auto value = season.numbers().value(scale[place]);
+            if (!driver || !value)
                 continue;
             auto &total = points[static_cast<std::size_t>(*driver)];
             total = total.value_or(0) + *value;
@@ -60,13 +60,13 @@ std::vector<StandingRow> teamsAfter(const Season &season, int lastSlot)
     return ranked(std::move(totals), season.numbers());
 }
 
-std::array<std::string, gridPlaces> gridTeams(const Season &season, const Grid &grid)
+ByPlace<std::string, gridPlaces> gridTeams(const Season &season, const Grid &grid)
 {
-    std::array<std::string, gridPlaces> found;
-    for (std::size_t i = 0; i < grid.size(); ++i)
-        if (const auto number = driverNamed(season, grid[i]))
+    ByPlace<std::string, gridPlaces> found;
+    for (int place = 1; place <= gridPlaces; ++place)
+        if (const auto number = driverNamed(season, grid[place]))
             if (std::string team = season.ecurie(*number); team != keys::Aucune)
-                found[i] = std::move(team);
+                found[place] = std::move(team);
     return found;
 }
 

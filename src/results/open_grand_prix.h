@@ -20,7 +20,7 @@ std::vector<StandingRow> driversAfter(const Season &season, int lastSlot, const 
 std::vector<StandingRow> teamsAfter(const Season &season, int lastSlot);
 
 // The team of each driver of a grid, by his name; empty for nobody, an unknown name and a driver without a team.
-std::array<std::string, gridPlaces> gridTeams(const Season &season, const Grid &grid);
+ByPlace<std::string, gridPlaces> gridTeams(const Season &season, const Grid &grid);
 
 // The slot of a Grand Prix in the calendar, the first one where two bear the name; absent when it isn't there.
 std::optional<int> slotNamed(const Season &season, std::string_view gpName);

@@ -8,7 +8,7 @@ namespace {
 
 constexpr int lastKeptSlot = 29;
 
-void count(const Season &season, std::string_view key, std::string_view amount, Count direction)
+void count(const WritableSeason &season, std::string_view key, std::string_view amount, Count direction)
 {
     if (direction == Count::add)
         season.add(keys::N, key, amount);
@@ -16,7 +16,7 @@ void count(const Season &season, std::string_view key, std::string_view amount, 
         season.subtract(keys::N, key, amount);
 }
 
-void countFromZero(const Season &season, std::string_view key, std::string_view amount, Count direction)
+void countFromZero(const WritableSeason &season, std::string_view key, std::string_view amount, Count direction)
 {
     if (direction == Count::add)
         season.addFromZero(keys::N, key, amount);
@@ -37,25 +37,25 @@ void showResult(RaceFields &fields, const Season &season)
         fields.name(place).set(season.nom(fields.number(place).text()));
 }
 
-void countTeams(RaceFields &fields, const Season &season, const Scale &scale, Count direction)
+void countTeams(RaceFields &fields, const WritableSeason &season, const Scale &scale, Count direction)
 {
     for (int place = 1; place <= classifiedPlaces; ++place) {
         const std::string team = season.ecurie(fields.number(place).text());
         if (!team.empty())
-            countFromZero(season, keys::ptsecurie(team), scale[static_cast<std::size_t>(place - 1)], direction);
+            countFromZero(season, keys::ptsecurie(team), scale[place], direction);
     }
 }
 
-void countPole(RaceFields &fields, const Season &season, Count direction)
+void countPole(RaceFields &fields, const WritableSeason &season, Count direction)
 {
     count(season, keys::driver("pol", fields.Text39.text()), "1", direction);
 }
 
-void countDrivers(RaceFields &fields, const Season &season, const Scale &scale, Count direction)
+void countDrivers(RaceFields &fields, const WritableSeason &season, const Scale &scale, Count direction)
 {
     for (int place = 1; place <= classifiedPlaces; ++place) {
         const std::string number = fields.number(place).text();
-        const std::string &points = scale[static_cast<std::size_t>(place - 1)];
+        const std::string &points = scale[place];
         fields.name(place).set(season.nom(number));
         count(season, keys::driver("nbpts", number), points, direction);
         count(season, keys::driver("ptstot", number), points, direction);
@@ -66,7 +66,7 @@ void countDrivers(RaceFields &fields, const Season &season, const Scale &scale, 
     }
 }
 
-void countStarts(const Season &season, Count direction)
+void countStarts(const WritableSeason &season, Count direction)
 {
     for (int slot = 1; slot <= driverSlots; ++slot)
         countFromZero(season, keys::driver("nbgp", slot), "1", direction);
@@ -77,7 +77,7 @@ std::vector<std::string> teams(const Season &season)
     return teamsNamed(season, 0, lastKeptSlot);
 }
 
-void resetTeamPoints(const Season &season, std::string_view slot, std::string_view text)
+void resetTeamPoints(const WritableSeason &season, std::string_view slot, std::string_view text)
 {
     for (const std::string &team : teams(season))
         season.write(keys::N, keys::ecuriepts(team, slot), text);

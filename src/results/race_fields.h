@@ -13,13 +13,13 @@ namespace circuidex::results {
 struct RaceFields {
     Field gp;                                        // the name of the Grand Prix, the key of its results
     Field dat;                                       // its date, free text
-    std::array<Field, classifiedPlaces> Text1to8;    // driver numbers of places 1 to 8, empty for nobody
-    std::array<Field, classifiedPlaces> Text31to38;  // their names
+    ByPlace<Field, classifiedPlaces> Text1to8;    // driver numbers of places 1 to 8, empty for nobody
+    ByPlace<Field, classifiedPlaces> Text31to38;  // their names
     Field Text39;                                    // the number of the driver in pole position
     Field Text41;                                    // the remark
 
-    Field &number(int place) { return Text1to8[static_cast<std::size_t>(place - 1)]; }
-    Field &name(int place) { return Text31to38[static_cast<std::size_t>(place - 1)]; }
+    Field &number(int place) { return Text1to8[place]; }
+    Field &name(int place) { return Text31to38[place]; }
 };
 
 // Fills the fields with what the season holds for the Grand Prix named in gp; the date is left alone.
@@ -29,22 +29,22 @@ void showResult(RaceFields &fields, const Season &season);
 enum class Count { add, takeBack };
 
 // Points of the eight places to the teams' season totals. A team with two drivers among them is credited twice.
-void countTeams(RaceFields &fields, const Season &season, const Scale &scale, Count count);
+void countTeams(RaceFields &fields, const WritableSeason &season, const Scale &scale, Count count);
 
 // The pole to the career of the pole-sitter.
-void countPole(RaceFields &fields, const Season &season, Count count);
+void countPole(RaceFields &fields, const WritableSeason &season, Count count);
 
 // Points, win and podiums to the drivers; shows their names. A counter that is missing stays missing.
-void countDrivers(RaceFields &fields, const Season &season, const Scale &scale, Count count);
+void countDrivers(RaceFields &fields, const WritableSeason &season, const Scale &scale, Count count);
 
 // One Grand Prix more or less for every driver of the season, whether he started or not.
-void countStarts(const Season &season, Count count);
+void countStarts(const WritableSeason &season, Count count);
 
 // The teams that the season's drivers name, each once, in the order of their first driver. Drivers entered when all 26
 // numbers were taken stand behind them and count here.
 std::vector<std::string> teams(const Season &season);
 
 // Puts one text into every team's points of a calendar slot.
-void resetTeamPoints(const Season &season, std::string_view slot, std::string_view text);
+void resetTeamPoints(const WritableSeason &season, std::string_view slot, std::string_view text);
 
 }

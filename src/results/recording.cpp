@@ -20,14 +20,14 @@ bool refused(MainRecord &main)
     return false;
 }
 
-void enterCalendar(const Season &season, const MainRecord &main)
+void enterCalendar(const WritableSeason &season, const MainRecord &main)
 {
     if (const auto recorded = season.numbers().sum(main.Label40.text(), "1"))
         season.write(keys::gp, "nogp", *recorded);
     season.write(keys::gp, keys::namegp(std::string_view(main.Label40.text())), main.gp.text());
 }
 
-void enterPlaces(const Season &season, MainRecord &main)
+void enterPlaces(const WritableSeason &season, MainRecord &main)
 {
     for (int place = 1; place <= classifiedPlaces; ++place)
         season.write(keys::podiums, keys::podium(place, main.gp.text()), main.number(place).text());
@@ -35,11 +35,11 @@ void enterPlaces(const Season &season, MainRecord &main)
 }
 
 // The points of this race alone, by team.
-void enterTeamPoints(const Season &season, MainRecord &main, const Scale &scale)
+void enterTeamPoints(const WritableSeason &season, MainRecord &main, const Scale &scale)
 {
     for (int place = 1; place <= classifiedPlaces; ++place) {
         const std::string team = season.ecurie(main.number(place).text());
-        season.add(keys::N, keys::ecuriepts(team, main.Label40.text()), scale[static_cast<std::size_t>(place - 1)]);
+        season.add(keys::N, keys::ecuriepts(team, main.Label40.text()), scale[place]);
     }
 }
 
@@ -55,7 +55,7 @@ bool hasResult(const Season &season, std::string_view gpName)
 
 void enterResult(MainRecord &main)
 {
-    const Season season = main.season();
+    const WritableSeason season = main.writableSeason();
     const Scale scale = main.scale();
     enterCalendar(season, main);
     countStarts(season, Count::add);
@@ -80,7 +80,7 @@ void proposeRecords(MainRecord &main)
 
 Recording recordSimulatedGrandPrix(MainRecord &main)
 {
-    const Season season = main.season();
+    const WritableSeason season = main.writableSeason();
     season.write(keys::gp, keys::dategp(main.gp.text()), main.dat.text());
     main.refreshScale();
     if (refused(main))

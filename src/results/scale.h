@@ -1,21 +1,21 @@
 #pragma once
 // The points of the first eight places. Each season may have its own scale; a season without one takes over the scale of
 // the year before, one year back and no further, and gaps are filled from the scale in use since 2003.
+#include "store/by_place.h"
 #include "store/season.h"
 
-#include <array>
 #include <string>
 
 namespace circuidex::results {
 
-// Points of places 1 to 8, as text; place 1 in element 0. A text that is no number gives its place no points.
-using Scale = std::array<std::string, classifiedPlaces>;
+// Points of places 1 to 8, as text. A text that is no number gives its place no points.
+using Scale = ByPlace<std::string, classifiedPlaces>;
 
 inline const Scale builtInScale{"10", "8", "6", "5", "4", "3", "2", "1"};
 
 // Writes nothing, not even an inherited scale.
 Scale loadScale(const Season &season);
 
-void storeScale(const Season &season, const Scale &scale);
+void storeScale(const WritableSeason &season, const Scale &scale);
 
 }

@@ -7,8 +7,8 @@ void Control::setText(const QString &text)
     if (text == m_text)
         return;
     m_text = text;
-    if (onChange)
-        onChange(text);
+    if (const auto handler = onChange)
+        handler(text);
 }
 
 void Control::press()
@@ -25,8 +25,8 @@ void Control::doubleClick()
 
 void Control::hover()
 {
-    if (inSight() && onHover)
-        onHover();
+    if (const auto handler = onHover; handler && inSight())
+        handler();
 }
 
 void Control::key(const QString &name)
@@ -94,7 +94,8 @@ TimerControl::TimerControl(int milliseconds, Kind kind, std::function<void()> fi
     QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this, fire = std::move(fire)] {
         if (m_kind == Kind::once)
             m_interval = 0;
-        fire();
+        const auto copy = fire; // it may close its screen
+        copy();
     });
     if (kind == Kind::once && milliseconds > 0)
         m_timer.start(milliseconds);

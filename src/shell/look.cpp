@@ -38,6 +38,7 @@ QToolTip { background:#FFFFFF; color:#1F2733; border:1px solid #D9DDE3; padding:
 #caption { font-weight:bold; font-size:12px; color:#3D4755; }
 #hint { color:#6B7482; font-size:12px; }
 #large { font-weight:bold; font-size:18px; }
+#winner { font-weight:bold; font-size:30px; }
 #figure { font-weight:bold; }
 #place { color:#6B7482; }
 #status { color:#1B7A3D; font-weight:bold; }
@@ -92,6 +93,21 @@ QScrollBar::add-line, QScrollBar::sub-line { width:0; height:0; }
     return QString(sheet)
         .replace(QLatin1String("MAIN"), colour(skin.main).name())
         .replace(QLatin1String("EDGE"), colour(skin.edge).name());
+}
+
+QString swatch(const QColor &colour)
+{
+    return u"background:%1;border-radius:3px"_s.arg(colour.name());
+}
+
+QString modeGroup(const QColor &ground)
+{
+    return u"#modes { background:%1; border-radius:6px; }"_s.arg(ground.name());
+}
+
+QString narrowHeads()
+{
+    return u"QHeaderView::section { font-size:11px; padding:0 6px; }"_s;
 }
 
 }

@@ -4,6 +4,7 @@
 #include "shell/skin.h"
 
 #include <QColor>
+#include <QMargins>
 #include <QString>
 
 class QApplication;
@@ -23,9 +24,16 @@ inline const QColor chosen{192, 192, 255};      // the selected row, no change
 inline const QColor gain{192, 255, 192};        // gain or best
 inline const QColor loss{255, 192, 192};        // loss or worst
 inline const QColor pointed{255, 0, 0};         // a command label under the pointer
+inline const QColor unpointed{0, 0, 0};
+inline const QColor plain{255, 255, 255};       // of a cell that says nothing
+inline const QColor atHand{0, 255, 0};          // a film of this Grand Prix is at hand
+inline const QColor onBar{255, 255, 255};       // text on the bars of ranked tables
+inline const QColor average{0, 0, 0};           // of a highlighted line
+inline const QColor pairBars[]{{255, 0, 0}, {0, 255, 0}, {0, 0, 255}, {255, 255, 0}}; // of two and two subjects
 
 inline constexpr int rowHeight = 22; // pixels
 inline constexpr int gap = 8;        // pixels, the grid that everything stands on
+inline constexpr QMargins margins{10, 8, 10, 10}; // of every screen, within its border
 
 inline QColor colour(const Colour &c) { return {c.red, c.green, c.blue}; }
 
@@ -34,5 +42,10 @@ void dress(QApplication &application);
 
 // The style sheet of a screen in the given skin.
 QString styleSheet(const Skin &skin);
+
+// The sheets of the few widgets that differ from the common one.
+QString swatch(const QColor &colour);      // a small bar that says which line is whose
+QString modeGroup(const QColor &ground);   // the ground of a group of buttons; the widget is named "modes"
+QString narrowHeads();                     // of a table whose heads are many and small
 
 }

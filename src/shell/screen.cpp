@@ -97,8 +97,9 @@ void Screen::registerChrome()
 
 void Screen::keep(const QString &name, std::optional<int> index, std::unique_ptr<Control> control)
 {
-    Q_ASSERT(!m_controls[name].contains(index.value_or(single)));
-    m_controls[name][index.value_or(single)] = std::move(control);
+    // A second control of one name would leave the first one's handlers pointing nowhere.
+    if (!m_controls[name].emplace(index.value_or(single), std::move(control)).second)
+        qFatal("%s: a second control %s", qPrintable(m_name), qPrintable(name));
 }
 
 void Screen::registerWidget(const QString &name, QWidget *widget, std::optional<int> index)
@@ -215,6 +216,22 @@ void Screen::print()
     context.platform.print(*this, m_name.toStdString());
 }
 
+QVBoxLayout *Screen::page()
+{
+    auto *layout = new QVBoxLayout(m_body);
+    layout->setContentsMargins(look::margins);
+    layout->setSpacing(look::gap);
+    return layout;
+}
+
+QHBoxLayout *Screen::footRow(const QString &print)
+{
+    auto *row = new QHBoxLayout;
+    row->addWidget(printCommand(print));
+    row->addStretch(1);
+    return row;
+}
+
 Button *Screen::button(const QString &name, const QString &caption, std::function<void()> handler,
                        std::optional<int> index)
 {
@@ -329,6 +346,7 @@ void Screen::closeEvent(QCloseEvent *event)
             timer->stop();
         context.screens.closed(*this);
         closing();
+        m_alive.reset(); // a closed screen listens no more
     }
     event->accept();
 }

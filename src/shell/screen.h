@@ -11,6 +11,9 @@
 #include <memory>
 #include <set>
 
+class QHBoxLayout;
+class QVBoxLayout;
+
 namespace circuidex {
 
 namespace results {
@@ -75,6 +78,8 @@ protected:
     virtual void closing() {}
 
     QWidget *body() const { return m_body; }
+    QVBoxLayout *page(); // the screen's layout from top to bottom, with the margins of all screens
+    QHBoxLayout *footRow(const QString &print); // "Imprimer" at the left; what is added stands at the right
 
     // Registers a widget under its control name; its handlers serve the mouse and the driver alike.
     template <class W>

@@ -38,7 +38,7 @@ Screen *Screens::openUnseen(const QString &name)
 {
     if (Screen *screen = find(name))
         return screen;
-    const ScreenRow *made = row(name);
+    const ScreenRow *made = m_ending ? nullptr : row(name);
     if (!made)
         return nullptr;
     Screen *screen = made->make(*m_context, made->name, made->title);
@@ -59,6 +59,14 @@ void Screens::close(const QString &name)
 {
     if (Screen *screen = find(name))
         screen->close();
+}
+
+void Screens::closeAll()
+{
+    m_ending = true;
+    while (!m_open.empty())
+        m_open.back()->close(); // takes itself out of the list
+    m_ending = false;
 }
 
 void Screens::bringMainBack() const

@@ -46,6 +46,7 @@ public:
     bool isOpen(const QString &name) const { return find(name) != nullptr; }
     bool exists(const QString &name) const { return row(name) != nullptr; }
     void close(const QString &name);
+    void closeAll(); // what a closing screen would open by it doesn't come up
     void bringMainBack() const; // the main screen in sight again, after a screen that took its place
 
     QStringList openNames() const; // in the order of opening
@@ -67,6 +68,7 @@ private:
     std::vector<ScreenRow> m_rows;
     std::vector<Screen *> m_open;
     Context *m_context = nullptr;
+    bool m_ending = false;
 };
 
 }

@@ -69,7 +69,7 @@ std::string steppedTeam(const Season &season, std::string_view number, int by, s
     return numbers.text(at);
 }
 
-std::string changeTyre(const Season &season, std::string_view team)
+std::string changeTyre(const WritableSeason &season, std::string_view team)
 {
     const std::string key = tyreKey(team);
     const std::string make = season.read(keys::N, key);

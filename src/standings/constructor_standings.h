@@ -26,7 +26,7 @@ Standings constructorStandings(const Season &season, std::string_view favourite)
 std::string steppedTeam(const Season &season, std::string_view number, int by, std::string_view team);
 
 // Changes a team's tyre make to the other one. What is neither "M" nor "B" stays. Gives the make that now stands.
-std::string changeTyre(const Season &season, std::string_view team);
+std::string changeTyre(const WritableSeason &season, std::string_view team);
 
 // The teams in the order of their first driver, with what they scored race by race.
 struct TeamDetail {

@@ -1,16 +1,6 @@
 #include "standings/points_matrix.h"
 
-#include <cmath>
-
 namespace circuidex::standings {
-
-std::optional<int> driverIn(std::string_view text, const Numbers &numbers)
-{
-    const auto number = numbers.value(text);
-    if (!number || *number < 1 || *number > driverSlots || *number != std::floor(*number))
-        return std::nullopt;
-    return static_cast<int>(*number);
-}
 
 PointsMatrix pointsMatrix(const Season &season, const results::Scale &scale)
 {
@@ -20,8 +10,8 @@ PointsMatrix pointsMatrix(const Season &season, const results::Scale &scale)
         if (name.empty())
             continue;
         for (int place = 1; place <= classifiedPlaces; ++place)
-            if (const auto driver = driverIn(season.podium(place, name), season.numbers()))
-                matrix.cells[PointsMatrix::index(*driver, gp)] = scale[static_cast<std::size_t>(place - 1)];
+            if (const auto driver = driverSlot(season.podium(place, name), season.numbers()))
+                matrix.cells[PointsMatrix::index(*driver, gp)] = scale[place];
         matrix.races[static_cast<std::size_t>(gp)] = name;
         matrix.poles[static_cast<std::size_t>(gp)] = season.read(keys::N, keys::pol(name));
     }
@@ -31,7 +21,7 @@ PointsMatrix pointsMatrix(const Season &season, const results::Scale &scale)
 void markPoles(PointsMatrix &matrix, const Numbers &numbers)
 {
     for (int gp = 0; gp < gpSlots; ++gp)
-        if (const auto driver = driverIn(matrix.poles[static_cast<std::size_t>(gp)], numbers))
+        if (const auto driver = driverSlot(matrix.poles[static_cast<std::size_t>(gp)], numbers))
             matrix.cells[PointsMatrix::index(*driver, gp)] += poleMark;
 }
 

@@ -23,9 +23,6 @@ struct PointsMatrix {
     const std::string &at(int driver, int gp) const { return cells[index(driver, gp)]; }
 };
 
-// The driver whose number a text is; absent for nobody and for a number that the matrix has no row for.
-std::optional<int> driverIn(std::string_view text, const Numbers &numbers);
-
 PointsMatrix pointsMatrix(const Season &season, const results::Scale &scale);
 
 // What stands behind the points of the driver in pole position, once poles are shown. Such a cell is no number.

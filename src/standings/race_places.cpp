@@ -34,9 +34,9 @@ RacePlaces racePlaces(const Season &season, std::string gpName)
     if (race.gp.empty())
         return race;
     for (int place = 1; place <= gridPlaces; ++place)
-        race.grid[static_cast<std::size_t>(place - 1)] = nameAt(season, Stage::grid, place, race.gp);
+        race.grid[place] = nameAt(season, Stage::grid, place, race.gp);
     for (int place = 1; place <= classifiedPlaces; ++place)
-        race.finish[static_cast<std::size_t>(place - 1)] = nameAt(season, Stage::finish, place, race.gp);
+        race.finish[place] = nameAt(season, Stage::finish, place, race.gp);
     return race;
 }
 
@@ -64,10 +64,7 @@ std::string textOf(std::optional<int> place)
 
 std::optional<int> placeIn(std::string_view text, Stage stage, const Numbers &numbers)
 {
-    const auto place = numbers.value(text);
-    if (!place || *place < 1 || *place > lastPlace(stage) || *place != std::floor(*place))
-        return std::nullopt;
-    return static_cast<int>(*place);
+    return numbers.whole(text, 1, lastPlace(stage));
 }
 
 }

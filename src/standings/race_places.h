@@ -2,6 +2,7 @@
 // Who stood where in the races of a season, on the grid and at the finish, by name: read from the season once and then
 // asked as often as a table or a chart likes. The grid has the places 1 to 26, the finish 1 to 8; whoever finished
 // behind the eighth has no place at the finish.
+#include "store/by_place.h"
 #include "store/season.h"
 
 #include <array>
@@ -31,8 +32,8 @@ struct DriverPlaces {
 
 struct RacePlaces {
     std::string gp; // empty for a slot of the calendar without a race, where nobody has a place
-    std::array<std::string, gridPlaces> grid; // names, place 1 in element 0; empty for a free place
-    std::array<std::string, classifiedPlaces> finish;
+    ByPlace<std::string, gridPlaces> grid; // names; empty for a free place
+    ByPlace<std::string, classifiedPlaces> finish;
 
     // Among the first so many places.
     std::optional<int> place(Stage stage, std::string_view driver, Match match, int places = gridPlaces) const;

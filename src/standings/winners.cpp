@@ -77,7 +77,7 @@ void addArchivedWinners(std::array<RaceWinner, gpSlots> &rows, const Store &stor
 
 std::string championOf(const Store &store, std::string_view year)
 {
-    return store.LireINI(keys::ARCHIVES, keys::GP, keys::join("championdumd", year));
+    return store.LireINI(keys::ARCHIVES, keys::GP, keys::champion(year));
 }
 
 std::vector<std::string> winsOfDriver(const Store &store, std::string_view driver, std::string_view lastYear)
@@ -123,15 +123,7 @@ std::vector<std::string> racesWith(const Season &season, CountedRaces what, std:
 
 std::string listedName(const Store &store, std::string_view row)
 {
-    return store.LireINI(keys::ARCHIVES, keys::GP, keys::join("N", row));
-}
-
-std::string steppedIndex(std::string_view index, int by, std::optional<int> end, const Numbers &numbers)
-{
-    const auto from = numbers.value(index);
-    if (!from || (end && *from == *end))
-        return std::string(index);
-    return numbers.text(*from + by);
+    return store.LireINI(keys::ARCHIVES, keys::GP, keys::listed(row));
 }
 
 }

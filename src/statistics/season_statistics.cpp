@@ -17,18 +17,9 @@ std::string &of(Texts &texts, int number)
     return texts[static_cast<std::size_t>(number - 1)];
 }
 
-// The driver number that a result names; absent for nobody.
-std::optional<int> driverNumber(const std::string &text, const Numbers &numbers)
-{
-    const auto value = numbers.value(text);
-    if (!value || *value < 1 || *value > driverSlots || *value != static_cast<int>(*value))
-        return std::nullopt;
-    return static_cast<int>(*value);
-}
-
 void countFor(Texts &figures, const std::string &driver, const Numbers &numbers)
 {
-    if (const auto number = driverNumber(driver, numbers)) {
+    if (const auto number = driverSlot(driver, numbers)) {
         std::string &figure = of(figures, *number);
         figure = numbers.sum(figure.empty() ? "0" : figure, "1").value_or(figure);
     }
@@ -61,8 +52,8 @@ void collect(StatisticTable &made, const Season &season, const Statistic &statis
     const Season source = statistic.allTime ? Season(season.store(), std::string(keys::ARCHIVES)) : season;
     for (int n = 1; n <= driverSlots; ++n) {
         if (statistic.allTime) {
-            of(made.names, n) = source.read(keys::record, keys::driver(statistic.allTime->nameKey, n));
-            of(made.figures, n) = source.read(keys::record, keys::driver(statistic.allTime->figureKey, n));
+            of(made.names, n) = source.read(keys::records, keys::record(statistic.allTime->nameKey, n));
+            of(made.figures, n) = source.read(keys::records, keys::record(statistic.allTime->figureKey, n));
         } else {
             of(made.names, n) = source.nom(n);
             const std::string points = source.driver("nbpts", n);
@@ -148,11 +139,11 @@ void keepAllTimeList(Store &store, const Statistic &statistic, const standings::
 {
     if (!statistic.allTime)
         return;
-    const Season archive(store, std::string(keys::ARCHIVES));
+    const WritableSeason archive(store, std::string(keys::ARCHIVES));
     const auto keep = [&](std::string_view prefix, int row, const std::string &text) {
-        const std::string key = keys::driver(prefix, row);
-        if (archive.read(keys::record, key) != text)
-            archive.write(keys::record, key, text);
+        const std::string key = keys::record(prefix, row);
+        if (archive.read(keys::records, key) != text)
+            archive.write(keys::records, key, text);
     };
     int row = 0;
     for (const standings::StandingsRow &entry : table.rows) {

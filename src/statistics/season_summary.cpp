@@ -12,7 +12,7 @@ namespace {
 
 std::string pointsOf(const results::Scale &scale, std::optional<int> finish)
 {
-    return finish ? scale[static_cast<std::size_t>(*finish - 1)] : std::string();
+    return finish ? scale[*finish] : std::string();
 }
 
 std::string unlessZero(std::string points)

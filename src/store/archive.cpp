@@ -10,7 +10,7 @@ namespace {
 std::optional<int> freeRow(const Season &archive)
 {
     for (int row = 0; row < archiveRows; ++row)
-        if (archive.read(keys::GP, keys::join("N", std::to_string(row))).empty())
+        if (archive.read(keys::GP, keys::listed(row)).empty())
             return row;
     return std::nullopt;
 }
@@ -18,7 +18,7 @@ std::optional<int> freeRow(const Season &archive)
 bool listed(const Season &archive, std::string_view gpName)
 {
     for (int row = 0; row < archiveRows; ++row)
-        if (archive.read(keys::GP, keys::join("N", std::to_string(row))) == gpName)
+        if (archive.read(keys::GP, keys::listed(row)) == gpName)
             return true;
     return false;
 }
@@ -27,30 +27,30 @@ bool listed(const Season &archive, std::string_view gpName)
 
 void archiveWinner(Store &store, std::string_view gpName, std::string_view year, std::string_view winner)
 {
-    const Season archive(store, std::string(keys::ARCHIVES));
+    const WritableSeason archive(store, std::string(keys::ARCHIVES));
     const auto row = freeRow(archive);
     if (!row)
         return;
-    if (archive.read(keys::GP, gpName).empty()) {
+    if (archive.read(keys::GP, keys::lastWinner(gpName)).empty()) {
         if (listed(archive, gpName))
             return;
-        archive.write(keys::GP, keys::join("N", std::to_string(*row)), gpName);
-        archive.write(keys::GP, "NO", std::to_string(*row + 1));
+        archive.write(keys::GP, keys::listed(*row), gpName);
+        archive.write(keys::GP, keys::listCount, std::to_string(*row + 1));
     }
-    archive.write(keys::GP, gpName, winner);
-    archive.write(keys::GP, keys::join(gpName, year), winner);
+    archive.write(keys::GP, keys::lastWinner(gpName), winner);
+    archive.write(keys::GP, keys::winner(gpName, year), winner);
 }
 
 std::string archivedWinner(const Store &store, std::string_view gpName, std::string_view year)
 {
-    return store.LireINI(keys::ARCHIVES, keys::GP, keys::join(gpName, year));
+    return store.LireINI(keys::ARCHIVES, keys::GP, keys::winner(gpName, year));
 }
 
 void archiveCandidates(Store &store, const RecordCandidates &candidates)
 {
-    const Season archive(store, std::string(keys::ARCHIVES));
+    const WritableSeason archive(store, std::string(keys::ARCHIVES));
     const auto write = [&](std::string_view key, const std::string &text) {
-        archive.write(keys::record, keys::driver(key, candidateRow), text);
+        archive.write(keys::records, keys::record(key, candidateRow), text);
     };
     write("nompol", candidates.poleSitter);
     write("nomvic", candidates.winner);

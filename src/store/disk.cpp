@@ -1,10 +1,12 @@
 #include "store/disk.h"
 
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <filesystem>
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -218,7 +220,7 @@ bool young(const Stamp &stamp)
     timespec now = {};
     ::clock_gettime(CLOCK_REALTIME, &now);
     const std::int64_t age = std::int64_t(now.tv_sec) * 1'000'000'000 + now.tv_nsec - stamp.modified;
-    return stamp.kind == Kind::file && std::llabs(age) < 100'000'000;
+    return std::llabs(age) < 100'000'000;
 }
 
 std::string target(const std::string &path)
@@ -260,7 +262,8 @@ Stamp repairAndRead(const std::string &path, std::string &bytes)
         return stamp;
     const std::string real = target(path);
     std::string old;
-    const bool useful = read(oldName(real), old).kind == Kind::file && !hollow(old);
+    const bool useful = target(oldName(real)) == oldName(real) && // a link isn't ours
+        read(oldName(real), old).kind == Kind::file && !hollow(old);
     return useful && calls.rename(oldName(real).c_str(), real.c_str()) == 0 ? read(path, bytes) : stamp;
 }
 
@@ -314,9 +317,42 @@ bool makeFolder(const std::string &path)
     return calls.makeFolder(path.c_str()) == 0 || errno == EEXIST;
 }
 
-bool move(const std::string &from, const std::string &to)
+bool makeNewFolder(const std::string &path)
 {
-    return look(to).kind == Kind::missing && calls.rename(from.c_str(), to.c_str()) == 0;
+    return calls.makeFolder(path.c_str()) == 0;
+}
+
+bool keepAs(const std::string &path, const std::string &secondName)
+{
+    if (share(path, secondName))
+        return true;
+    std::string bytes;
+    Stamp after;
+    return errno != EEXIST && read(path, bytes).kind == Kind::file && replace(secondName, bytes, false, after);
+}
+
+void removeName(const std::string &path)
+{
+    calls.unlink(path.c_str());
+}
+
+std::string freeName(const std::string &stem, std::string_view ending)
+{
+    std::string name = std::string(stem).append(ending);
+    for (int number = 2; look(name).kind != Kind::missing; ++number) {
+        if (number > 99)
+            return {};
+        name = std::string(stem).append(number < 10 ? "-0" : "-").append(std::to_string(number)).append(ending);
+    }
+    return name;
+}
+
+bool inside(const std::string &folder, const std::string &path)
+{
+    std::error_code error;
+    const std::filesystem::path outer = std::filesystem::canonical(folder, error);
+    const std::filesystem::path inner = error ? outer : std::filesystem::weakly_canonical(path, error);
+    return !error && std::mismatch(outer.begin(), outer.end(), inner.begin(), inner.end()).first == outer.end();
 }
 
 void tidy(const std::string &folder)

@@ -84,8 +84,19 @@ void setModified(const std::string &path, std::int64_t modified);
 // True also for a folder that is there already.
 bool makeFolder(const std::string &path);
 
-// Gives the file a name that no other one has. False when it keeps the one it had.
-bool move(const std::string &from, const std::string &to);
+// False also when the name is taken.
+bool makeNewFolder(const std::string &path);
+
+// Keeps the present content under a second name: a link, or a copy where there are none.
+bool keepAs(const std::string &path, const std::string &secondName);
+
+void removeName(const std::string &path);
+
+// The first of "stem.ending", "stem-02.ending" … that names nothing; empty when a hundred are taken.
+std::string freeName(const std::string &stem, std::string_view ending);
+
+// True when the path, with all links and dots resolved, lies in the folder or below it. It needn't exist yet.
+bool inside(const std::string &folder, const std::string &path);
 
 // Removes what a killed program left of a write in this folder.
 void tidy(const std::string &folder);

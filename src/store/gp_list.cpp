@@ -11,16 +11,11 @@ namespace {
 
 constexpr int lastMoved = gpListTidied - 2;
 
-std::string keyOf(int row)
-{
-    return keys::join("N", std::to_string(row));
-}
-
 std::vector<std::string> readRows(const Store &store, int count)
 {
     std::vector<std::string> rows;
     for (int row = 0; row < count; ++row)
-        rows.push_back(store.LireINI(keys::ARCHIVES, keys::GP, keyOf(row)));
+        rows.push_back(store.LireINI(keys::ARCHIVES, keys::GP, keys::listed(row)));
     return rows;
 }
 
@@ -41,10 +36,10 @@ std::vector<std::string> gpList(const Store &store)
 
 void deleteListedGp(Store &store, int row)
 {
-    const Season archive(store, std::string(keys::ARCHIVES));
-    if (archive.numbers().value(archive.read(keys::GP, "NO")) == row)
-        archive.subtract(keys::GP, "NO", "1");
-    archive.write(keys::GP, keyOf(row), "");
+    const WritableSeason archive(store, std::string(keys::ARCHIVES));
+    if (archive.numbers().value(archive.read(keys::GP, keys::listCount)) == row)
+        archive.subtract(keys::GP, keys::listCount, "1");
+    archive.write(keys::GP, keys::listed(row), "");
 }
 
 std::vector<std::string> tidied(std::vector<std::string> rows)
@@ -63,7 +58,7 @@ void tidyGpList(Store &store)
     const std::vector<std::string> after = tidied(before);
     for (int row = 0; row < gpListTidied; ++row)
         if (const std::string &name = after[std::size_t(row)]; name != before[std::size_t(row)])
-            store.EcrireINI(keys::ARCHIVES, keys::GP, keyOf(row), name);
+            store.EcrireINI(keys::ARCHIVES, keys::GP, keys::listed(row), name);
 }
 
 }

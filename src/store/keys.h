@@ -13,7 +13,7 @@ inline constexpr std::string_view gp = "gp";
 inline constexpr std::string_view podiums = "podium";
 inline constexpr std::string_view bareme = "bareme";
 inline constexpr std::string_view GP = "GP";         // of the archive
-inline constexpr std::string_view record = "record"; // of the archive
+inline constexpr std::string_view records = "record"; // of the archive
 
 // Stems of the files that aren't seasons.
 inline constexpr std::string_view ARCHIVES = "ARCHIVES";
@@ -63,5 +63,16 @@ inline std::string podium(int place, std::string_view gpName)
     return join("podium", join(std::to_string(place), gpName));
 }
 inline std::string rem(std::string_view gpName) { return join("rem", gpName); }
+
+// Archive, section GP: the all-time list of names by its rows, its count, the winners and the champions.
+inline constexpr std::string_view listCount = "NO";
+inline std::string listed(std::string_view row) { return join("N", row); }
+inline std::string listed(int row) { return join("N", std::to_string(row)); }
+inline std::string lastWinner(std::string_view gpName) { return std::string(gpName); }
+inline std::string winner(std::string_view gpName, std::string_view year) { return join(gpName, year); }
+inline std::string champion(std::string_view year) { return join("championdumd", year); }
+
+// Archive, section record: the rows of an all-time list.
+inline std::string record(std::string_view prefix, int row) { return join(prefix, std::to_string(row)); }
 
 }

@@ -95,4 +95,18 @@ std::optional<std::string> Numbers::difference(std::string_view a, std::string_v
     return text(*x - *y);
 }
 
+std::optional<int> Numbers::whole(std::string_view text, int first, int last) const
+{
+    const auto number = value(text);
+    if (!number || *number < first || *number > last || *number != std::floor(*number))
+        return std::nullopt;
+    return static_cast<int>(*number);
+}
+
+std::string Numbers::stepped(std::string_view text, double by, std::optional<double> end) const
+{
+    const auto from = value(text);
+    return !from || from == end ? std::string(text) : this->text(*from + by);
+}
+
 }

@@ -24,6 +24,12 @@ public:
     std::optional<std::string> sum(std::string_view a, std::string_view b) const;
     std::optional<std::string> difference(std::string_view a, std::string_view b) const;
 
+    // A whole number from first to last; absent for any other text.
+    std::optional<int> whole(std::string_view text, int first, int last) const;
+
+    // So many on, or back where it is negative; a text that is no number stays, and so does one that stands at the end.
+    std::string stepped(std::string_view text, double by, std::optional<double> end = {}) const;
+
     char separator() const { return m_separator; }
 
 private:

@@ -27,26 +27,26 @@ std::string Season::grille(int place, std::string_view gpName) const
     return read(keys::N, keys::grilledepart(gpName, place));
 }
 
-void Season::add(std::string_view section, std::string_view key, std::string_view amount) const
+void WritableSeason::add(std::string_view section, std::string_view key, std::string_view amount) const
 {
     if (const auto total = numbers().sum(read(section, key), amount))
         write(section, key, *total);
 }
 
-void Season::subtract(std::string_view section, std::string_view key, std::string_view amount) const
+void WritableSeason::subtract(std::string_view section, std::string_view key, std::string_view amount) const
 {
     if (const auto total = numbers().difference(read(section, key), amount))
         write(section, key, *total);
 }
 
-void Season::addFromZero(std::string_view section, std::string_view key, std::string_view amount) const
+void WritableSeason::addFromZero(std::string_view section, std::string_view key, std::string_view amount) const
 {
     const std::string held = read(section, key);
     if (const auto total = numbers().sum(held.empty() ? "0" : held, amount))
         write(section, key, *total);
 }
 
-void Season::subtractFromZero(std::string_view section, std::string_view key, std::string_view amount) const
+void WritableSeason::subtractFromZero(std::string_view section, std::string_view key, std::string_view amount) const
 {
     const std::string held = read(section, key);
     if (const auto total = numbers().difference(held.empty() ? "0" : held, amount))

@@ -11,21 +11,24 @@ inline constexpr int gpSlots = 20;         // 0 to 19
 inline constexpr int classifiedPlaces = 8; // places 1 to 8
 inline constexpr int gridPlaces = 26;      // places 1 to 26
 
+// The driver whose number a result holds, 1 to 26; absent for nobody and for what is no driver's number.
+inline std::optional<int> driverSlot(std::string_view number, const Numbers &numbers)
+{
+    return numbers.whole(number, 1, driverSlots);
+}
+
+// A season that is only read: what most screens need, and all that they can do with it.
 class Season {
 public:
-    Season(Store &store, std::string stem) : m_store(&store), m_stem(std::move(stem)) {}
+    Season(const Store &store, std::string stem) : m_store(&store), m_stem(std::move(stem)) {}
 
     const std::string &stem() const { return m_stem; }
-    Store &store() const { return *m_store; }
+    const Store &store() const { return *m_store; }
     const Numbers &numbers() const { return m_store->numbers(); }
 
     std::string read(std::string_view section, std::string_view key) const
     {
         return m_store->LireINI(m_stem, section, key);
-    }
-    void write(std::string_view section, std::string_view key, std::string_view value) const
-    {
-        m_store->EcrireINI(m_stem, section, key, value);
     }
 
     // A driver's key of section N°, by his number: driver("nom", 7).
@@ -44,6 +47,23 @@ public:
     // A Grand Prix is recorded when its first place is held.
     bool recorded(std::string_view gpName) const { return !podium(1, gpName).empty(); }
 
+private:
+    const Store *m_store;
+    std::string m_stem;
+};
+
+// A season that may be changed: each step goes to the file at once.
+class WritableSeason : public Season {
+public:
+    WritableSeason(Store &store, std::string stem) : Season(store, std::move(stem)), m_file(&store) {}
+
+    Store &store() const { return *m_file; }
+
+    void write(std::string_view section, std::string_view key, std::string_view value) const
+    {
+        m_file->EcrireINI(stem(), section, key, value);
+    }
+
     // Adds the text of an amount, which may be negative, to a key. A key or an amount that is no number stays as it is.
     void add(std::string_view section, std::string_view key, std::string_view amount) const;
     void subtract(std::string_view section, std::string_view key, std::string_view amount) const;
@@ -53,8 +73,7 @@ public:
     void subtractFromZero(std::string_view section, std::string_view key, std::string_view amount) const;
 
 private:
-    Store *m_store;
-    std::string m_stem;
+    Store *m_file;
 };
 
 }

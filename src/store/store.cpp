@@ -9,14 +9,19 @@
 
 namespace circuidex {
 
+using backups::Damage;
+
 struct Store::Entry {
     std::string stem;
-    std::string path;
+    std::string name; // "f12005.ini"
+    std::string path; // where the name may be in another case
     KeyFile file;
     disk::Stamp stamp;
     bool loaded = false; // false: the next read reads the file
     bool settled = false; // false: the file may have changed under the same stamp
-    bool text = true;
+    bool utf8 = false; // the file is; here it isn't
+    bool withheld = false; // it takes no writes
+    Damage damage = Damage::none;
     std::uint64_t moment = 0;
     std::int64_t tick = 0;
 };
@@ -42,23 +47,24 @@ bool namesFile(std::string_view stem)
     return stem.find_first_of(std::string_view("/\\\0", 3)) == stem.npos && stem.find("..") == stem.npos;
 }
 
-bool hasLineBreak(std::string_view text)
+bool isControl(char c)
 {
-    return text.find('\n') != text.npos || text.find('\r') != text.npos;
+    return (static_cast<unsigned char>(c) < ' ' && c != '\t') || c == '\x7F';
 }
 
-// Text in the code page on one line: each line break is one blank.
+// Text in the code page on one line: a line break is one blank, and so is each other control character. Enough of them
+// would make the file no text.
 std::string_view lineOf(std::string_view utf8, std::string &scratch)
 {
     const std::string_view bytes = toCodePage(utf8, scratch);
-    if (!hasLineBreak(bytes))
+    if (std::none_of(bytes.begin(), bytes.end(), isControl))
         return bytes;
     std::string line;
     line.reserve(bytes.size());
     for (std::size_t i = 0; i < bytes.size(); ++i) {
         if (bytes[i] == '\r' && i + 1 < bytes.size() && bytes[i + 1] == '\n')
             continue;
-        line += bytes[i] == '\r' || bytes[i] == '\n' ? ' ' : bytes[i];
+        line += isControl(bytes[i]) ? ' ' : bytes[i];
     }
     scratch = std::move(line);
     return scratch;
@@ -69,17 +75,21 @@ std::string nameOf(const std::string &path)
     return path.substr(path.find_last_of('/') + 1);
 }
 
-// The name that the file bears from now on, its own with the minute; empty when it can't be moved.
-std::string moveAside(const std::string &path, const std::string &ending)
+std::string fileName(std::string_view stem)
 {
-    const std::string stem = std::string(path).append(".").append(backups::minuteNow());
-    for (int number = 1; number < 100; ++number) {
-        const std::string another = number == 1 ? std::string() : "-" + std::to_string(number);
-        const std::string aside = std::string(stem).append(another).append(".").append(ending);
-        if (disk::look(aside).kind == disk::Kind::missing)
-            return disk::move(path, aside) ? aside : std::string();
-    }
-    return {};
+    return std::string("f1").append(stem).append(".ini");
+}
+
+std::string lostKey(std::string_view section, std::string_view key)
+{
+    return folded(toUtf8(std::string(section).append("]").append(key)));
+}
+
+const char *inFrench(Damage damage)
+{
+    return damage == Damage::noText ? "ce n'est plus un fichier texte"
+        : damage == Damage::emptied ? "il est vide"
+                                    : "il mêle deux codages de texte";
 }
 
 }
@@ -101,10 +111,25 @@ Store::Entry *Store::entry(std::string_view stem) const
             return nullptr;
         auto fresh = std::make_unique<Entry>();
         fresh->stem = stem;
-        fresh->path = m_folder.string().append("/f1").append(stem).append(".ini");
+        fresh->name = fileName(stem);
+        fresh->path = (m_folder / fresh->name).string();
         found = m_files.emplace(fresh->stem, std::move(fresh)).first;
     }
     return m_lastUsed = found->second.get();
+}
+
+// The file of that name; when there is none, one in another case, as it comes from a disk that knows no case.
+std::string Store::pathOf(const std::string &name) const
+{
+    const std::string exact = (m_folder / name).string();
+    if (disk::look(exact).kind != disk::Kind::missing)
+        return exact;
+    const disk::Stamp stamp = disk::look(m_folder.string());
+    if (stamp != m_namesStamp || disk::young(stamp))
+        m_names = backups::dataFiles(m_folder.string());
+    m_namesStamp = stamp;
+    const auto found = m_names.find(folded(name));
+    return found == m_names.end() ? exact : (m_folder / found->second).string();
 }
 
 // Makes the copy in memory the same as the file, at the first use in a moment. A write looks in any case.
@@ -116,22 +141,40 @@ void Store::refresh(Entry &entry, bool beforeWrite) const
         return;
     entry.moment = m_moment;
     entry.tick = tick;
-    const disk::Stamp stamp = disk::look(entry.path);
+    disk::Stamp stamp = disk::look(entry.path);
+    if (stamp.kind == disk::Kind::missing) {
+        entry.path = pathOf(entry.name);
+        stamp = disk::look(entry.path);
+    }
     if (entry.loaded && stamp == entry.stamp && (entry.settled || sameMoment))
         return;
     std::string bytes;
     const disk::Stamp read = entry.loaded ? disk::read(entry.path, bytes) : load(entry.path, bytes);
     if (read.kind == disk::Kind::refused && entry.loaded && stamp == entry.stamp)
         return; // what was read before is the better answer than nothing
+    const bool other = !entry.loaded || read.kind != entry.stamp.kind || bytes != entry.file.bytes();
     entry.stamp = read;
     entry.settled = !disk::young(entry.stamp);
-    if (!entry.loaded || bytes != entry.file.bytes()) {
-        entry.text = !m_protected || isText(bytes);
-        if (!entry.text)
-            noteDamage(entry.path);
-        entry.file = KeyFile(std::move(bytes));
-    }
+    if (other)
+        parse(entry, std::move(bytes));
     entry.loaded = true;
+    const auto losses = m_losses.find(entry.name);
+    if (losses != m_losses.end() && read.kind == disk::Kind::file && read != losses->second.stamp)
+        losses->second.keys.clear(); // another program's file: the user starts from that
+}
+
+// Half a file would be worse than none.
+void Store::parse(Entry &entry, std::string bytes) const
+{
+    const bool judged = m_protected && entry.stamp.kind == disk::Kind::file;
+    entry.damage = judged ? backups::damageOf(entry.name, bytes) : Damage::none;
+    entry.withheld = withheld(entry.path, entry.damage);
+    entry.utf8 = judged && entry.damage == Damage::none && codingOf(bytes) == Coding::utf8;
+    if (entry.utf8)
+        bytes = withoutUtf8(bytes);
+    if (entry.damage == Damage::mixedText)
+        bytes.clear();
+    entry.file = KeyFile(std::move(bytes));
 }
 
 std::string_view Store::value(std::string_view stem, std::string_view section, std::string_view key) const
@@ -155,24 +198,24 @@ std::string Store::LireINI(std::string_view stem, std::string_view section, std:
 
 void Store::writeBytes(std::string_view stem, std::string_view section, std::string_view key, std::string_view value)
 {
-    Entry *const found = entry(stem);
-    if (!found)
-        return;
-    refresh(*found, true);
-    if (found->stamp.kind == disk::Kind::refused || m_readOnly) {
-        lose();
-        return;
-    }
-    if (!found->text)
-        found->file = KeyFile();
-    if (!found->file.set(section, key, value) && found->stamp.kind == disk::Kind::file)
-        return;
-    if (write(found->path, found->file.bytes(), found->text, found->stamp)) {
-        found->settled = false;
-        found->text = true;
-    } else {
-        found->loaded = false; // what wasn't kept isn't shown either
-    }
+    if (Entry *const found = entry(stem))
+        note(set(*found, section, key, value), found->name, section, key, found->path);
+    else
+        note(false, fileName(stem), section, key, {});
+}
+
+// True when the file holds the value.
+bool Store::set(Entry &entry, std::string_view section, std::string_view key, std::string_view value)
+{
+    refresh(entry, true);
+    if (entry.stamp.kind == disk::Kind::refused || m_readOnly || entry.withheld)
+        return false;
+    if (entry.damage == Damage::noText)
+        entry.file = KeyFile();
+    if (!entry.file.set(section, key, value) && entry.stamp.kind == disk::Kind::file)
+        return true;
+    entry.loaded = write(entry); // what wasn't kept isn't shown either
+    return entry.loaded;
 }
 
 void Store::EcrireINI(std::string_view stem, std::string_view section, std::string_view key, std::string_view value)
@@ -187,11 +230,31 @@ disk::Stamp Store::load(const std::string &path, std::string &bytes) const
     return m_readOnly ? disk::read(path, bytes) : disk::repairAndRead(path, bytes);
 }
 
-bool Store::lose()
+void Store::note(bool kept, const std::string &name, std::string_view section, std::string_view key,
+                 const std::string &path)
 {
-    ++m_lostWrites;
-    m_writesLost = true;
-    return false;
+    if (kept && m_losses.empty())
+        return;
+    Losses &losses = m_losses[name];
+    losses.stamp = disk::look(path);
+    if (kept) {
+        losses.keys.erase(lostKey(section, key));
+    } else {
+        losses.keys.insert(lostKey(section, key));
+        ++losses.writes;
+        ++m_lostWrites;
+    }
+}
+
+bool Store::writesLost() const
+{
+    return std::any_of(m_losses.begin(), m_losses.end(), [](const auto &each) { return !each.second.keys.empty(); });
+}
+
+unsigned Store::lostWrites(std::string_view stem) const
+{
+    const auto losses = m_losses.find(fileName(stem));
+    return losses == m_losses.end() ? 0 : losses->second.writes;
 }
 
 void Store::beforeFirstWrite()
@@ -203,74 +266,128 @@ void Store::beforeFirstWrite()
         backups::make(m_folder.string());
 }
 
-// Files that aren't text keep their bytes under another name, which is given back when the write fails.
-bool Store::write(const std::string &path, std::string_view bytes, bool overText, disk::Stamp &after)
+bool Store::write(Entry &entry)
 {
     beforeFirstWrite();
-    const std::string target = disk::target(path);
-    const std::string aside = overText ? std::string() : moveAside(target, "abime");
-    if (!overText && aside.empty())
-        return lose();
-    if (replace(target, bytes, after)) {
-        if (!overText)
-            noteDamage(path).aside = nameOf(aside);
-        return true;
-    }
-    if (!overText)
-        disk::move(aside, target);
-    return false;
-}
-
-bool Store::replace(const std::string &target, std::string_view bytes, disk::Stamp &after)
-{
-    const auto known = std::find_if(m_unsettled.begin(), m_unsettled.end(),
-                                    [&target](const Unsettled &each) { return each.path == target; });
-    const bool first = known == m_unsettled.end();
-    const bool held = first ? disk::keepOld(target) : known->held;
-    if (bytes.size() > disk::largest || !disk::replace(target, bytes, held, after)) {
-        if (first && held)
-            disk::dropOld(target);
-        return lose();
-    }
-    if (first)
-        m_unsettled.push_back({target, held});
-    m_writesLost = false;
+    if (entry.utf8 && backups::keep(m_folder.string(), nameOf(entry.path)).empty())
+        return false; // a character that the code page lacks would be lost
+    const std::string_view bytes = entry.file.bytes();
+    const bool kept = entry.damage == Damage::noText ? replaceDamaged(entry.path, bytes, entry.stamp)
+                                                     : replace(entry.path, bytes, entry.stamp);
+    if (!kept)
+        return false;
+    entry.settled = entry.utf8 = false;
+    entry.damage = Damage::none;
     return true;
 }
 
-Store::Damaged &Store::noteDamage(const std::string &path) const
+// The damaged file gets a second name, which stays when its own leads to another one.
+bool Store::replaceDamaged(const std::string &path, std::string_view bytes, disk::Stamp &after)
+{
+    const std::string target = writtenFile(path);
+    const std::string aside = disk::freeName(target + "." + backups::minuteNow(), ".abime");
+    if (target.empty() || aside.empty() || !disk::keepAs(target, aside))
+        return false;
+    if (!replace(path, bytes, after)) {
+        disk::removeName(aside);
+        return false;
+    }
+    if (Damaged *const damaged = standing(nameOf(path)))
+        damaged->aside = nameOf(aside);
+    return true;
+}
+
+// The file that a write to this path replaces. A link is followed in the program folder, and out of it to a data file
+// of the same name only, since the folder may come from a stranger; empty otherwise.
+std::string Store::writtenFile(const std::string &path) const
+{
+    const std::string target = disk::target(path);
+    const bool ours = target == path || nameOf(target) == nameOf(path) || disk::inside(m_folder.string(), target);
+    return ours ? target : std::string();
+}
+
+bool Store::replace(const std::string &path, std::string_view bytes, disk::Stamp &after)
+{
+    const std::string target = writtenFile(path);
+    const auto known = std::find_if(m_unsettled.begin(), m_unsettled.end(),
+                                    [&target](const Unsettled &each) { return each.path == target; });
+    const bool first = known == m_unsettled.end();
+    if (target.empty() || bytes.size() > disk::largest)
+        return false;
+    const bool held = first ? disk::keepOld(target) : known->held;
+    if (!disk::replace(target, bytes, held, after)) {
+        if (first && held)
+            disk::dropOld(target);
+        return false;
+    }
+    if (first)
+        m_unsettled.push_back({target, held});
+    return true;
+}
+
+bool Store::mayDelete(const std::string &path) const
+{
+    std::error_code error;
+    return !m_readOnly && std::filesystem::symlink_status(path, error).type() == std::filesystem::file_type::regular &&
+        disk::inside(m_folder.string(), path);
+}
+
+std::string Store::keepCopy(std::string_view stem)
+{
+    const Entry *const found = m_readOnly ? nullptr : entry(stem);
+    return found ? backups::keep(m_folder.string(), nameOf(pathOf(found->name))) : std::string();
+}
+
+Store::Damaged *Store::standing(const std::string &name) const
+{
+    const auto known = std::find_if(m_damaged.begin(), m_damaged.end(), [&name](const Damaged &each) {
+        return each.stands() && folded(each.name) == folded(name);
+    });
+    return known == m_damaged.end() ? nullptr : &*known;
+}
+
+// Notes what was found. True when the file takes no writes: there is a better one to be put back, or no telling how to
+// read it.
+bool Store::withheld(const std::string &path, Damage damage) const
 {
     const std::string name = nameOf(path);
-    const auto known = std::find_if(m_damaged.begin(), m_damaged.end(),
-                                    [&name](const Damaged &each) { return each.name == name && !each.restored; });
-    if (known != m_damaged.end())
-        return *known;
-    return m_damaged.emplace_back(Damaged{name, {}, backups::newestGood(m_folder.string(), name), false});
+    Damaged *known = standing(name);
+    if (damage == Damage::none) {
+        if (known)
+            known->gone = true;
+        return false;
+    }
+    if (!known) {
+        auto copy = backups::newestGood(m_folder.string(), name);
+        if (damage == Damage::emptied && !copy)
+            return false; // perhaps it never held anything
+        known = &m_damaged.emplace_back(Damaged{name, {}, {}, std::move(copy)});
+    }
+    known->what = inFrench(damage);
+    return known->copy || damage == Damage::mixedText;
 }
 
 bool Store::restore(const std::string &name)
 {
-    const auto wanted = std::find_if(m_damaged.begin(), m_damaged.end(),
-                                     [&name](const Damaged &each) { return each.name == name && !each.restored; });
-    if (wanted == m_damaged.end() || !wanted->copy || m_readOnly)
+    Damaged *const wanted = standing(name);
+    std::string good, present;
+    if (!wanted || !wanted->copy || m_readOnly || disk::read(wanted->copy->path, good).kind != disk::Kind::file ||
+        backups::damageOf(name, good) != Damage::none)
         return false;
-    std::string good;
-    if (disk::read(wanted->copy->path, good).kind != disk::Kind::file || good.empty() || !isText(good))
-        return false;
+    const std::string path = (m_folder / wanted->name).string();
+    const disk::Stamp stamp = disk::read(path, present);
+    if (stamp.kind == disk::Kind::file && backups::damageOf(name, present) == Damage::none)
+        return wanted->gone = true; // another program was faster
     beforeFirstWrite();
-    const std::string target = disk::target((m_folder / name).string());
-    const bool empty = disk::look(target).kind == disk::Kind::missing;
-    const std::string aside = empty ? std::string() : moveAside(target, wanted->aside.empty() ? "abime" : "remplace");
-    if (!empty && aside.empty())
-        return lose();
     disk::Stamp after;
-    wanted->restored = replace(target, good, after);
-    if (!wanted->restored && !empty)
-        disk::move(aside, target);
-    if (wanted->restored && wanted->aside.empty())
-        wanted->aside = nameOf(aside);
+    wanted->restored =
+        stamp.kind == disk::Kind::missing ? replace(path, good, after) : replaceDamaged(path, good, after);
     for (const auto &[stem, entry] : m_files)
         entry->loaded = false;
+    if (wanted->restored)
+        for (auto &[file, losses] : m_losses)
+            if (folded(file) == folded(name))
+                losses.keys.clear();
     return wanted->restored;
 }
 
@@ -278,15 +395,18 @@ std::string Store::notice() const
 {
     if (m_readOnly)
         return "Lecture seule : les modifications ne sont pas conservées.";
-    if (m_writesLost)
-        return "Attention : les modifications ne sont pas conservées.";
-    if (m_damaged.empty())
+    for (const auto &[name, losses] : m_losses)
+        if (!losses.keys.empty() && !standing(name))
+            return "Attention : les modifications ne sont pas conservées (" + name + ").";
+    const auto last =
+        std::find_if(m_damaged.rbegin(), m_damaged.rend(), [](const Damaged &each) { return !each.gone; });
+    if (last == m_damaged.rend())
         return {};
-    const Damaged &last = m_damaged.back();
-    if (last.restored)
-        return last.name + " : copie du " + last.copy->when + " remise ; l'ancien : " + last.aside;
-    return last.aside.empty() ? last.name + " n'est pas un fichier texte ; il reste tel quel."
-                              : last.name + " n'était pas un fichier texte ; mis de côté : " + last.aside;
+    if (last->restored)
+        return last->name + " : copie du " + last->copy->when + " remise" +
+            (last->aside.empty() ? "." : " ; l'ancien : " + last->aside);
+    return last->aside.empty() ? last->name + " est abîmé : " + last->what + " ; il reste tel quel."
+                               : last->name + " était abîmé ; mis de côté : " + last->aside;
 }
 
 // The content held is let go when the new one, and the name that leads to it, are surely on the disk.
@@ -307,11 +427,12 @@ void Store::settle()
 
 std::string Store::yearMarker() const
 {
-    const std::string path = (m_folder / yearFile).string();
+    const std::string path = pathOf(std::string(yearFile));
     std::string bytes;
-    load(path, bytes);
-    if (m_protected && !isText(bytes))
-        noteDamage(path);
+    const bool judged = load(path, bytes).kind == disk::Kind::file && m_protected;
+    withheld(path, judged ? backups::damageOf(yearFile, bytes) : Damage::none);
+    if (codingOf(bytes) == Coding::utf8)
+        bytes = withoutUtf8(bytes);
     std::string_view line = std::string_view(bytes).substr(0, bytes.find_first_of("\r\n"));
     const auto start = line.find_first_not_of(" \t");
     line.remove_prefix(std::min(start, line.size()));
@@ -323,16 +444,18 @@ std::string Store::yearMarker() const
 
 void Store::setYearMarker(std::string_view year)
 {
-    const std::string path = (m_folder / yearFile).string();
+    const std::string path = pathOf(std::string(yearFile));
     std::string scratch, held;
     const std::string line = std::string(lineOf(year, scratch)).append("\r\n");
     disk::Stamp stamp = disk::read(path, held);
-    if (stamp.kind == disk::Kind::file && held == line)
-        return;
-    if (m_readOnly)
-        lose();
-    else
-        write(path, line, !m_protected || isText(held), stamp);
+    const bool there = stamp.kind == disk::Kind::file;
+    const Damage damage = there && m_protected ? backups::damageOf(yearFile, held) : Damage::none;
+    bool kept = there && held == line;
+    if (!kept && !m_readOnly && !withheld(path, damage)) {
+        beforeFirstWrite();
+        kept = damage == Damage::noText ? replaceDamaged(path, line, stamp) : replace(path, line, stamp);
+    }
+    note(kept, std::string(yearFile), {}, {}, path);
 }
 
 }

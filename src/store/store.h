@@ -13,6 +13,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,7 +32,7 @@ public:
     std::string LireINI(std::string_view stem, std::string_view section, std::string_view key) const;
 
     // The file holds the value when the call returns; the first write creates it. A write that can't be made leaves the
-    // file as it was and raises writesLost(). Line breaks in a value become blanks: a value is one line.
+    // file as it was and counts as lost. Line breaks and other control characters become blanks: a value is one line.
     void EcrireINI(std::string_view stem, std::string_view section, std::string_view key, std::string_view value);
 
     // The season that the next start opens: the text of the file "Année" up to the first comma, empty without one.
@@ -43,12 +44,14 @@ public:
     std::string readBytes(std::string_view stem, std::string_view section, std::string_view key) const;
     void writeBytes(std::string_view stem, std::string_view section, std::string_view key, std::string_view value);
 
-    // True from a write that failed until the next one that succeeds: the main screen then says that changes aren't
-    // kept.
-    bool writesLost() const { return m_writesLost; }
+    // True while a key (or the year marker) lacks its last write, until a later one of that key succeeds or its file is
+    // read anew because another program changed it. The main screen then says that changes aren't kept.
+    bool writesLost() const;
 
-    // How many writes failed so far. What must be written as a whole compares it before and after.
+    // How many writes failed so far, in all and to one file. What must be written as a whole compares it before and
+    // after.
     unsigned lostWrites() const { return m_lostWrites; }
+    unsigned lostWrites(std::string_view stem) const;
 
     // Files are parsed once and kept. A change made by another program is seen at the first read of the next moment; a
     // moment ends by itself after a tick of the system's coarse clock (4 ms or less), or by this call.
@@ -60,27 +63,40 @@ public:
     // at the last call is held on to beside it and comes back by itself (docs/durability.md).
     void settle();
 
-    // From now on the care that the running program takes of its user's files: before the first write all data files
-    // are copied (store/backups.h), and a file that isn't text is never overwritten. The first write to it moves it out
-    // of the way, to its name with the date, as "f12005.ini.2026-11-22_2145.abime".
+    // From now on the care that the running program takes of its user's files (docs/restoring.md): before the first
+    // write all data files are copied (store/backups.h), what an editor saved as UTF-8 is read so, and a damaged file
+    // is never overwritten. With a good copy it takes no writes until that is put back; without one the first write
+    // moves it out of the way, to its name with the date, as "f12005.ini.2026-11-22_2145.abime".
     void protect() { m_protected = true; }
 
     // From now on nothing in the folder is changed: each write is lost.
     void setReadOnly() { m_readOnly = true; }
     bool readOnly() const { return m_readOnly; }
 
-    // A protected file that was found to be no text.
+    // Whether the program may delete this file: an ordinary one, no link, that lies in the program folder or below it
+    // once all links and dots are resolved. Never in a store that is read-only.
+    bool mayDelete(const std::string &path) const;
+
+    // Copies the file as it is into "Sauvegardes", for what overwrites results without a question. The path in the
+    // program folder, to be told to the user; empty when there is no file, or when no copy can be made.
+    std::string keepCopy(std::string_view stem);
+
+    // A protected file that was found damaged.
     struct Damaged {
         std::string name; // "f12005.ini"
-        std::string aside; // the name that it bears since it was moved; empty while it stands in its place
+        std::string what; // in French, to follow "est abîmé : "
+        std::string aside; // the second name that it got; empty while it only stands in its place
         std::optional<backups::Copy> copy; // the newest good one
         bool restored = false;
+        bool gone = false; // another program mended or removed it
+        bool stands() const { return aside.empty() && !restored && !gone; }
     };
     // In the order found.
     const std::vector<Damaged> &damaged() const { return m_damaged; }
 
-    // Puts the copy in the place of the file. What stands there is moved aside first, so nothing is ever lost by it.
-    // False when there is no copy or when it can't be done; the file then stays as it is.
+    // Puts the copy in the place of the file. What stands there gets another name first, so nothing is ever lost by it,
+    // and the file's own name leads to the one or the other all the time. False when there is no copy or when it can't
+    // be done; the file then stays as it is.
     bool restore(const std::string &name);
 
     // In French, what the user should know and isn't asked about, the gravest first; empty when all is well.
@@ -96,25 +112,39 @@ private:
         std::string path;
         bool held; // the content before the first write is held on to
     };
+    struct Losses {
+        std::set<std::string> keys; // those that lack a write
+        unsigned writes = 0;
+        disk::Stamp stamp; // the file without them
+    };
     Entry *entry(std::string_view stem) const;
+    std::string pathOf(const std::string &name) const;
     void refresh(Entry &entry, bool beforeWrite) const;
+    void parse(Entry &entry, std::string bytes) const;
     std::string_view value(std::string_view stem, std::string_view section, std::string_view key) const;
     disk::Stamp load(const std::string &path, std::string &bytes) const;
-    bool write(const std::string &path, std::string_view bytes, bool overText, disk::Stamp &after);
-    bool replace(const std::string &target, std::string_view bytes, disk::Stamp &after);
-    bool lose(); // a write; false
+    bool set(Entry &entry, std::string_view section, std::string_view key, std::string_view value);
+    bool write(Entry &entry);
+    bool replaceDamaged(const std::string &path, std::string_view bytes, disk::Stamp &after);
+    bool replace(const std::string &path, std::string_view bytes, disk::Stamp &after);
+    std::string writtenFile(const std::string &path) const;
+    void note(bool kept, const std::string &name, std::string_view section, std::string_view key,
+              const std::string &path);
     void beforeFirstWrite();
-    Damaged &noteDamage(const std::string &path) const;
+    Damaged *standing(const std::string &name) const;
+    bool withheld(const std::string &path, backups::Damage damage) const;
 
     std::filesystem::path m_folder;
     Numbers m_numbers;
     mutable std::map<std::string, std::unique_ptr<Entry>, std::less<>> m_files; // by stem
     mutable Entry *m_lastUsed = nullptr; // nearly always the one asked for
     mutable std::string m_section, m_key; // room for the names of one call in the code page
+    mutable std::map<std::string, std::string> m_names; // of the data files on the disk, by their name in lower case
+    mutable disk::Stamp m_namesStamp; // of the folder
+    mutable std::map<std::string, Losses, std::less<>> m_losses; // by file name
     mutable std::vector<Damaged> m_damaged;
     std::vector<Unsettled> m_unsettled; // the files written since settle()
     std::uint64_t m_moment = 1;
-    bool m_writesLost = false;
     unsigned m_lostWrites = 0;
     bool m_written = false; // a write was tried
     bool m_protected = false;

@@ -33,6 +33,7 @@ bool isAscii(std::string_view text)
     return (seen & highBits) == 0;
 }
 
+constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
 constexpr char32_t invalid = 0xFFFFFFFF;
 
 // The character at `at`, which moves past it; past one byte only when it isn't valid.
@@ -143,16 +144,56 @@ bool comesBack(std::string_view utf8)
     return !blanks && !quotes;
 }
 
+std::string folded(std::string_view utf8)
+{
+    std::string lower(utf8);
+    for (std::size_t i = 0; i < lower.size(); ++i) {
+        const Unit c = static_cast<Unit>(lower[i]);
+        const bool accented = i > 0 && static_cast<Unit>(lower[i - 1]) == 0xC3 && c >= 0x80 && c <= 0x9E && c != 0x97;
+        if (accented || (c >= 'A' && c <= 'Z'))
+            lower[i] = static_cast<char>(c + 32);
+    }
+    return lower;
+}
+
 bool isText(std::string_view bytes)
 {
     std::size_t odd = 0;
     for (const char c : bytes) {
         const unsigned byte = static_cast<Unit>(c);
-        const bool control = (byte < ' ' && (byte < '\t' || byte > '\r') && byte != 0x1A) || byte == 0x7F;
-        odd += control || byte == 0x81 || byte == 0x8D || byte == 0x8F || byte == 0x90 || byte == 0x9D;
+        odd += (byte < ' ' && (byte < '\t' || byte > '\r') && byte != 0x1A) || byte == 0x7F;
     }
     constexpr std::string_view block("\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0", 16);
     return odd * 16 <= bytes.size() && (odd < block.size() || bytes.find(block) == bytes.npos);
+}
+
+Coding codingOf(std::string_view bytes)
+{
+    const bool marked = bytes.starts_with(utf8Mark);
+    bool valid = true, nameInUtf8 = false, inName = true;
+    for (std::size_t at = 0; valid && at < bytes.size();) {
+        const char c = bytes[at];
+        if (static_cast<Unit>(c) < 0x80) {
+            inName = c == '\n' || c == '\r' || (inName && c != '=');
+            ++at;
+        } else {
+            const bool inMark = marked && at == 0;
+            valid = nextCharacter(bytes, at) != invalid;
+            nameInUtf8 = nameInUtf8 || (inName && !inMark);
+        }
+    }
+    if (valid)
+        return marked || nameInUtf8 ? Coding::utf8 : Coding::codePage;
+    constexpr std::string_view drivers = "[N\xC2\xB0]";
+    const std::size_t at = bytes.find(drivers);
+    const bool onALine = at == 0 || (at == utf8Mark.size() && marked) ||
+        (at != bytes.npos && (bytes[at - 1] == '\n' || bytes[at - 1] == '\r'));
+    return onALine ? Coding::mixed : Coding::codePage;
+}
+
+std::string withoutUtf8(std::string_view bytes)
+{
+    return toCodePage(bytes.substr(bytes.starts_with(utf8Mark) ? utf8Mark.size() : 0));
 }
 
 }

@@ -22,9 +22,20 @@ inline constexpr std::size_t longestValue = 254;
 // blanks or quotes stand around it, which a reader takes off, and it isn't too long.
 bool comesBack(std::string_view utf8);
 
+// Lower case for ASCII and for the accented letters of French, of text in UTF-8.
+std::string folded(std::string_view utf8);
+
 // False for bytes that nobody wrote as a text file: more than one in sixteen is a control character without a meaning
-// in text or one of the five open bytes (of chance bytes it is one in eight), or sixteen zeros stand in a row, as in a
-// block that never reached the disk. A few odd bytes, and no bytes at all, are text.
+// in text (of chance bytes it is one in ten), or sixteen zeros stand in a row, as in a block that never reached the
+// disk. A few odd bytes, and no bytes at all, are text.
 bool isText(std::string_view bytes);
+
+// How a key file is written. An editor may have saved it as UTF-8: it has a byte-order mark, or names of sections and
+// keys that make sense as UTF-8 only, and no byte that doesn't. Mixed: [N°] is UTF-8, other lines aren't.
+enum class Coding { codePage, utf8, mixed };
+Coding codingOf(std::string_view bytes);
+
+// Text in UTF-8, with or without its mark, in the code page.
+std::string withoutUtf8(std::string_view bytes);
 
 }

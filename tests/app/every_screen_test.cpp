@@ -180,7 +180,7 @@ TEST_F(OnTheSample, LostWritesAreSaidQuietly)
     std::filesystem::remove(folder / "f12005.ini");
     std::filesystem::create_directory(folder / "f12005.ini"); // nothing can be written there
     say("write f12005.ini [gp] nogp=3");
-    EXPECT_EQ(say("get Form1.nonconservees"), "Attention : les modifications ne sont pas conservées.");
+    EXPECT_EQ(say("get Form1.nonconservees"), "Attention : les modifications ne sont pas conservées (f12005.ini).");
     EXPECT_EQ(say("messages"), "");
     std::filesystem::remove(folder / "f12005.ini");
     say("write f12005.ini [gp] nogp=3");

@@ -21,7 +21,7 @@ std::string first(const SeriesCells &series, std::size_t subject, int count)
 
 class ChartSeries : public testing::Test {
 protected:
-    Season season(const std::string &year) { return Season(desk.store, year); }
+    WritableSeason season(const std::string &year) { return WritableSeason(desk.store, year); }
     std::string nameOf(const std::string &year, int number) { return season(year).nom(number); }
     Desk desk;
 };
@@ -107,7 +107,7 @@ TEST(ChartsEnd, AtTheFirstRaceWithNothingToShow)
         Desk desk;
         for (const std::string &line : c.writes)
             desk.write(line);
-        const Season season(desk.store, c.year);
+        const WritableSeason season(desk.store, c.year);
         EXPECT_EQ(firstWithoutResult(season), c.results) << c.name;
         EXPECT_EQ(firstWithoutGrid(season), c.grids) << c.name;
     }

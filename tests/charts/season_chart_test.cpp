@@ -10,7 +10,7 @@ namespace {
 
 class SeasonCharts : public testing::Test {
 protected:
-    Season season(const std::string &year = "2003") { return Season(desk.store, year); }
+    WritableSeason season(const std::string &year = "2003") { return WritableSeason(desk.store, year); }
     void show(SeasonChart &chart, const std::string &year = "2003")
     {
         chart.open(season(year));
@@ -61,7 +61,7 @@ TEST_F(SeasonCharts, EndAtTheOfficialPointsOf2003)
 TEST_F(SeasonCharts, FollowTheScaleInUseWhileTheSentenceKeepsWhatWasRecorded)
 {
     SeasonChart chart(form8);
-    scale[0] = "25";
+    scale[1] = "25";
     show(chart);
     EXPECT_EQ(chart.curve(0).at(15), 10320 - 50 * (93 + 6 * 15));
     EXPECT_EQ(chart.pair(0).totalA, "93");
@@ -72,7 +72,7 @@ TEST_F(SeasonCharts, CountHalfPoints)
     Desk french(Desk::sample, ',');
     SeasonChart chart(form8);
     scale = {"2,5", "0,5", "x", "", "0", "0", "0", "0"};
-    const Season races(french.store, "2003");
+    const WritableSeason races(french.store, "2003");
     chart.open(races);
     chart.draw(races, scale);
     EXPECT_EQ(chart.curve(0).at(15), 10320 - 50 * 6 * 2.5);
@@ -108,7 +108,7 @@ TEST(KeptSettings, StandUnderTheirKeys)
           Case{form53, "2p", "Cliquez ici", ""}, Case{form71, "2np", "Cliquez ici", ""}}) {
         SCOPED_TRACE(c.prefix);
         Desk desk(Desk::empty);
-        const Season season(desk.store, "2005");
+        const WritableSeason season(desk.store, "2005");
         SeasonChart chart(c.chart);
         chart.open(season);
         Lines kept = {"[bordergraph] " + c.prefix + "bordernumber: - > 2",

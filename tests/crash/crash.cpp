@@ -3,11 +3,14 @@
 //     crash KILLS SAMPLE
 //
 // A child process on its own copy of the sample folder records a Grand Prix, amends it, cancels another one, passes to
-// the next season and closes, all through the program's own functions. Three in four of the kills come from the child
-// itself, right before one of its system calls or in the middle of a write, at places spread over the whole work; the
-// others from outside after a time by chance. Whatever is left must be the state of all data files after some prefix of
-// the writes, as an undisturbed run went through them; where the child chose the place, exactly the state of that
-// place. Then the next start of the program must read these files, go on writing and tidy up.
+// the next season and closes, all through the program's own functions, and kills itself right before one of its system
+// calls or in the middle of a write, at places spread over the whole work. What is left must be the state of all data
+// files that the writes before that place make. Then the next start of the program must read these files, go on writing
+// and tidy up.
+//
+// For every five of these, one other child puts back the copy of a damaged season and is killed so; from the second
+// round on the start after it too. The season's name must lead to the damaged file or to the good one all the time, the
+// damaged one must be there under some name, and the last start must end with the good one in its place.
 #include "results/amending.h"
 #include "results/new_season.h"
 #include "results/recording.h"
@@ -16,11 +19,9 @@
 
 #include <csignal>
 #include <cstdio>
-#include <chrono>
+#include <functional>
 #include <map>
 #include <random>
-#include <set>
-#include <thread>
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -81,7 +82,7 @@ void work(const fs::path &folder)
     results::cancelGrandPrix(main);
     store.settle();
     results::passToNextSeason(main, "5");
-    results::clearTotals(main.season());
+    results::clearTotals(main.writableSeason());
     store.settle();
     store.setYearMarker(main.an.text());
 }
@@ -137,20 +138,38 @@ Course undisturbed(const fs::path &sample)
     return course;
 }
 
-// Works until the call of that number, then ends without another instruction. In a write, half of it is done.
-[[noreturn]] void workAndDieAt(const fs::path &folder, std::size_t last)
+// A child that works until the call of that number, then ends without another instruction. In a write, half of it is
+// done. Its status.
+int killAt(std::size_t last, const std::function<void()> &work)
 {
-    std::size_t count = 0;
-    const WatchedCalls watched([&](const WatchedCalls::Call &call) {
-        if (writes(call) && count++ == last) {
-            if (call.writePart)
-                call.writePart(call.size / 2);
-            ::kill(::getpid(), SIGKILL);
-        }
-        return 0;
-    });
-    work(folder);
-    ::_exit(0);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        std::size_t count = 0;
+        const WatchedCalls watched([&](const WatchedCalls::Call &call) {
+            if (writes(call) && count++ == last) {
+                if (call.writePart)
+                    call.writePart(call.size / 2);
+                ::kill(::getpid(), SIGKILL);
+            }
+            return 0;
+        });
+        work();
+        ::_exit(0);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return status;
+}
+
+// A start on a damaged season, the question answered by "Oui", and what the start then writes.
+void putBack(const fs::path &folder)
+{
+    Store store(folder);
+    store.protect();
+    store.LireINI("2005", "gp", "nogp");
+    store.restore("f12005.ini");
+    store.settle();
+    store.EcrireINI("2005", "essai", "clef", "1");
 }
 
 class Trial {
@@ -163,40 +182,73 @@ public:
     void atCall(std::size_t call)
     {
         const Workshop folder(m_sample);
-        const pid_t child = ::fork();
-        if (child == 0)
-            workAndDieAt(folder.path(), call);
-        wait(child);
+        count(killAt(call, [&] { work(folder.path()); }));
         if (stateOf(folder.path()) != m_course.states[m_course.atCall[call]])
             fault("call " + std::to_string(call) + ": not the state that the writes before it make");
         lookAround(folder, "call " + std::to_string(call));
     }
 
-    void after(std::chrono::microseconds time)
+    // False behind the last call.
+    bool restoring(const std::string &damaged, std::size_t call, bool twice)
     {
         const Workshop folder(m_sample);
-        const pid_t child = ::fork();
-        if (child == 0) {
-            work(folder.path());
-            ::_exit(0);
+        fs::create_directories(folder / "Sauvegardes/2005-10-09_2130");
+        fs::copy(m_sample / "f12005.ini", folder / "Sauvegardes/2005-10-09_2130");
+        layDown(folder / "f12005.ini", damaged);
+        const std::string where = "restoring, call " + std::to_string(call) + (twice ? ", twice" : "");
+        const int status = killAt(call, [&] { putBack(folder.path()); });
+        if (WIFEXITED(status))
+            return false;
+        count(status);
+        lookAtSeason(folder, damaged, where);
+        if (twice) {
+            count(killAt(call * 7 % 30, [&] { putBack(folder.path()); }));
+            lookAtSeason(folder, damaged, where);
         }
-        std::this_thread::sleep_for(time);
-        ::kill(child, SIGKILL);
-        wait(child);
-        const State left = stateOf(folder.path());
-        if (std::find(m_course.states.begin(), m_course.states.end(), left) == m_course.states.end())
-            fault(std::to_string(time.count()) + " us: the state of no prefix of the writes");
-        lookAround(folder, std::to_string(time.count()) + " us");
+        putBack(folder.path());
+        lookAtSeason(folder, damaged, where);
+        if (content(folder / "f12005.ini") != content(m_sample / "f12005.ini") + written)
+            fault(where + ": the season isn't back");
+        lookAtCopies(folder, where);
+        lookForLeftCopies(folder, where);
+        return true;
     }
 
 private:
-    void wait(pid_t child)
+    static constexpr const char *written = "[essai]\r\nclef=1\r\n";
+
+    void count(int status)
     {
-        int status = 0;
-        ::waitpid(child, &status, 0);
         m_killed += WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
         if (WIFSIGNALED(status) ? WTERMSIG(status) != SIGKILL : WEXITSTATUS(status) != 0)
             fault("the child came to another end");
+    }
+    void lookAtSeason(const Workshop &folder, const std::string &damaged, const std::string &where)
+    {
+        const std::string held = content(folder / "f12005.ini"), good = content(m_sample / "f12005.ini");
+        if (!fs::exists(folder / "f12005.ini") || (held != damaged && held != good && held != good + written))
+            fault(where + ": the season's name leads to neither");
+        bool there = false;
+        for (const auto &entry : fs::directory_iterator(folder.path()))
+            there = there || (isData(entry.path().filename().string()) && content(entry.path()) == damaged);
+        if (!there)
+            fault(where + ": what was damaged is gone");
+    }
+    void lookAtCopies(const Workshop &folder, const std::string &where)
+    {
+        std::error_code none;
+        for (const auto &entry : fs::recursive_directory_iterator(folder / "Sauvegardes", none))
+            if (const std::string name = entry.path().filename().string(); isData(name))
+                if (const std::string held = content(entry.path()), whole = content(m_sample / name);
+                    held != whole && held != whole + written)
+                    fault(where + ": torn copy " + name);
+    }
+    void lookForLeftCopies(const Workshop &folder, const std::string &where)
+    {
+        std::error_code none;
+        for (const auto &run : fs::directory_iterator(folder / "Sauvegardes", none))
+            if (run.path().filename().string().starts_with('.'))
+                fault(where + ": a set that isn't complete was left");
     }
     void fault(const std::string &what)
     {
@@ -208,11 +260,7 @@ private:
     void lookAround(const Workshop &folder, const std::string &where)
     {
         const std::string before = content(folder / "f12005.ini");
-        std::error_code none;
-        for (const auto &entry : fs::recursive_directory_iterator(folder / "Sauvegardes", none))
-            if (const std::string name = entry.path().filename().string(); isData(name))
-                if (content(entry.path()) != content(m_sample / name))
-                    fault(where + ": torn copy " + name);
+        lookAtCopies(folder, where);
         {
             Store store(folder.path());
             store.protect();
@@ -220,10 +268,11 @@ private:
             if (store.writesLost() || !store.damaged().empty())
                 fault(where + ": the next start can't write");
         }
-        if (content(folder / "f12005.ini") != before + "[essai]\r\nclef=1\r\n")
+        if (content(folder / "f12005.ini") != before + written)
             fault(where + ": the next start doesn't go on from what was left");
         if (fs::exists(folder / ".circuidex-f12005.ini.old"))
             fault(where + ": what was held on to wasn't let go");
+        lookForLeftCopies(folder, where);
     }
 
     fs::path m_sample;
@@ -243,23 +292,21 @@ int main(int argc, char **argv)
     }
     const Course course = undisturbed(argv[2]);
     Trial trial(argv[2], course);
-    // At calls: evenly spread, each time another part of the distance so that all kinds of call come up.
-    const std::size_t chosen = kills - kills / 4, calls = course.atCall.size();
+    // Evenly spread, each time another part of the distance so that all kinds of call come up.
+    const std::size_t calls = course.atCall.size();
     std::mt19937 random(20051016);
-    std::set<std::size_t> places;
-    for (std::size_t i = 0; i < chosen; ++i)
-        places.insert((i * calls + random() % calls) / chosen);
-    for (const std::size_t place : places)
-        trial.atCall(std::min(place, calls - 1));
-    const auto start = std::chrono::steady_clock::now();
-    {
-        const Workshop folder(argv[2]);
-        work(folder.path());
-    }
-    const auto whole = std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - start);
-    for (std::size_t i = places.size(); i < kills; ++i)
-        trial.after(std::chrono::microseconds(random() % static_cast<unsigned>(whole.count() + 1)));
-    std::printf("%zu runs, %d killed under way, %zu of them at one of %zu calls; %zu states; %d faults\n", kills,
-                trial.killed(), places.size(), calls, course.states.size(), trial.faults());
-    return trial.faults() == 0 && trial.killed() > static_cast<int>(places.size()) / 2 ? 0 : 1;
+    for (std::size_t i = 0; i < kills; ++i)
+        trial.atCall(std::min((i * calls + random() % calls) / kills, calls - 1));
+    std::printf("%d kills at %zu calls of a sitting; %zu states; %d faults\n", trial.killed(), calls,
+                course.states.size(), trial.faults());
+    const int before = trial.killed();
+    const std::string damaged[] = {std::string(30000, '\0'), "", "PK\x03\x04" + std::string(300, '\0'), "[gp]\r\n"};
+    std::size_t laps = 0;
+    for (std::size_t i = 0, call = 0; i < kills / 5; ++i)
+        if (!trial.restoring(damaged[i % std::size(damaged)], call, laps > 0))
+            call = 0, ++laps;
+        else
+            call += i % std::size(damaged) == std::size(damaged) - 1;
+    std::printf("%d kills while restoring; %d faults in all\n", trial.killed() - before, trial.faults());
+    return trial.faults() == 0 && trial.killed() > static_cast<int>(kills) ? 0 : 1;
 }

@@ -76,8 +76,8 @@ TEST(FolderLock, FolderThatTakesNoneIsFree)
 {
     const TemporaryFolder folder;
     EXPECT_FALSE(FolderLock(folder / "gone").heldElsewhere());
-    std::filesystem::create_directory(folder / ".circuidex-verrou");
-    EXPECT_FALSE(FolderLock(folder.path()).heldElsewhere());
+    std::filesystem::create_directory(folder / ".circuidex-verrou"); // there, and not to be opened
+    EXPECT_TRUE(FolderLock(folder.path()).heldElsewhere());
 }
 
 }

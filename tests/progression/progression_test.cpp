@@ -13,7 +13,7 @@ namespace {
 
 class Progression : public testing::Test {
 protected:
-    Season season(const std::string &year) { return Season(desk.store, year); }
+    WritableSeason season(const std::string &year) { return WritableSeason(desk.store, year); }
     std::string row(const std::string &gp, std::size_t number)
     {
         const ProgressRow found = raceProgress(season("2003"), gp)[number - 1];

@@ -119,7 +119,7 @@ TEST(Amending, ReadsAsCancelledWhenInterrupted)
     Desk amended, cancelled;
     const Keys before = amended.keys("2005");
     amended.main.refreshScale();
-    subtractResult(amended.main.season(), "16", amended.main.scale());
+    subtractResult(amended.main.writableSeason(), "16", amended.main.scale());
     cancelled.show(16);
     cancelGrandPrix(cancelled.main);
     Lines otherwise = changes(cancelled.keys("2005"), amended.keys("2005"));
@@ -154,7 +154,7 @@ protected:
                 brought[key] = held(key) - sum;
     }
 
-    Season season() const { return desk.main.season(); }
+    WritableSeason season() const { return desk.main.writableSeason(); }
     double held(const std::string &key) const
     {
         return season().numbers().value(season().read(keys::N, key)).value_or(0);

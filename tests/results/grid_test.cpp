@@ -12,10 +12,10 @@ TEST(Grid, KeysCountFromMinusOne)
 {
     Desk desk(Desk::empty);
     Grid grid;
-    grid[0] = "Premier";
-    grid[1] = "Deuxième";
-    grid[25] = "Dernier";
-    storeGrid(desk.main.season(), "Grande bretagne", grid);
+    grid[1] = "Premier";
+    grid[2] = "Deuxième";
+    grid[26] = "Dernier";
+    storeGrid(desk.main.writableSeason(), "Grande bretagne", grid);
     EXPECT_EQ(changes({}, desk.keys("2005")),
               lines("Grande bretagnegrilledepart-1: - > Premier; Grande bretagnegrilledepart0: - > Deuxième; "
                     "Grande bretagnegrilledepart24: - > Dernier"));
@@ -28,8 +28,8 @@ TEST(Grid, StoringAgainFreesPlacesAndLeavesOtherRacesAlone)
     Desk desk;
     const Keys before = desk.keys("2005");
     Grid grid = loadGrid(desk.main.season(), "Etats-unis");
-    grid[4].clear();
-    storeGrid(desk.main.season(), "Etats-unis", grid);
+    grid[5].clear();
+    storeGrid(desk.main.writableSeason(), "Etats-unis", grid);
     EXPECT_EQ(changes(before, desk.keys("2005")), lines("Etats-unisgrilledepart3: Michael Schumacher > -"));
 }
 

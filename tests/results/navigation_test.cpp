@@ -14,7 +14,7 @@ std::string shown(const MainRecord &main)
     std::string line = main.an.text() + " " + main.Label40.text() + " " + main.gp.text() + " " + main.dat.text() + ":";
     for (const Field &number : main.Text1to8)
         line += " " + number.text();
-    return line + " / " + main.Text31to38[0].text() + " / " + main.Text39.text() + " / " + main.Text41.text();
+    return line + " / " + main.Text31to38[1].text() + " / " + main.Text39.text() + " / " + main.Text41.text();
 }
 
 TEST(Navigation, ShowsEachGrandPrixOfTheCircle)
@@ -67,7 +67,7 @@ TEST(Navigation, StartsBeforeTheFirstFreeSlot)
         openOnLastRecorded(desk.main);
         std::string found = desk.main.Label40.text() + " " + desk.read("2005 [gp] nogp");
         EXPECT_EQ(desk.main.gp.text(), "Course " + desk.main.Label40.text()) << c.name;
-        EXPECT_EQ(desk.main.ptspilot[0].text(), "25") << c.name;
+        EXPECT_EQ(desk.main.ptspilot[1].text(), "25") << c.name;
         goToFirstFreeSlot(desk.main);
         EXPECT_EQ(found + " " + desk.main.Label40.text(), c.found) << c.name;
     }

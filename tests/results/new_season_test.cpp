@@ -30,13 +30,13 @@ protected:
     TwoSeasons()
     {
         desk.main.an.set("2003");
-        storeScale(season(), first.scale);
+        storeScale(season(), {first.scale});
         PublishedCareers careers;
         for (const SampleDriver &driver : first.drivers)
             enterSampleDriver(season(), driver, careers.of(driver.name));
         recordAll(first);
     }
-    Season season() const { return desk.main.season(); }
+    WritableSeason season() const { return desk.main.writableSeason(); }
 
     void recordAll(const SampleSeason &sample)
     {
@@ -127,7 +127,7 @@ TEST(NewSeason, TakesOverAndLeavesBehind)
         desk.write(line);
     const Keys old = desk.keys("2005");
     ASSERT_TRUE(passToNextSeason(desk.main, "5"));
-    clearTotals(desk.main.season());
+    clearTotals(desk.main.writableSeason());
     for (const std::string &key : split(same, ';')) {
         EXPECT_NE(desk.read("2005 " + key), "") << key;
         EXPECT_EQ(desk.read("2006 " + key), desk.read("2005 " + key)) << key;
@@ -162,11 +162,11 @@ TEST(NewSeason, FillsWhatWasEmpty)
 TEST(NewSeason, InheritsTheScaleForGood)
 {
     Desk desk;
-    storeScale(desk.main.season(), {"12", "9", "7", "5", "4", "3", "2", "1"});
+    storeScale(desk.main.writableSeason(), {"12", "9", "7", "5", "4", "3", "2", "1"});
     ASSERT_TRUE(passToNextSeason(desk.main, "5"));
-    storeScale(Season(desk.store, "2005"), {"1", "1", "1", "1", "1", "1", "1", "1"});
-    EXPECT_EQ(loadScale(desk.main.season())[1], "9");
-    EXPECT_EQ(desk.main.ptspilot[0].text(), "12");
+    storeScale(WritableSeason(desk.store, "2005"), {"1", "1", "1", "1", "1", "1", "1", "1"});
+    EXPECT_EQ(loadScale(desk.main.season())[2], "9");
+    EXPECT_EQ(desk.main.ptspilot[1].text(), "12");
 }
 
 TEST(NewSeason, ProposesTheLeader)
@@ -223,7 +223,7 @@ TEST(NewSeason, ThatWasCutOffCanBeTriedAgain)
     const auto pass = [](Desk &desk) {
         desk.main.an.set("2005");
         const bool passed = passToNextSeason(desk.main, "5");
-        clearTotals(Season(desk.store, "2006"));
+        clearTotals(WritableSeason(desk.store, "2006"));
         return passed;
     };
     Desk whole;

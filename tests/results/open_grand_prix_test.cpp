@@ -19,7 +19,7 @@ Lines printed(const std::vector<StandingRow> &rows)
 TEST(OpenGrandPrix, RanksDriversAfterASlot)
 {
     Desk desk;
-    const Season season(desk.store, "2003");
+    const WritableSeason season(desk.store, "2003");
     EXPECT_EQ(printed(driversAfter(season, -1, builtInScale)), Lines{});
     EXPECT_EQ(printed(driversAfter(season, 0, builtInScale)),
               split("David Coulthard 10; Juan Pablo Montoya 8; Kimi Räikkönen 6; Michael Schumacher 5; Jarno Trulli 4; "
@@ -35,7 +35,7 @@ TEST(OpenGrandPrix, RanksDriversAfterASlot)
 TEST(OpenGrandPrix, RanksTeamsByTheirPointsOfEachRace)
 {
     Desk desk;
-    const Season season(desk.store, "2003");
+    const WritableSeason season(desk.store, "2003");
     EXPECT_EQ(printed(teamsAfter(season, -1)), Lines{});
     // Five are level, in the order of their drivers' numbers.
     EXPECT_EQ(printed(teamsAfter(season, 0)),
@@ -72,16 +72,16 @@ TEST(OpenGrandPrix, TellsTheTeamsOfAGrid)
     desk.write("2005 [N°] nom27=Ricardo Zonta");
     desk.write("2005 [N°] ecurie27=Toyota");
     Grid grid;
-    grid[0] = "Fernando Alonso";
-    grid[1] = "Giancarlo Fisichella"; // of no team now
-    grid[2] = "Ayrton Senna";
-    grid[24] = "Ricardo Zonta";
-    grid[25] = "Kimi Räikkönen";
+    grid[1] = "Fernando Alonso";
+    grid[2] = "Giancarlo Fisichella"; // of no team now
+    grid[3] = "Ayrton Senna";
+    grid[25] = "Ricardo Zonta";
+    grid[26] = "Kimi Räikkönen";
     const auto teams = gridTeams(desk.main.season(), grid);
     Lines found;
-    for (std::size_t i = 0; i < teams.size(); ++i)
-        if (!teams[i].empty())
-            found.push_back(std::to_string(i + 1) + " " + teams[i]);
+    for (int place = 1; place <= gridPlaces; ++place)
+        if (!teams[place].empty())
+            found.push_back(std::to_string(place) + " " + teams[place]);
     EXPECT_EQ(found, (Lines{"1 Renault", "25 Toyota", "26 McLaren"}));
 }
 

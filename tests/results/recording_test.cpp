@@ -125,7 +125,7 @@ TEST(Recording, RefusedOnlyNotesTheDateAndFetchesTheScale)
         EXPECT_EQ(recordGrandPrix(desk.main), Recording::refused) << gpName;
         EXPECT_EQ(changes(before, desk.keys("2005")), lines(changed));
         EXPECT_EQ(changes(archive, desk.keys("ARCHIVES")), Lines{}) << gpName;
-        EXPECT_EQ(desk.main.Label11.text() + desk.main.ptspilot[0].text(), "25") << gpName;
+        EXPECT_EQ(desk.main.Label11.text() + desk.main.ptspilot[1].text(), "25") << gpName;
     }
 }
 

@@ -17,7 +17,7 @@ const std::string data = CIRCUIDEX_TESTDATA "/../../data/";
 
 class SampleSeasons : public testing::Test {
 protected:
-    Season season(const std::string &year) { return Season(desk.store, year); }
+    WritableSeason season(const std::string &year) { return WritableSeason(desk.store, year); }
 
     Desk desk;
 };

@@ -21,7 +21,7 @@ TEST(Tones, FollowTheSign)
 
 class Classification : public testing::Test {
 protected:
-    Season season(const std::string &year) { return Season(desk.store, year); }
+    WritableSeason season(const std::string &year) { return WritableSeason(desk.store, year); }
     std::string placeOf(Stage stage, const std::string &driver, std::size_t slot)
     {
         return placesOfDriver(season("2003"), stage, driver)[slot].place;

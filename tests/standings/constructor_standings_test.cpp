@@ -22,7 +22,7 @@ protected:
             if (const Lines words = split(entry, ' '); words.size() == 2)
                 desk.write("2005 [N°] ptsecurie" + words[0] + "=" + words[1]);
     }
-    Season season() { return desk.main.season(); }
+    WritableSeason season() { return desk.main.writableSeason(); }
 
     Desk desk{Desk::empty};
 };

@@ -25,7 +25,7 @@ protected:
             desk.write("2005 [N°] ecurie" + words[0] + "=" + words.at(3));
         }
     }
-    Season season() { return desk.main.season(); }
+    WritableSeason season() { return desk.main.writableSeason(); }
 
     Desk desk{Desk::empty, ','};
 };
@@ -34,7 +34,7 @@ TEST(DriverStandings, EqualTheOfficialTables)
 {
     Desk desk;
     for (const std::string year : {"2003", "2004"}) {
-        const Season season(desk.store, year);
+        const WritableSeason season(desk.store, year);
         std::map<std::string, int> numbers;
         for (int number = 1; number <= driverSlots; ++number)
             numbers.emplace(season.nom(number), number);

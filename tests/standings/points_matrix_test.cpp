@@ -53,7 +53,7 @@ TEST(PointsMatrix, EqualsTheResults)
     Desk desk;
     for (const std::string year : {"2003", "2004"}) {
         const SampleSeason results = published(year);
-        const Season season(desk.store, year);
+        const WritableSeason season(desk.store, year);
         PointsMatrix matrix = pointsMatrix(season, results::loadScale(season));
         EXPECT_EQ(cellsOf(matrix), publishedCells(results, false)) << year;
         for (std::size_t gp = 0; gp < matrix.races.size(); ++gp)

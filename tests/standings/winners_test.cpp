@@ -133,7 +133,7 @@ TEST(WinsOfADriver, AreThePublishedOnes)
 TEST(RacesBehindANumber, AreThoseOfTheSeason)
 {
     Desk desk;
-    const Season season(desk.store, "2003");
+    const WritableSeason season(desk.store, "2003");
     struct Case {
         const char *word, *driver;
         Lines races;
@@ -171,13 +171,13 @@ TEST(RacesBehindANumber, AreTwentyAtMost)
 TEST(IndexArrows, StandStillAtTheEnd)
 {
     const auto by = [](int step, std::optional<int> end) {
-        return [=](const std::string &from) { return steppedIndex(from, step, end, Numbers()); };
+        return [=](const std::string &from) { return Numbers().stepped(from, step, end); };
     };
     EXPECT_EQ(walked("0 1 abc", by(-1, 0)), "0>0 1>0 abc>abc");
     EXPECT_EQ(walked("0 -1", by(-1, -1)), "0>-1 -1>-1");
     EXPECT_EQ(walked("200 199", by(1, 200)), "200>200 199>200");
     EXPECT_EQ(walked("200 -1", by(1, std::nullopt)), "200>201 -1>0");
-    EXPECT_EQ(steppedIndex("", 1, 200, Numbers()), "");
+    EXPECT_EQ(Numbers().stepped("", 1, 200), "");
 }
 
 }

@@ -31,7 +31,7 @@ std::string lineOf(const TeamSummaryRow &row)
 
 class SeasonSummary : public testing::Test {
 protected:
-    Season season(const std::string &year) { return Season(desk.store, year); }
+    WritableSeason season(const std::string &year) { return WritableSeason(desk.store, year); }
     DriverSummary driver(const std::string &year, const std::string &name)
     {
         return driverSummary(season(year), builtInScale, name, "1");
@@ -78,7 +78,7 @@ TEST_F(SeasonSummary, OfADriverKeepsWhatIsMissing)
     EXPECT_EQ(driver("2005", "Michael Schumacher").rows[18].gp, "Chine") << "still to come";
 
     Scale broken = builtInScale;
-    broken[0] = "dix";
+    broken[1] = "dix";
     EXPECT_EQ(driverSummary(season("2003"), broken, "David Coulthard", "5").rows[0].pointsSum, "0");
 }
 

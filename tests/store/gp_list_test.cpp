@@ -33,7 +33,7 @@ protected:
 
     TemporaryFolder folder;
     Store store{folder.path()};
-    Season archive{store, "ARCHIVES"};
+    WritableSeason archive{store, "ARCHIVES"};
 };
 
 // The clean-up read row by row and written row by row, as its rule says it.

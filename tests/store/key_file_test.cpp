@@ -95,37 +95,12 @@ TEST(KeyFile, WritingTouchesItsLineOnly)
     }
 }
 
-TEST(KeyFile, SectionBeforeAnAppendedOneStillTakesKeys)
-{
-    KeyFile file("[a]\r\nk=1");
-    file.set("b", "k", "2");
-    file.set("a", "j", "3");
-    EXPECT_EQ(file.bytes(), "[a]\r\nk=1\r\nj=3\r\n[b]\r\nk=2\r\n");
-    EXPECT_EQ(read(file, "b", "k"), "2");
-}
-
 TEST(KeyFile, ValueMayBeAViewOfTheFileItself)
 {
     KeyFile file("[a]\r\nk=held\r\n");
     file.set("b", "copy", *file.value("a", "k"));
     file.set("b", "again", *file.value("b", "copy"));
     EXPECT_EQ(file.bytes(), "[a]\r\nk=held\r\n[b]\r\ncopy=held\r\nagain=held\r\n");
-}
-
-// Names that are none in a file: written, never found, and nothing else is lost.
-TEST(KeyFile, OddNamesLeaveTheRestReadable)
-{
-    struct {
-        const char *section, *key, *value;
-    } const odd[] = {{"a", "x=y", "1"}, {"a", "[n]", "1"}, {"a]b", "k", "1"}, {"a\nb", "k", "1"}, {"a", "k\rj", "1"}};
-    for (const auto &c : odd) {
-        KeyFile file("[z]\r\nk=1\r\n[a]\r\nk=2\r\n");
-        EXPECT_TRUE(file.set(c.section, c.key, c.value));
-        EXPECT_EQ(read(file, c.section, c.key), "(none)") << c.section << c.key;
-        EXPECT_EQ(read(file, "z", "k") + read(file, "a", "k"), "12") << c.section << c.key;
-        EXPECT_TRUE(file.set("z", "j", "3"));
-        EXPECT_EQ(read(KeyFile(file.bytes()), "z", "j"), "3") << c.section << c.key;
-    }
 }
 
 // The naive key file of the fuzzers is the reference, on files of the lines and names that this program knows, and on

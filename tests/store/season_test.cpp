@@ -17,8 +17,8 @@ TEST(Season, CountsByTheRules)
         const char *amount;
         const char *results[4]; // of the steps in their order
     };
-    using Step = void (Season::*)(std::string_view, std::string_view, std::string_view) const;
-    constexpr Step steps[] = {&Season::add, &Season::subtract, &Season::addFromZero, &Season::subtractFromZero};
+    using Step = void (WritableSeason::*)(std::string_view, std::string_view, std::string_view) const;
+    constexpr Step steps[] = {&WritableSeason::add, &WritableSeason::subtract, &WritableSeason::addFromZero, &WritableSeason::subtractFromZero};
     const Case cases[] = {
         {"from zero", '.', "0", "10", {"10", "-10", "10", "-10"}},
         {"from some", '.', "12", "3", {"15", "9", "15", "9"}},
@@ -35,7 +35,7 @@ TEST(Season, CountsByTheRules)
         for (std::size_t i = 0; i < std::size(steps); ++i) {
             const circuidex::test::TemporaryFolder folder;
             Store store(folder.path(), Numbers(c.separator));
-            const Season season(store, "2005");
+            const WritableSeason season(store, "2005");
             if (c.held)
                 season.write(keys::N, "nbpts7", c.held);
             (season.*steps[i])(keys::N, "nbpts7", c.amount);
@@ -47,7 +47,7 @@ TEST(Season, SkippedStepCreatesNothing)
 {
     const circuidex::test::TemporaryFolder folder;
     Store store(folder.path());
-    const Season season(store, "2005");
+    const WritableSeason season(store, "2005");
     season.add(keys::N, "vic7", "1");
     season.subtractFromZero(keys::N, "vic7", "");
     EXPECT_EQ(folder.names(), std::vector<std::string>());

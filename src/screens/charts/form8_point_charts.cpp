@@ -115,15 +115,14 @@ const std::array<QString, seriesCount> totals{u"pt1"_s, u"pt2"_s, u"Label18"_s, 
 constexpr std::array<int, seriesCount> pointIndexes{7, 6, 4, 5}; // of Label4
 constexpr std::array<double, seriesCount> barTops{1440, 1560, 2085, 2205};
 constexpr double barLeft = 480, barHeight = 120, barGap = 12;
-const std::array<QColor, seriesCount> barColours{QColor(255, 0, 0), QColor(0, 255, 0), QColor(0, 0, 255),
-                                                 QColor(255, 255, 0)};
 
 const PointChartRow &rowOf(const QString &screen)
 {
     const auto found = std::find_if(std::begin(chartRows), std::end(chartRows), [&](const PointChartRow &row) {
         return qt(row.controls.instance.screen) == screen;
     });
-    Q_ASSERT(found != std::end(chartRows));
+    if (found == std::end(chartRows))
+        qFatal("no chart for %s", qPrintable(screen));
     return *found;
 }
 
@@ -183,9 +182,7 @@ PointChart::PointChart(Context &theContext, const QString &name, const QString &
     if (!m_row.explanation.empty())
         chart->addWidget(styled(qt(m_row.explanation), "hint"));
     chart->addWidget(view(), 1);
-    auto *layout = new QVBoxLayout(body());
-    layout->setContentsMargins(10, 8, 10, 8);
-    layout->setSpacing(look::gap);
+    auto *layout = page();
     layout->addWidget(subjects());
     if (m_row.hasPairs())
         layout->addWidget(pairs());
@@ -224,7 +221,7 @@ QLayout *PointChart::subject(int series)
     const QString tip = u"Choisir dans la liste"_s;
     auto *swatch = new QLabel;
     swatch->setFixedSize(14, 6);
-    swatch->setStyleSheet(u"background:%1;border-radius:3px"_s.arg(colour(series).name()));
+    swatch->setStyleSheet(look::swatch(colour(series)));
     auto *row = new QHBoxLayout;
     row->setSpacing(4);
     row->addWidget(swatch);
@@ -291,7 +288,7 @@ QLayout *PointChart::pair(int index)
 void PointChart::registerBar(int bar)
 {
     ShapeControl &made = shape(u"stat1"_s, bar);
-    made.setBack(barColours[std::size_t(bar)]);
+    made.setBack(look::pairBars[std::size_t(bar)]);
     made.geometryNow = [this, bar] { return barPlace(m_chart, bar); };
     hidden(totals[std::size_t(bar)]);
 }
@@ -360,7 +357,7 @@ void PointChart::showPair(int index)
         setText(totals[std::size_t(bar)], points);
         TwipRect place = barPlace(m_chart, bar);
         place.height -= barGap;
-        picture.bars.push_back({place, barColours[std::size_t(bar)]});
+        picture.bars.push_back({place, look::pairBars[std::size_t(bar)]});
     }
     m_bars[std::size_t(index)]->setPicture(std::move(picture));
     m_sentences[std::size_t(index)]->setText(qt(pair.sentence));

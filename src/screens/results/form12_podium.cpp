@@ -38,9 +38,7 @@ Form12::Form12(Context &theContext, const QString &name, const QString &title) :
         m_timers[static_cast<std::size_t>(column)] = &timer(u"Timer%1"_s.arg(column + 1), 50,
                                                             TimerControl::Kind::once, [this, column] { fill(column); });
     }
-    auto *layout = new QVBoxLayout(body());
-    layout->setContentsMargins(12, 8, 12, 12);
-    layout->setSpacing(look::gap);
+    auto *layout = page();
     auto *head = new QHBoxLayout;
     auto *race = add(u"Label11"_s, new Label(u"Grand Prix"_s));
     race->setObjectName(u"large"_s);

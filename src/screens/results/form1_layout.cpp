@@ -75,7 +75,7 @@ Label *Form1::pointedCommand(const QString &name, const QString &caption, std::f
     Label *label = command(name, caption, std::move(handler));
     m_pointed << name;
     label->onHover = [this, name] { control(name)->setFore(look::pointed); };
-    label->onLeave = [this, name] { control(name)->setFore(QColor(Qt::black)); };
+    label->onLeave = [this, name] { control(name)->setFore(look::unpointed); };
     return label;
 }
 
@@ -254,7 +254,7 @@ QWidget *Form1::picturesCard()
         results::chooseFilm(m_main);
     };
     const auto paint = [this](const std::string &state) {
-        control(u"Label52"_s)->setBack(state.empty() ? QColor(255, 255, 255) : QColor(0, 255, 0));
+        control(u"Label52"_s)->setBack(state.empty() ? look::plain : look::atHand);
     };
     paint(m_main.film.text());
     listen(m_main.film, paint);

@@ -9,6 +9,7 @@
 #include "results/recording.h"
 #include "screens/results/form1_side_screens.h"
 #include "shell/look.h"
+#include "statistics/season_statistics.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -72,16 +73,14 @@ void Form1::registerHidden()
     keep(u"vic"_s, m_main.vic);
     keep(u"pts"_s, m_main.pts);
     keep(u"lblrec"_s, m_main.lblrec);
-    for (int i = 0; i < classifiedPlaces; ++i)
-        keep(u"ptspilot"_s, m_main.ptspilot[static_cast<std::size_t>(i)], i);
+    for (int place = 1; place <= classifiedPlaces; ++place)
+        keep(u"ptspilot"_s, m_main.ptspilot[place], place - 1);
     hidden(u"iMg"_s);
     hidden(u"Image6"_s).onHover = [this] { unpoint(); };
 
     using Kind = TimerControl::Kind;
     m_records = &timer(u"Timerrecords"_s, 0, Kind::once, [this] {
-        for (const QString &list : {u"Command13"_s, u"Command14"_s, u"Command15"_s})
-            if (Screen *statistics = context.screens.openUnseen(u"Form32"_s))
-                statistics->press(list);
+        statistics::sortAllTimeLists(context.store);
         context.screens.close(u"Form32"_s);
         context.screens.close(u"Form4"_s);
     });
@@ -97,7 +96,7 @@ void Form1::registerHidden()
 void Form1::unpoint()
 {
     for (const QString &name : m_pointed)
-        control(name)->setFore(QColor(Qt::black));
+        control(name)->setFore(look::unpointed);
 }
 
 void Form1::mouseMoveEvent(QMouseEvent *event)
@@ -111,7 +110,7 @@ void Form1::pressToggle(const QString &name)
 {
     const SideScreen &side = *sideScreenOf(name.toStdString());
     if (name == u"Command4") // what finishers without a team left behind
-        m_main.season().write(keys::N, "ptsecurie", "0");
+        m_main.writableSeason().write(keys::N, "ptsecurie", "0");
     if (side.menu)
         for (const SideScreen &other : sideScreens)
             if (other.menu && &other != &side)
@@ -227,7 +226,7 @@ void Form1::clearTotalsSoon(const QString &season)
 void Form1::clearNewSeason()
 {
     const QString season = std::exchange(m_newSeason->tag, {});
-    results::clearTotals(season.isEmpty() ? m_main.season() : Season(context.store, season.toStdString()));
+    results::clearTotals(season.isEmpty() ? m_main.writableSeason() : WritableSeason(context.store, season.toStdString()));
 }
 
 void Form1::comeBack()
@@ -274,8 +273,7 @@ void Form1::closing()
     context.store.setYearMarker(m_main.an.text());
     m_main.clearTotalsSoon = {};
     context.screens.onChange = {};
-    for (const QString &name : context.screens.openNames())
-        context.screens.close(name);
+    context.screens.closeAll();
 }
 
 ScreenRows form1()

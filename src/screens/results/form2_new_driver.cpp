@@ -62,18 +62,14 @@ Form2::Form2(Context &theContext, const QString &name, const QString &title) :
     auto *columns = new QHBoxLayout;
     columns->addWidget(card({}, form), 5);
     columns->addWidget(card({}, pictures), 2);
-    auto *foot = new QHBoxLayout;
-    foot->addWidget(printCommand(u"Label14"_s));
-    foot->addStretch(1);
+    auto *foot = footRow(u"Label14"_s);
     foot->addWidget(command(u"Label11"_s, u"Annuler"_s, [this] { close(); }));
     auto *ok = new Button(u"OK"_s);
     ok->makeMain();
     connect(ok, &QPushButton::clicked, this, [this] { store(); });
     add(u"Label10"_s, ok);
     foot->addWidget(ok);
-    auto *layout = new QVBoxLayout(body());
-    layout->setContentsMargins(12, 12, 12, 12);
-    layout->setSpacing(look::gap);
+    auto *layout = page();
     layout->addLayout(columns, 1);
     layout->addLayout(foot);
     driver->setFocus(); // the number is proposed already
@@ -82,8 +78,7 @@ Form2::Form2(Context &theContext, const QString &name, const QString &title) :
 
 void Form2::step(double by)
 {
-    if (const auto number = context.store.numbers().value(m_number.text()))
-        m_number.set(context.store.numbers().text(*number + by));
+    m_number.set(context.store.numbers().stepped(m_number.text(), by));
     readFields();
 }
 

@@ -25,7 +25,7 @@ private:
 
     results::MainRecord &m_main;
     Field m_an; // the season that was open when this screen was
-    std::array<Edit *, classifiedPlaces> m_boxes{};
+    ByPlace<Edit *, classifiedPlaces> m_boxes;
 };
 
 Form30::Form30(Context &theContext, const QString &name, const QString &title) :
@@ -35,15 +35,16 @@ Form30::Form30(Context &theContext, const QString &name, const QString &title) :
     const results::Scale scale = results::loadScale(Season(context.store, m_an.text()));
     auto *grid = new QGridLayout;
     grid->setVerticalSpacing(6);
-    for (int i = 0; i < classifiedPlaces; ++i) {
-        auto *box = add(u"Text%1"_s.arg(i + 1), new Edit);
-        box->setText(qt(scale[static_cast<std::size_t>(i)]));
+    for (int place = 1; place <= classifiedPlaces; ++place) {
+        auto *box = add(u"Text%1"_s.arg(place), new Edit);
+        box->setText(qt(scale[place]));
         box->setAlignment(Qt::AlignRight);
         box->setFixedWidth(70);
         connect(box, &QLineEdit::returnPressed, this, [this] { store(); });
-        m_boxes[static_cast<std::size_t>(i)] = box;
-        grid->addWidget(styled(placeName(i + 1), "place"), i % 4, 2 * (i / 4));
-        grid->addWidget(box, i % 4, 2 * (i / 4) + 1);
+        m_boxes[place] = box;
+        const int row = (place - 1) % 4, column = 2 * ((place - 1) / 4);
+        grid->addWidget(styled(placeName(place), "place"), row, column);
+        grid->addWidget(box, row, column + 1);
     }
     grid->setColumnStretch(4, 1);
     const auto note = [](const char *words, const char *style) {
@@ -51,9 +52,7 @@ Form30::Form30(Context &theContext, const QString &name, const QString &title) :
         label->setWordWrap(true);
         return label;
     };
-    auto *layout = new QVBoxLayout(body());
-    layout->setContentsMargins(12, 12, 12, 12);
-    layout->setSpacing(look::gap);
+    auto *layout = page();
     layout->addWidget(card(u"Points des places, saison %1"_s.arg(qt(m_an.text())), grid));
     layout->addWidget(note("ATTENTION: Ne changez pas ces paramètres au cours d'une saison.", "caption"));
     layout->addWidget(note("Ce barème peut être changé d'une saison à l'autre mais pas en cours de saison: les calculs "
@@ -63,22 +62,22 @@ Form30::Form30(Context &theContext, const QString &name, const QString &title) :
     validate->makeMain();
     layout->addWidget(validate);
     setFixedSize(sizeHint().expandedTo(QSize(380, 0)).width(), heightForWidth(380) > 0 ? heightForWidth(380) : 300);
-    m_boxes[0]->setFocus();
-    m_boxes[0]->selectAll();
+    m_boxes[1]->setFocus();
+    m_boxes[1]->selectAll();
     m_main.closeScaleEditor = [this] { close(); };
 }
 
 results::Scale Form30::boxes() const
 {
     results::Scale scale;
-    for (std::size_t i = 0; i < scale.size(); ++i)
-        scale[i] = m_boxes[i]->text().toStdString();
+    for (int place = 1; place <= classifiedPlaces; ++place)
+        scale[place] = m_boxes[place]->text().toStdString();
     return scale;
 }
 
 void Form30::store()
 {
-    results::storeScale(Season(context.store, m_an.text()), boxes());
+    results::storeScale(WritableSeason(context.store, m_an.text()), boxes());
     close();
 }
 

@@ -38,16 +38,12 @@ private:
 Form34::Form34(Context &theContext, const QString &name, const QString &title)
     : Screen(theContext, name, title), m_main(theContext.main)
 {
-    auto *foot = new QHBoxLayout;
-    foot->addWidget(printCommand(u"Label12"_s));
-    foot->addStretch(1);
+    auto *foot = footRow(u"Label12"_s);
     auto *kept = button(u"Command2"_s, u"Enregistrer Calendrier"_s, [this] { store(); });
     kept->makeMain();
     kept->setToolTip(u"Enregistrer et fermer (Entrée)"_s);
     foot->addWidget(kept);
-    auto *layout = new QVBoxLayout(body());
-    layout->setContentsMargins(12, 10, 12, 12);
-    layout->setSpacing(look::gap);
+    auto *layout = page();
     layout->addWidget(card({}, rows()));
     layout->addLayout(foot);
     setFixedWidth(460);
@@ -109,7 +105,7 @@ void Form34::load()
 // A date stands under the name of its Grand Prix; without one there is nowhere to keep it.
 void Form34::store()
 {
-    const Season season = m_main.season();
+    const WritableSeason season = m_main.writableSeason();
     for (std::size_t slot = 0; slot < m_names.size(); ++slot) {
         const std::string gpName = m_names[slot]->text().toStdString();
         season.write(keys::gp, keys::namegp(static_cast<int>(slot)), gpName);

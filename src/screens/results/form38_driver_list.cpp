@@ -28,12 +28,8 @@ Form38::Form38(Context &theContext, const QString &name, const QString &title) :
         drivers->set(u"Text1", i, qt(season.nom(i + 1)));
     }
     drivers->setFixedHeight(drivers->rowsHigh(driverSlots));
-    auto *foot = new QHBoxLayout;
-    foot->addWidget(printCommand(u"Label38"_s));
-    foot->addStretch(1);
-    auto *layout = new QVBoxLayout(body());
-    layout->setContentsMargins(12, 10, 12, 12);
-    layout->setSpacing(look::gap);
+    auto *foot = footRow(u"Label38"_s);
+    auto *layout = page();
     layout->addWidget(drivers);
     layout->addLayout(foot);
     setFixedWidth(320);

@@ -46,9 +46,7 @@ Form39::Form39(Context &theContext, const QString &name, const QString &title)
     auto *foot = new QHBoxLayout;
     foot->addStretch(1);
     foot->addWidget(m_ok);
-    auto *layout = new QVBoxLayout(body());
-    layout->setContentsMargins(12, 12, 12, 12);
-    layout->setSpacing(12);
+    auto *layout = page();
     layout->addWidget(intention);
     layout->addWidget(card({}, row));
     layout->addLayout(foot);

@@ -65,9 +65,7 @@ Form3::Form3(Context &theContext, const QString &name, const QString &title) :
     columns->addWidget(picturesCard(), 3);
     auto *note = styled(replaceNote, "hint");
     note->setWordWrap(true);
-    auto *layout = new QVBoxLayout(body());
-    layout->setContentsMargins(10, 10, 10, 10);
-    layout->setSpacing(look::gap);
+    auto *layout = page();
     layout->addLayout(columns, 1);
     layout->addWidget(note);
     layout->addLayout(foot());
@@ -192,9 +190,7 @@ QWidget *Form3::picturesCard()
 
 QLayout *Form3::foot()
 {
-    auto *row = new QHBoxLayout;
-    row->addWidget(printCommand(u"Label15"_s));
-    row->addStretch(1);
+    auto *row = footRow(u"Label15"_s);
     row->addWidget(command(u"Label11"_s, u"Annuler"_s, [this] { close(); }));
     row->addWidget(button(u"Command5"_s, u"Vider les champs"_s, [this] { emptyFields(); }));
     auto *store = button(u"Command4"_s, u"Enregistrer modifications"_s, [this] { storeAll(); });
@@ -276,7 +272,7 @@ void Form3::storeAll()
     store();
     if (m_seasons.empty())
         m_seasons.set("1");
-    results::storeCareerSeasons(season(), text(u"Text1"_s).toStdString(), m_seasons.text());
+    results::storeCareerSeasons(writableSeason(), text(u"Text1"_s).toStdString(), m_seasons.text());
 }
 
 void Form3::placeSheet()
@@ -304,7 +300,7 @@ void Form3::chooseTeamPicture()
     const auto chosen = results::choosePictureFile(context.dialogs, "Image");
     if (!chosen)
         return;
-    season().write(keys::N, keys::lblecuriE(text(u"Text8"_s).toStdString()), *chosen);
+    writableSeason().write(keys::N, keys::lblecuriE(text(u"Text8"_s).toStdString()), *chosen);
     setText(u"lblecuriE"_s, qt(*chosen));
     setText(u"ecuriE"_s, qt(findPicture(*chosen)));
 }

@@ -18,7 +18,7 @@ public:
 
 private:
     void load();
-    void step(std::string_view stop, std::string_view beside, double by);
+    void step(int by, int end);
     void pick(int row);
     void store();
     void movePole();
@@ -39,8 +39,8 @@ Form48::Form48(Context &theContext, const QString &name, const QString &title) :
     auto *race = add(u"Text5"_s, new Edit);
     race->setProperty("title", true);
     bind(race, m_gp);
-    auto *back = button(u"Command6"_s, u"◀"_s, [this] { step("0", "1", -1); });
-    auto *on = button(u"Command5"_s, u"▶"_s, [this] { step("200", "199", 1); });
+    auto *back = button(u"Command6"_s, u"◀"_s, [this] { step(-1, 0); });
+    auto *on = button(u"Command5"_s, u"▶"_s, [this] { step(1, 200); });
     back->setToolTip(u"Grand Prix précédent"_s);
     on->setToolTip(u"Grand Prix suivant"_s);
     m_grid = table({{u"Label1"_s, u"Place"_s, 60, Qt::AlignRight},
@@ -60,13 +60,9 @@ Form48::Form48(Context &theContext, const QString &name, const QString &title) :
     head->addWidget(back);
     head->addWidget(on);
     head->addWidget(race, 1);
-    auto *foot = new QHBoxLayout;
-    foot->addWidget(printCommand(u"Label14"_s));
-    foot->addStretch(1);
+    auto *foot = footRow(u"Label14"_s);
     foot->addWidget(store);
-    auto *layout = new QVBoxLayout(body());
-    layout->setContentsMargins(12, 10, 12, 12);
-    layout->setSpacing(look::gap);
+    auto *layout = page();
     layout->addLayout(head);
     layout->addWidget(m_grid, 1);
     layout->addLayout(foot);
@@ -78,17 +74,14 @@ Form48::Form48(Context &theContext, const QString &name, const QString &title) :
 void Form48::load()
 {
     const results::Grid grid = results::loadGrid(m_main.season(), m_gp.text());
-    for (int x = 0; x < gridPlaces; ++x)
-        m_grid->set(u"Text99", x, qt(grid[static_cast<std::size_t>(x)]));
+    for (int place = 1; place <= gridPlaces; ++place)
+        m_grid->set(u"Text99", place - 1, qt(grid[place]));
 }
 
-// No circle here: at the stop the cursor is first set beside it. Behind the calendar everything is empty.
-void Form48::step(std::string_view stop, std::string_view beside, double by)
+// No circle here: at an end the cursor stays. Behind the calendar everything is empty.
+void Form48::step(int by, int end)
 {
-    if (m_cursor.text() == stop)
-        m_cursor.set(std::string(beside));
-    if (const auto slot = context.store.numbers().value(m_cursor.text()))
-        m_cursor.set(context.store.numbers().text(*slot + by));
+    m_cursor.set(context.store.numbers().stepped(m_cursor.text(), by, end));
     m_gp.set(m_main.season().read(keys::gp, keys::namegp(m_cursor.text())));
     load();
 }
@@ -109,9 +102,9 @@ void Form48::countEdits(int edits)
 void Form48::store()
 {
     results::Grid grid;
-    for (int x = 0; x < gridPlaces; ++x)
-        grid[static_cast<std::size_t>(x)] = m_grid->text(u"Text99", x).toStdString();
-    results::storeGrid(m_main.season(), m_gp.text(), grid);
+    for (int place = 1; place <= gridPlaces; ++place)
+        grid[place] = m_grid->text(u"Text99", place - 1).toStdString();
+    results::storeGrid(m_main.writableSeason(), m_gp.text(), grid);
     if (m_edits == 1)
         movePole();
 }

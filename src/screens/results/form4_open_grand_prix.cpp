@@ -71,9 +71,7 @@ Form4::Form4(Context &theContext, const QString &name, const QString &title) :
     columns->addWidget(resultCard(), 4);
     columns->addWidget(gridCard(), 4);
     columns->addWidget(standingsCard(), 3);
-    auto *layout = new QVBoxLayout(body());
-    layout->setContentsMargins(10, 8, 10, 10);
-    layout->setSpacing(look::gap);
+    auto *layout = page();
     layout->addLayout(head());
     layout->addLayout(columns, 1);
     resize(1000, 740);
@@ -239,8 +237,8 @@ void Form4::showResultOnly()
 
 void Form4::showGrid(const results::Grid &grid)
 {
-    for (int i = 0; i < gridPlaces; ++i)
-        m_grid->set(u"Text99", i, qt(grid[static_cast<std::size_t>(i)]));
+    for (int place = 1; place <= gridPlaces; ++place)
+        m_grid->set(u"Text99", place - 1, qt(grid[place]));
 }
 
 void Form4::load()
@@ -250,8 +248,8 @@ void Form4::load()
     const results::Grid grid = results::loadGrid(shown, m_race.gp.text());
     const auto teamsOfGrid = results::gridTeams(shown, grid);
     showGrid(grid);
-    for (int i = 0; i < gridPlaces; ++i)
-        m_grid->set(u"Text11", i, qt(teamsOfGrid[static_cast<std::size_t>(i)]));
+    for (int place = 1; place <= gridPlaces; ++place)
+        m_grid->set(u"Text11", place - 1, qt(teamsOfGrid[place]));
     for (int place = 1; place <= classifiedPlaces; ++place)
         m_result->set(u"Text10", place - 1, qt(shown.ecurie(m_race.number(place).text())));
 }
@@ -307,8 +305,7 @@ void Form4::stepAndShow(double by)
 
 void Form4::changeYear(double by)
 {
-    if (const auto year = context.store.numbers().value(m_year.text()))
-        m_year.set(context.store.numbers().text(*year + by));
+    m_year.set(context.store.numbers().stepped(m_year.text(), by));
     open();
 }
 
@@ -320,7 +317,7 @@ void Form4::findSlot()
 
 void Form4::supp()
 {
-    results::subtractResult(season(), m_cursor.text(), m_main.scale());
+    results::subtractResult(WritableSeason(context.store, m_year.text()), m_cursor.text(), m_main.scale());
     showResultOnly();
 }
 
@@ -329,7 +326,7 @@ void Form4::unlight()
     for (Table *table : {m_result, m_grid})
         for (int row = 0; row < table->model().rowCount(); ++row)
             for (int column = 1; column < table->model().columnCount(); ++column)
-                table->model().cell(row, column).setBack(QColor(Qt::white));
+                table->model().cell(row, column).setBack(look::plain);
 }
 
 // The driver's result and his start place in one colour.

@@ -22,7 +22,7 @@ private:
     QWidget *question();
     void ask(); // Command1
     void stepName(int by, std::optional<int> end);
-    void stepYear(const char *by);
+    void stepYear(int by);
 
     Field m_gp, m_year; // Text1, Text2
     Field m_index; // Label7, where the arrows stand in the all-time list
@@ -35,9 +35,7 @@ Form20::Form20(Context &theContext, const QString &name, const QString &title)
 {
     hidden(u"Label7"_s, m_index);
     hidden(u"Command3"_s, {}, [this] { stepName(1, std::nullopt); });
-    auto *layout = new QVBoxLayout(body());
-    layout->setContentsMargins(10, 8, 10, 8);
-    layout->setSpacing(look::gap);
+    auto *layout = page();
     layout->addWidget(question());
     m_rows = table({{u"Label5"_s, u"Année de la course:"_s, 150, Qt::AlignHCenter},
                     {u"Label6"_s, u"Pilote qui a gagné le Grand Prix:"_s},
@@ -64,8 +62,8 @@ QWidget *Form20::question()
                         [this] { openPicker(context.screens, PickList::grandsPrix, u"a1"_s); }));
     row->addSpacing(16);
     auto *year = box(*row, u"Année:"_s, u"Text2"_s, m_year, 64, [this] { ask(); });
-    arrows(*row, year, {u"Command7"_s, u"Un an plus tôt"_s, Qt::Key_Left, [this] { stepYear("-1"); }},
-           {u"Command6"_s, u"Un an plus tard"_s, Qt::Key_Right, [this] { stepYear("1"); }});
+    arrows(*row, year, {u"Command7"_s, u"Un an plus tôt"_s, Qt::Key_Left, [this] { stepYear(-1); }},
+           {u"Command6"_s, u"Un an plus tard"_s, Qt::Key_Right, [this] { stepYear(1); }});
     row->addSpacing(8);
     row->addWidget(mainButton(u"Command1"_s, u"Ouvrir"_s,
                               u"Montrer les dix années qui finissent avec celle-ci (Entrée)"_s,
@@ -89,14 +87,14 @@ void Form20::ask()
 
 void Form20::stepName(int by, std::optional<int> end)
 {
-    m_index.set(standings::steppedIndex(m_index.text(), by, end, context.store.numbers()));
+    m_index.set(context.store.numbers().stepped(m_index.text(), by, end));
     m_gp.set(standings::listedName(context.store, m_index.text()));
     ask();
 }
 
-void Form20::stepYear(const char *by)
+void Form20::stepYear(int by)
 {
-    m_year.set(context.store.numbers().sum(m_year.text(), by).value_or(m_year.text()));
+    m_year.set(context.store.numbers().stepped(m_year.text(), by));
     ask();
 }
 

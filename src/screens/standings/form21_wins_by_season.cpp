@@ -19,7 +19,7 @@ public:
 private:
     QWidget *question();
     void ask(); // Command1
-    void stepYear(const char *by);
+    void stepYear(int by);
 
     Field m_year; // Text2, as typed
     Field m_shown; // Label2, the season that the rows come from; it takes over what was typed when it has been shown
@@ -31,9 +31,7 @@ Form21::Form21(Context &theContext, const QString &name, const QString &title)
     : LookupScreen(theContext, name, title), m_year(theContext.main.an.text()), m_shown(theContext.main.an.text())
 {
     hidden(u"Label2"_s, m_shown);
-    auto *layout = new QVBoxLayout(body());
-    layout->setContentsMargins(10, 8, 10, 8);
-    layout->setSpacing(look::gap);
+    auto *layout = page();
     layout->addWidget(question());
     m_rows = table({{{}, u"N°"_s, 40, Qt::AlignRight},
                     {u"Label6"_s, u"Grand Prix"_s, 170},
@@ -55,8 +53,8 @@ QWidget *Form21::question()
         m_shown.set(m_year.text());
         ask();
     });
-    arrows(*row, year, {u"Command7"_s, u"Saison précédente"_s, Qt::Key_PageUp, [this] { stepYear("-1"); }},
-           {u"Command6"_s, u"Saison suivante"_s, Qt::Key_PageDown, [this] { stepYear("1"); }});
+    arrows(*row, year, {u"Command7"_s, u"Saison précédente"_s, Qt::Key_PageUp, [this] { stepYear(-1); }},
+           {u"Command6"_s, u"Saison suivante"_s, Qt::Key_PageDown, [this] { stepYear(1); }});
     row->addWidget(mainButton(u"Command1"_s, u"Ouvrir"_s,
                               u"Montrer cette saison (Entrée)"_s, [this] { ask(); }));
     row->addStretch(1);
@@ -86,10 +84,10 @@ void Form21::ask()
     m_shown.set(m_year.text());
 }
 
-void Form21::stepYear(const char *by)
+void Form21::stepYear(int by)
 {
     for (Field *year : {&m_year, &m_shown})
-        year->set(context.store.numbers().sum(year->text(), by).value_or(year->text()));
+        year->set(context.store.numbers().stepped(year->text(), by));
     ask();
 }
 

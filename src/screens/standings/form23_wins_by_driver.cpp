@@ -52,9 +52,7 @@ Form23::Form23(Context &theContext, const QString &name, const QString &title) :
     hidden(u"nopilott"_s, m_number);
     m_panel = &hidden(u"Picture1"_s);
     m_panel->setGeometry({atStart, 0, columns * columnStep, rows * look::rowHeight * twipsPerPixel});
-    auto *layout = new QVBoxLayout(body());
-    layout->setContentsMargins(10, 8, 10, 8);
-    layout->setSpacing(look::gap);
+    auto *layout = page();
     layout->addWidget(question());
     layout->addWidget(panel(), 0, Qt::AlignHCenter);
     layout->addLayout(foot());

@@ -32,9 +32,7 @@ Form24::Form24(Context &theContext, const QString &name, const QString &title)
       m_gp(standings::listedName(theContext.store, theContext.main.Label40.text())), m_index(theContext.main.Label40.text())
 {
     hidden(u"Label7"_s, m_index);
-    auto *layout = new QVBoxLayout(body());
-    layout->setContentsMargins(10, 8, 10, 8);
-    layout->setSpacing(look::gap);
+    auto *layout = page();
     layout->addWidget(question());
     layout->addWidget(answer());
     layout->addLayout(foot());
@@ -70,7 +68,6 @@ QWidget *Form24::answer()
         return made;
     };
     auto *winner = line(u"Label4"_s, "winner");
-    winner->setStyleSheet(u"font-weight:bold; font-size:30px;"_s);
     winner->setMinimumHeight(48); // nothing moves when nobody is known
     auto *layout = new QVBoxLayout;
     layout->setContentsMargins(0, 8, 0, 12);
@@ -92,7 +89,7 @@ void Form24::ask()
 
 void Form24::step(int by, int end)
 {
-    m_index.set(standings::steppedIndex(m_index.text(), by, end, context.store.numbers()));
+    m_index.set(context.store.numbers().stepped(m_index.text(), by, end));
     m_gp.set(standings::listedName(context.store, m_index.text()));
     ask();
 }

@@ -42,12 +42,8 @@ Form33::Form33(Context &theContext, const QString &name, const QString &title) :
             openRace(row);
     };
     m_races->onDoubleClick = [this](const QString &, int) { context.screens.close(raceScreen); };
-    auto *foot = new QHBoxLayout;
-    foot->addWidget(printCommand(u"Label12"_s));
-    foot->addStretch(1);
-    auto *layout = new QVBoxLayout(body());
-    layout->setContentsMargins(10, 8, 10, 8);
-    layout->setSpacing(look::gap);
+    auto *foot = footRow(u"Label12"_s);
+    auto *layout = page();
     layout->addLayout(head);
     layout->addWidget(m_races);
     layout->addLayout(foot);

@@ -61,7 +61,7 @@ void Form5::registerHidden()
         Control &tyre = hidden(u"Label3"_s, qt(line.tyre), {}, number);
         ++number;
         hidden(u"Text2"_s, qt(line.points), {}, number);
-        tyre.onPress = [this, &tyre, number] { tyre.setText(qt(standings::changeTyre(season(), season().ecurie(number)))); };
+        tyre.onPress = [this, &tyre, number] { tyre.setText(qt(standings::changeTyre(writableSeason(), season().ecurie(number)))); };
     }
 }
 
@@ -78,7 +78,7 @@ std::string Form5::nameAt(const std::string &number) const
 void Form5::closing()
 {
     StandingsScreen::closing();
-    context.main.season().write(keys::N, favouriteKey, m_favourite.text());
+    context.main.writableSeason().write(keys::N, favouriteKey, m_favourite.text());
 }
 
 }

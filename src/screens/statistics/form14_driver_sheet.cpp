@@ -76,9 +76,7 @@ Form14::Form14(Context &theContext, const QString &name, const QString &title) :
         zone->clear();
         this->print();
     });
-    auto *layout = new QVBoxLayout(body());
-    layout->setContentsMargins(10, 10, 10, 10);
-    layout->setSpacing(look::gap);
+    auto *layout = page();
     layout->addLayout(head);
     layout->addWidget(card({}, grid));
     layout->addStretch(1);
@@ -101,7 +99,7 @@ std::string Form14::driver() const
 void Form14::storeSeasons()
 {
     if (!m_reading)
-        results::storeCareerSeasons(m_main.season(), driver(), m_seasons.text());
+        results::storeCareerSeasons(m_main.writableSeason(), driver(), m_seasons.text());
 }
 
 // The seasons of the driver left are kept, then the profile and this sheet show the next one.

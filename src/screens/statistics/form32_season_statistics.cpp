@@ -120,15 +120,15 @@ void Form32::registerHidden()
         Control &bar = hidden(
             u"graph"_s, {}, [this, i] { openRow(i); }, i);
         bar.setBack(barColour);
-        bar.setFore(QColor(Qt::white));
+        bar.setFore(look::onBar);
     }
 }
 
 QWidget *Form32::buttons(const QString &heading, const QColor &ground, bool allTime)
 {
     auto *group = new QFrame;
-    group->setObjectName(u"statistics"_s);
-    group->setStyleSheet(u"#statistics { background:%1; border-radius:6px; }"_s.arg(ground.name()));
+    group->setObjectName(u"modes"_s);
+    group->setStyleSheet(look::modeGroup(ground));
     auto *layout = new QVBoxLayout(group);
     layout->setContentsMargins(8, 6, 8, 8);
     layout->setSpacing(4);
