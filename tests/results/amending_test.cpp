@@ -75,6 +75,7 @@ TEST(Amending, RecordsARaceWithoutResult)
         EXPECT_EQ(desk.read("2005 [N°] nbpts5") + " " + desk.read("2005 [N°] nbgp9") + " " + desk.read("2005 [gp] nogp"),
                   by == Amendment::byUser ? "133 87 19" : "133 86 19");
         Lines noted = changes(archive, desk.keys("ARCHIVES"));
+        EXPECT_EQ(take(noted, "[record] nomvic22"), Lines{"[record] nomvic22: - > Fernando Alonso"});
         take(noted, "[record] ");
         EXPECT_EQ(noted, Lines{});
     }
