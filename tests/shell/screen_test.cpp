@@ -140,6 +140,7 @@ TEST_F(ScreenTest, TakesDoubleClicksOfTheMouse)
     say("answer /nowhere/a.jpg");
     twice("Form1", "Image1");
     EXPECT_EQ(say("get Form1.Labell"), "/nowhere/a.jpg") << "a picture";
+    EXPECT_EQ(say("get Form1.Timerlap"), "0") << "no single click is left to be answered";
     say("answer /nowhere/a.avi");
     say("answer /nowhere/b.avi");
     twice("Form1", "Label52");
