@@ -59,6 +59,17 @@ Button *LookupScreen::mainButton(const QString &name, const QString &caption, co
     return made;
 }
 
+void LookupScreen::layOut(QWidget *question, QWidget *answer, QLayout *foot)
+{
+    auto *layout = new QVBoxLayout(body());
+    layout->setContentsMargins(10, 8, 10, 8);
+    layout->setSpacing(look::gap);
+    layout->addWidget(question);
+    layout->addWidget(answer, 0, Qt::AlignHCenter);
+    layout->addLayout(foot);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+}
+
 QLayout *LookupScreen::foot(QWidget *atRight)
 {
     auto *row = new QHBoxLayout;

@@ -22,6 +22,8 @@ inline const QColor menu{251, 254, 226};        // drop-downs and the list of al
 inline const QColor chosen{192, 192, 255};      // the selected row, no change
 inline const QColor gain{192, 255, 192};        // gain or best
 inline const QColor loss{255, 192, 192};        // loss or worst
+inline const QColor second{255, 255, 192};      // a team's drivers: the first as chosen, this, the third as loss, and
+inline const QColor fourth{192, 255, 255};      // this; the team itself as gain
 inline const QColor pointed{255, 0, 0};         // a command label under the pointer
 
 inline constexpr int rowHeight = 22; // pixels

@@ -129,9 +129,10 @@ std::string listedName(const Store &store, std::string_view row)
 std::string steppedIndex(std::string_view index, int by, std::optional<int> end, const Numbers &numbers)
 {
     const auto from = numbers.value(index);
-    if (!from || (end && *from == *end))
+    if (!from)
         return std::string(index);
-    return numbers.text(*from + by);
+    const double to = *from + by;
+    return numbers.text(!end ? to : by < 0 ? std::max<double>(to, *end) : std::min<double>(to, *end));
 }
 
 }

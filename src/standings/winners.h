@@ -66,8 +66,8 @@ std::vector<std::string> racesWith(const Season &season, CountedRaces what, std:
 // A name of the all-time list, empty for a free row or a text that is no row.
 std::string listedName(const Store &store, std::string_view row);
 
-// One on (+1) or back (-1) from the text of an index, standing still at the end given for that direction. A text that
-// is no number stays.
+// One on (+1) or back (-1) from the text of an index, never beyond the end given for that direction. A text that is no
+// number stays.
 std::string steppedIndex(std::string_view index, int by, std::optional<int> end, const Numbers &numbers);
 
 }
