@@ -36,6 +36,7 @@ QWidget *RaceList::racePanel(Label *heading)
     m_races->setFixedSize(seenColumns * columnWidth + 2, m_races->rowsHigh(rows));
     m_races->onDoubleClick = [this](const QString &, int index) { openRace(index); };
     heading->setObjectName(u"caption"_s);
+    heading->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // a longer name moves nothing
     const auto arrow = [this](const QString &name, const QString &sign, const QString &tip, double by) {
         auto *made = button(name, sign, [this, by] { scroll(by); });
         made->setToolTip(tip);
@@ -44,7 +45,6 @@ QWidget *RaceList::racePanel(Label *heading)
     };
     auto *head = new QHBoxLayout;
     head->addWidget(heading, 1);
-    head->addWidget(styled(u"Faire défiler la liste:"_s, "hint"));
     head->addWidget(arrow(u"Command2"_s, u"<"_s, u"Vers le début de la liste"_s, columnStep));
     head->addWidget(arrow(u"Command3"_s, u">"_s, u"Vers la fin de la liste"_s, -columnStep));
     auto *layout = new QVBoxLayout;
@@ -59,7 +59,7 @@ void RaceList::showRaces(const std::vector<std::string> &races)
         const auto at = static_cast<std::size_t>(i);
         Cell *cell = m_races->cell(array, i);
         cell->setText(at < races.size() ? qt(races[at]) : QString());
-        cell->setTip(at < races.size() ? u"Double-cliquez pour ouvrir ce Grand Prix"_s : QString());
+        cell->setTip(at < races.size() ? openTip : QString());
     }
 }
 

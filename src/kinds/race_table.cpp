@@ -83,7 +83,7 @@ Table *RaceTable::raceTable(const QString &gpTitle, std::vector<Column> columns)
 {
     columns.insert(columns.begin(),
                    {{{}, u"N°"_s, numberWidth, Qt::AlignRight},
-                    {gpColumn, gpTitle, nameWidth, Qt::AlignLeft, u"Double-cliquez pour ouvrir ce Grand Prix"_s}});
+                    {gpColumn, gpTitle, nameWidth}});
     int width = 2;
     for (const Column &column : columns)
         width += column.width;
@@ -101,6 +101,7 @@ void RaceTable::setRace(int row, const std::string &gpName, const std::string &y
     m_year = year;
     m_races->model().cell(row, 0).setText(gpName.empty() ? QString() : QString::number(row + 1));
     m_races->set(gpColumn, row, qt(gpName));
+    m_races->cell(gpColumn, row)->setTip(gpName.empty() ? QString() : openTip);
     markShown(row);
 }
 

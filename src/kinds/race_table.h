@@ -12,6 +12,8 @@ namespace circuidex {
 // Shows a race of a season on its own screen. Nothing happens when the season's calendar has none of that name.
 void openGrandPrix(Context &context, const std::string &year, const std::string &gpName);
 
+inline const QString openTip = u"Double-cliquez pour ouvrir ce Grand Prix"_s;
+
 // Absent for a figure without a tone.
 std::optional<QColor> colourOf(standings::Tone tone);
 
