@@ -81,9 +81,7 @@ RaceTable::RaceTable(Context &theContext, const QString &name, const QString &ti
 
 Table *RaceTable::raceTable(const QString &gpTitle, std::vector<Column> columns)
 {
-    columns.insert(columns.begin(),
-                   {{{}, u"N°"_s, numberWidth, Qt::AlignRight},
-                    {gpColumn, gpTitle, nameWidth}});
+    columns.insert(columns.begin(), {{{}, u"N°"_s, numberWidth, Qt::AlignRight}, {gpColumn, gpTitle, nameWidth}});
     int width = 2;
     for (const Column &column : columns)
         width += column.width;

@@ -1,7 +1,7 @@
 #pragma once
 // The kind of all tables race by race: a row for each Grand Prix of a season, with figures that say by their colour
-// whether they are better or worse. The Grand Prix that the main screen shows stands in bold, and a double click on a name
-// opens that Grand Prix. Its parts serve the tables of a race's drivers too.
+// whether they are better or worse. The Grand Prix that the main screen shows stands in bold, and a double click on a
+// name opens that Grand Prix. Its parts serve the tables of a race's drivers too.
 #include "kinds/lookup_screen.h"
 #include "standings/tone.h"
 

@@ -31,11 +31,12 @@ TeamTable::TeamTable(Context &theContext, const QString &name, const QString &ti
     context.main.refreshScale();
     m_team.set(Season(context.store, m_year.text()).ecurie(1));
     layOut(question(), answer(),
-           foot(legend({}, {{look::chosen, u"Informations du Pilote 1"_s},
-                            {look::second, u"Informations du Pilote 2"_s},
-                            {look::loss, u"Informations du Pilote 3"_s},
-                            {look::fourth, u"Informations du Pilote 4"_s},
-                            {look::gain, u"Informations concernant l'écurie"_s}})));
+           foot(legend({},
+                       {{look::chosen, u"Informations du Pilote 1"_s},
+                        {look::second, u"Informations du Pilote 2"_s},
+                        {look::loss, u"Informations du Pilote 3"_s},
+                        {look::fourth, u"Informations du Pilote 4"_s},
+                        {look::gain, u"Informations concernant l'écurie"_s}})));
     ask();
 }
 
@@ -44,9 +45,8 @@ QWidget *TeamTable::question()
     auto *asked = new QHBoxLayout;
     asked->setSpacing(6);
     box(*asked, u"Ecurie:"_s, u"Text1"_s, m_team, 220, [this] { ask(); });
-    asked->addWidget(list(u"Command1"_s, [this] {
-        openPicker(context.screens, PickList::teams, m_kind.word, qt(m_year.text()));
-    }));
+    asked->addWidget(
+        list(u"Command1"_s, [this] { openPicker(context.screens, PickList::teams, m_kind.word, qt(m_year.text())); }));
     asked->addSpacing(16);
     box(*asked, u"Saison:"_s, u"Text2"_s, m_year, 64, [this] { ask(); });
     asked->addSpacing(8);

@@ -1,6 +1,6 @@
 #pragma once
-// The kind of the two tables that show one team race by race: up to four of its drivers side by side, two figures of each,
-// each driver in a colour of his own, and behind them the team with its sum.
+// The kind of the two tables that show one team race by race: up to four of its drivers side by side, two figures of
+// each, each driver in a colour of his own, and behind them the team with its sum.
 #include "kinds/race_table.h"
 #include "statistics/season_summary.h"
 #include "store/season.h"

@@ -1,5 +1,5 @@
-// Form36 and Form73, three drivers or three teams side by side, Grand Prix by Grand Prix: what each did, his points so far,
-// and the gaps to the one that is chosen. The season's file keeps the three names.
+// Form36 and Form73, three drivers or three teams side by side, Grand Prix by Grand Prix: what each did, his points so
+// far, and the gaps to the one that is chosen. The season's file keeps the three names.
 #include "charts/comparator.h"
 #include "kinds/picker.h"
 #include "kinds/race_table.h"
@@ -144,9 +144,11 @@ QWidget *Comparator::question()
         row->addSpacing(number > 1 ? look::gap : 0);
         box(*row, u"%1 N°%2:"_s.arg(m_kind.subject).arg(number), subject.name,
             m_names[static_cast<std::size_t>(number - 1)], 0, [this] { ask(); });
-        row->addWidget(button(subject.list, u"Liste"_s, [this, number] {
+        auto *list = button(subject.list, u"Liste"_s, [this, number] {
             openPicker(context.screens, m_kind.list, m_kind.words.arg(number), qt(m_year.text()));
-        }));
+        });
+        list->setToolTip(u"Choisir dans la liste"_s);
+        row->addWidget(list);
         ++number;
     }
     auto *layout = new QVBoxLayout;
@@ -200,8 +202,9 @@ QLayout *Comparator::below()
 {
     auto *layout = new QVBoxLayout;
     layout->setSpacing(4);
-    layout->addWidget(legend(u"Légende:"_s, {{look::gain, m_kind.best}, {look::chosen, m_kind.middle}, {look::loss, m_kind.worst}}),
-                      0, Qt::AlignLeft);
+    layout->addWidget(
+        legend(u"Légende:"_s, {{look::gain, m_kind.best}, {look::chosen, m_kind.middle}, {look::loss, m_kind.worst}}),
+        0, Qt::AlignLeft);
     layout->addLayout(foot(styled(m_kind.note, "hint")));
     return layout;
 }

@@ -25,8 +25,8 @@ ScreenRows form100()
 {
     return {kindRow<TeamTable>(u"Form100"_s, u"Progression en Course d'une Ecurie"_s,
                                TeamKind{u"Grille/Course P%1:"_s, u"Progession en Course P%1:"_s,
-                                        u"Progression de l'Ecurie:"_s, u"Cumul des Progressions:"_s,
-                                        u"resecurie100"_s, content})};
+                                        u"Progression de l'Ecurie:"_s, u"Cumul des Progressions:"_s, u"resecurie100"_s,
+                                        content})};
 }
 
 }

@@ -1,5 +1,5 @@
-// Form50, all drivers of one Grand Prix: grid, finish and the places gained between them. On demand the sum of the places
-// gained from the first Grand Prix to where the arrows stand.
+// Form50, all drivers of one Grand Prix: grid, finish and the places gained between them. On demand the sum of the
+// places gained from the first Grand Prix to where the arrows stand.
 #include "kinds/picker.h"
 #include "kinds/race_table.h"
 #include "progression/progression.h"
@@ -53,7 +53,8 @@ Form50::Form50(Context &theContext, const QString &name, const QString &title)
         hidden(u"Text99"_s, {}, {}, cell);
     for (int place = 0; place <= classifiedPlaces; ++place)
         hidden(u"Text1"_s, {}, {}, place);
-    layOut(question(), answer(), foot(button(u"Command4"_s, u"Ouvrir Cumul des Progressions"_s, [this] { addSums(); })));
+    layOut(question(), answer(),
+           foot(button(u"Command4"_s, u"Ouvrir Cumul des Progressions"_s, [this] { addSums(); })));
     ask();
 }
 
@@ -62,13 +63,13 @@ QWidget *Form50::question()
     auto *row = new QHBoxLayout;
     row->setSpacing(6);
     auto *gp = box(*row, u"Grand Prix:"_s, u"Text5"_s, m_gp, 0, [this] { ask(); });
-    row->addWidget(list(u"Command2"_s,
-                        [this] { openPicker(context.screens, PickList::grandsPrix, u"progresscourse"_s); }));
+    row->addWidget(
+        list(u"Command2"_s, [this] { openPicker(context.screens, PickList::grandsPrix, u"progresscourse"_s); }));
     row->addSpacing(8);
     row->addWidget(styled(u"Défilement des GP:"_s, "hint"));
     row->addWidget(arrow(u"<"_s, {u"Command6"_s, u"Grand Prix précédent"_s, Qt::Key_PageUp, [this] { step(-1, 0); }}));
-    row->addWidget(arrow(u">"_s, {u"Command5"_s, u"Grand Prix suivant"_s, Qt::Key_PageDown,
-                                  [this] { step(1, gpSlots); }}));
+    row->addWidget(
+        arrow(u">"_s, {u"Command5"_s, u"Grand Prix suivant"_s, Qt::Key_PageDown, [this] { step(1, gpSlots); }}));
     row->addSpacing(8);
     row->addWidget(mainButton(u"Command1"_s, u"Ouvrir"_s, u"Montrer ce Grand Prix (Entrée)"_s, [this] { ask(); }));
     gp->setToolTip(u"Tapez le nom d'un Grand Prix, puis Entrée"_s);

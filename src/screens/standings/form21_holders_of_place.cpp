@@ -1,5 +1,5 @@
-// Form21, Form63 and Form55, one season: who won each Grand Prix, or who held one place at the finish or on the grid, with
-// his team, and the champion. For a year without a file the archive tells the winners.
+// Form21, Form63 and Form55, one season: who won each Grand Prix, or who held one place at the finish or on the grid,
+// with his team, and the champion. For a year without a file the archive tells the winners.
 #include "kinds/race_table.h"
 #include "results/main_record.h"
 #include "shell/look.h"
@@ -45,7 +45,8 @@ HoldersOfPlace::HoldersOfPlace(Context &theContext, const QString &name, const Q
     : RaceTable(theContext, name, title), m_kind(kind), m_year(theContext.main.an.text())
 {
     hidden(u"Label2"_s, m_year.shown);
-    m_rows = raceTable(u"Grand Prix"_s, {{u"Label11"_s, m_kind.column.toString(), 380}, {u"Text1"_s, u"Ecurie:"_s, 210}});
+    m_rows =
+        raceTable(u"Grand Prix"_s, {{u"Label11"_s, m_kind.column.toString(), 380}, {u"Text1"_s, u"Ecurie:"_s, 210}});
     layOut(question(), m_rows, foot(styled(u"En couleur: le champion du monde"_s, "hint")));
     ask();
 }
@@ -60,8 +61,9 @@ QWidget *HoldersOfPlace::question()
         m_year.shown.set(m_year.typed.text());
         ask();
     });
-    arrows(*row, year, {m_kind.yearBack.toString(), u"Saison précédente"_s, m_kind.winners ? Qt::Key_PageUp : Qt::Key_Left,
-                        [this] { stepYear("-1"); }},
+    arrows(*row, year,
+           {m_kind.yearBack.toString(), u"Saison précédente"_s, m_kind.winners ? Qt::Key_PageUp : Qt::Key_Left,
+            [this] { stepYear("-1"); }},
            {m_kind.yearOn.toString(), u"Saison suivante"_s, m_kind.winners ? Qt::Key_PageDown : Qt::Key_Right,
             [this] { stepYear("1"); }});
     row->addWidget(mainButton(u"Command1"_s, u"Ouvrir"_s, u"Montrer cette saison (Entrée)"_s, [this] { ask(); }));

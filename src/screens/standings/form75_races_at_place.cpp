@@ -1,4 +1,5 @@
-// Form75 and Form76, one driver and one place over several seasons: the races that he started from there, or finished there.
+// Form75 and Form76, one driver and one place over several seasons: the races that he started from there, or finished
+// there.
 #include "kinds/picker.h"
 #include "kinds/race_list.h"
 #include "results/main_record.h"
@@ -88,8 +89,7 @@ QLayout *RacesAtPlace::spanRow()
     box(*row, u"De l'année"_s, u"Text3"_s, m_first, 64, [this] { ask(); });
     box(*row, u"à l'année"_s, u"Text4"_s, m_last, 64, [this] { ask(); });
     row->addStretch(1);
-    row->addWidget(
-        mainButton(u"Command1"_s, u"Valider"_s, u"Chercher ces Grands Prix (Entrée)"_s, [this] { ask(); }));
+    row->addWidget(mainButton(u"Command1"_s, u"Valider"_s, u"Chercher ces Grands Prix (Entrée)"_s, [this] { ask(); }));
     return row;
 }
 
@@ -103,7 +103,7 @@ void RacesAtPlace::ask()
         return;
     showRaces(found->races);
     m_sentence->setText(qt(found->sentence));
-    m_count->setText(u"%1 Grand(s) Prix"_s.arg(found->races.size()));
+    m_count->setText((found->races.size() == 1 ? u"%1 Grand Prix"_s : u"%1 Grands Prix"_s).arg(found->races.size()));
 }
 
 void RacesAtPlace::stepDriver(int by, int end)

@@ -2,6 +2,7 @@
 // season is that of the main screen, and a year typed here becomes it.
 #include "kinds/picker.h"
 #include "kinds/race_table.h"
+#include "results/grid.h"
 #include "results/main_record.h"
 #include "shell/look.h"
 #include "shell/screens.h"
@@ -20,13 +21,13 @@ std::vector<Column> columns()
 {
     constexpr int width = 96;
     constexpr Qt::Alignment right = Qt::AlignRight;
-    return {{u"Text4"_s, u"Position sur la Grille:"_s, width, right},
-            {u"Label11"_s, u"Position a l'Arrivée:"_s, width, right},
-            {u"lblpt"_s, u"Progression en Course:"_s, width, right,
-             u"Places gagnées entre la grille et l'arrivée"_s, 1},
-            {u"Label2"_s, u"Cumul des Progressions:"_s, width, right},
-            {u"Text6"_s, u"Points Gagnés par GP:"_s, width, right, u"Selon le barème de la saison"_s},
-            {u"Text5"_s, u"Cumul des Points:"_s, width, right}};
+    return {
+        {u"Text4"_s, u"Position sur la Grille:"_s, width, right},
+        {u"Label11"_s, u"Position a l'Arrivée:"_s, width, right},
+        {u"lblpt"_s, u"Progression en Course:"_s, width, right, u"Places gagnées entre la grille et l'arrivée"_s, 1},
+        {u"Label2"_s, u"Cumul des Progressions:"_s, width, right},
+        {u"Text6"_s, u"Points Gagnés par GP:"_s, width, right, u"Selon le barème de la saison"_s},
+        {u"Text5"_s, u"Cumul des Points:"_s, width, right}};
 }
 
 class Form60 : public RaceTable {
@@ -36,6 +37,7 @@ public:
 private:
     QWidget *question();
     void ask(); // Command2
+    void askTyped();
     void refreshScale();
     void step(int by, int end);
     void showRow(int index, const statistics::DriverSummaryRow &row);
@@ -55,9 +57,11 @@ Form60::Form60(Context &theContext, const QString &name, const QString &title)
     m_rows->setAlternatingRowColors(false);
     m_rows->setTitleLines(2);
     m_rows->setFixedHeight(m_rows->rowsHigh(gpSlots));
-    layOut(question(), m_rows, foot(legend({}, {{look::gain, u"Places gagnées"_s},
-                                                {look::chosen, u"Place gardée"_s},
-                                                {look::loss, u"Places perdues"_s}})));
+    layOut(question(), m_rows,
+           foot(legend({},
+                       {{look::gain, u"Places gagnées"_s},
+                        {look::chosen, u"Place gardée"_s},
+                        {look::loss, u"Places perdues"_s}})));
     listen(m_year, [this](const std::string &year) {
         context.main.an.set(year);
         m_rows->cell(u"Text6", 0)->tag = stale;
@@ -70,15 +74,14 @@ QWidget *Form60::question()
 {
     auto *row = new QHBoxLayout;
     row->setSpacing(6);
-    auto *driver = box(*row, u"Pilote:"_s, u"Text1"_s, m_driver, 0, [this] { ask(); });
+    auto *driver = box(*row, u"Pilote:"_s, u"Text1"_s, m_driver, 0, [this] { askTyped(); });
     arrows(*row, driver, {u"Command3"_s, u"Pilote précédent"_s, Qt::Key_PageUp, [this] { step(-1, 1); }},
            {u"Command4"_s, u"Pilote suivant"_s, Qt::Key_PageDown, [this] { step(1, driverSlots); }});
-    row->addWidget(list(u"Command1"_s, [this] {
-        openPicker(context.screens, PickList::drivers, u"resum"_s, qt(m_year.text()));
-    }));
+    row->addWidget(
+        list(u"Command1"_s, [this] { openPicker(context.screens, PickList::drivers, u"resum"_s, qt(m_year.text())); }));
     row->addSpacing(8);
-    box(*row, u"Saison:"_s, u"Text2"_s, m_year, 60, [this] { ask(); })
-        ->setToolTip(u"Cette saison devient aussi celle de l'écran principal"_s);
+    auto *year = box(*row, u"Saison:"_s, u"Text2"_s, m_year, 60, [this] { ask(); });
+    year->setToolTip(u"Cette saison devient aussi celle de l'écran principal"_s);
     row->addSpacing(8);
     box(*row, u"Ecurie:"_s, u"Text3"_s, m_team, 120, [this] { ask(); })->setReadOnly(true);
     row->addWidget(mainButton(u"Command2"_s, u"Ouvrir"_s, u"Montrer sa saison (Entrée)"_s, [this] { ask(); }));
@@ -89,6 +92,14 @@ void Form60::refreshScale()
 {
     context.main.refreshScale();
     m_rows->cell(u"Text6", 0)->tag.clear();
+}
+
+// A name that was typed brings its own team along.
+void Form60::askTyped()
+{
+    if (const auto number = results::driverNamed(context.main.season(), m_driver.text()))
+        m_row.set(std::to_string(*number - 1));
+    ask();
 }
 
 void Form60::ask()

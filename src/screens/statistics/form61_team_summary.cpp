@@ -1,5 +1,5 @@
-// Form61, one team's season race by race: places and points of its drivers, and the team's points with their sum. The points
-// follow the scale in use, also for another year.
+// Form61, one team's season race by race: places and points of its drivers, and the team's points with their sum. The
+// points follow the scale in use, also for another year.
 #include "kinds/team_table.h"
 #include "results/main_record.h"
 #include "shell/screens.h"
