@@ -11,7 +11,7 @@ namespace circuidex {
 
 namespace {
 
-constexpr int numberWidth = 34, nameWidth = 124; // pixels
+constexpr int numberWidth = 30, nameWidth = 128; // pixels
 const QString gpColumn = u"Label6"_s;
 
 }
