@@ -7,11 +7,13 @@
 
 #include <QWidget>
 
+
 #include <map>
 #include <memory>
 #include <set>
 
 class QHBoxLayout;
+class QRadioButton;
 class QVBoxLayout;
 
 namespace circuidex {
@@ -90,6 +92,8 @@ protected:
     }
     Button *button(const QString &name, const QString &caption, std::function<void()> handler,
                    std::optional<int> index = std::nullopt);
+    // One of several, of which one is selected; the handler runs when it becomes that one. They stand in one card.
+    QRadioButton *option(const QString &name, const QString &caption, std::function<void()> selected);
     Label *command(const QString &name, const QString &caption, std::function<void()> handler);
     Label *printCommand(const QString &name);
     Control &hidden(const QString &name, const QString &text = {}, std::function<void()> onPress = {},

@@ -5,7 +5,6 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QCheckBox>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -278,9 +277,10 @@ void Picture::paintEvent(QPaintEvent *)
 
 QString WidgetControl::text() const
 {
-    if (const auto *check = qobject_cast<QCheckBox *>(m_widget))
-        return check->isChecked() ? u"vrai"_s : u"faux"_s;
-    if (const auto *button = qobject_cast<QAbstractButton *>(m_widget))
+    const auto *button = qobject_cast<QAbstractButton *>(m_widget);
+    if (button && button->isCheckable()) // a tick or an option
+        return button->isChecked() ? u"vrai"_s : u"faux"_s;
+    if (button)
         return button->text().replace(QLatin1String("&&"), QLatin1String("&"));
     if (const auto *label = qobject_cast<QLabel *>(m_widget))
         return label->text();
@@ -295,9 +295,10 @@ QString WidgetControl::text() const
 
 void WidgetControl::setText(const QString &text)
 {
-    if (auto *check = qobject_cast<QCheckBox *>(m_widget))
-        check->setChecked(text == u"vrai");
-    else if (auto *button = qobject_cast<QAbstractButton *>(m_widget))
+    auto *button = qobject_cast<QAbstractButton *>(m_widget);
+    if (button && button->isCheckable())
+        button->setChecked(text == u"vrai");
+    else if (button)
         button->setText(QString(text).replace(u'&', QLatin1String("&&")));
     else if (auto *label = qobject_cast<QLabel *>(m_widget))
         label->setText(text);

@@ -105,7 +105,7 @@ void Form1::mouseMoveEvent(QMouseEvent *event)
     control(u"Image6"_s)->hover();
 }
 
-// Opens the side screen of a button, or closes it. A menu first closes the other five.
+// Opens the side screen of a button, or closes it, as the caption says. A menu first closes the other five.
 void Form1::pressToggle(const QString &name)
 {
     const SideScreen &side = *sideScreenOf(name.toStdString());
@@ -115,14 +115,15 @@ void Form1::pressToggle(const QString &name)
         for (const SideScreen &other : sideScreens)
             if (other.menu && &other != &side)
                 context.screens.close(qt(other.screen));
-    if (context.screens.isOpen(qt(side.screen))) {
+    if (text(name) == qt(side.openCaption)) {
         context.screens.close(qt(side.screen));
         return;
     }
     const Waiting waiting(*this);
     if (name == u"Command7")
         m_main.refreshScale();
-    context.screens.open(qt(side.screen));
+    if (context.screens.open(qt(side.screen)))
+        setText(name, qt(side.openCaption)); // also where it was open under a plain caption
 }
 
 void Form1::screenChanged(const QString &screen, bool open)
@@ -130,6 +131,8 @@ void Form1::screenChanged(const QString &screen, bool open)
     for (const SideScreen &side : sideScreens)
         if (screen == qt(side.screen))
             setText(qt(side.button), qt(open ? side.openCaption : side.caption));
+    if (!open && std::ranges::count(alsoSetBack, screen.toStdString()) > 0)
+        setText(qt(placesButton), qt(sideScreenOf(placesButton)->caption));
 }
 
 void Form1::openDriverList(const QString &reason)
