@@ -63,6 +63,7 @@ public:
     // Where the window stands, in twips. Far off means out of sight: open, but not seen.
     TwipRect place() const;
     void setPlace(double left, double top);
+    void putAway(double top = 50000) { setPlace(0, top); } // open, but not seen
     bool seen() const { return !m_outOfSight; }
     void present(); // shows it in front, if it is in sight
     virtual void comeBack() {} // after a screen that took its place

@@ -214,6 +214,12 @@ void Remark::insertFromMimeData(const QMimeData *source)
     insertPlainText(source->text().simplified());
 }
 
+ReadOnlyText::ReadOnlyText(QWidget *parent) : QPlainTextEdit(parent)
+{
+    setReadOnly(true);
+    setTabChangesFocus(true);
+}
+
 Button::Button(const QString &caption, QWidget *parent) : QPushButton(caption, parent)
 {
     setAutoDefault(false);
@@ -304,6 +310,8 @@ void WidgetControl::setText(const QString &text)
         label->setText(text);
     else if (auto *edit = qobject_cast<QLineEdit *>(m_widget))
         setFromStart(*edit, text);
+    else if (auto *lines = dynamic_cast<ReadOnlyText *>(m_widget))
+        lines->setPlainText(text);
     else if (auto *remark = qobject_cast<QPlainTextEdit *>(m_widget))
         remark->setPlainText(QString(text).replace(u'\n', u' ').remove(u'\r'));
     else if (auto *picture = dynamic_cast<Picture *>(m_widget))

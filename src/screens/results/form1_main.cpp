@@ -56,7 +56,7 @@ void Form1::registerHidden()
     });
     press(u"Command14"_s, u"Galerie Vidéo"_s, [this] {
         if (context.screens.open(u"frmmain"_s))
-            setPlace(0, 50000);
+            putAway();
     });
     press(u"Command18"_s, u"Journal"_s, [this] { context.screens.open(u"Form28"_s); });
     for (const QString &covered : {u"Command1"_s, u"Command4"_s, u"Command6"_s, u"Command7"_s, u"Command13"_s, u"Command19"_s, u"Command22"_s})
@@ -191,7 +191,7 @@ void Form1::startAssistant()
         return;
     context.screens.close(u"Form48"_s); // it may show another race, or hold edits
     if (Screen *grid = context.screens.open(u"Form48"_s))
-        grid->setPlace(0, 160000);
+        grid->putAway(160000);
     showMinimized();
     context.screens.open(u"Form49"_s);
 }
