@@ -5,6 +5,7 @@
 //
 // Names are compared without regard to case, accented letters included, and without the blanks around them. Of a
 // section or key that stands twice the first counts. A line ends with CR LF, LF or CR.
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -28,6 +29,12 @@ public:
     // file. False when the bytes are the same as before. The text is stored as it is: a name that isn't one in a file
     // (with '=' or a line break, or like a section) is written and never found again.
     bool set(std::string_view section, std::string_view key, std::string_view value);
+
+    // False for a text that isn't found again as a key of a file.
+    static bool isKey(std::string_view text)
+    {
+        return text.find('=') == text.npos && !text.substr(std::min(text.find_first_not_of(" \t"), text.size())).starts_with('[');
+    }
 
     const std::string &bytes() const { return m_bytes; }
 
