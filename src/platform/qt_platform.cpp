@@ -43,7 +43,8 @@ void QtPlatform::print(QWidget &screen, const std::string &)
 // Asked for by name: what the system opens a file with may be anything, the interpreter of a script too.
 bool QtPlatform::play(const std::string &path)
 {
-    for (const char *player : {"vlc", "totem", "celluloid", "haruna", "dragon", "parole", "smplayer", "mpv", "mplayer", "ffplay"})
+    for (const char *player :
+         {"vlc", "totem", "celluloid", "haruna", "dragon", "parole", "smplayer", "mpv", "mplayer", "ffplay"})
         if (const QString program = QStandardPaths::findExecutable(QLatin1String(player)); !program.isEmpty())
             return QProcess::startDetached(program, {QString::fromStdString(path)});
     return false;

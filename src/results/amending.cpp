@@ -37,7 +37,8 @@ void takeBack(RaceFields &fields, const WritableSeason &season, const Scale &sca
 void keepOtherResult(MainRecord &main, const Season &season)
 {
     const std::string &gpName = main.gp.text();
-    if (folded(season.read(keys::gp, keys::namegp(main.Label40.text()))) == folded(gpName) || !hasResult(season, gpName))
+    if (folded(season.read(keys::gp, keys::namegp(main.Label40.text()))) == folded(gpName) ||
+        !hasResult(season, gpName))
         return;
     const std::string copy = main.store.keepCopy(season.stem());
     if (!copy.empty())

@@ -5,9 +5,9 @@
 
 namespace circuidex::results {
 
-// "Supprimer le GP séléctionné": cancels the Grand Prix in the cursor's slot, whatever was typed on the screen. Its name
-// and date stay in the calendar, its grid goes. A slot without a result stays as it is; false then. The status says when
-// a write was lost.
+// "Supprimer le GP séléctionné": cancels the Grand Prix in the cursor's slot, whatever was typed on the screen. Its
+// name and date stay in the calendar, its grid goes. A slot without a result stays as it is; false then. The status
+// says when a write was lost.
 bool cancelGrandPrix(MainRecord &main);
 
 // Takes the stored result of a calendar slot out of all totals; grid and archive stay.
@@ -15,10 +15,9 @@ void subtractResult(const WritableSeason &season, std::string_view slot, const S
 
 enum class Amendment { byUser, byProgram };
 
-// "Enregistrer les modifications du GP séléctionné": the cursor's slot takes the fields as they stand, under the name in
-// gp. By the user, a slot without a result is recorded; the program's own amendments don't make up for its missing start.
-// Where the name is that of another race with a result, which goes, the season is copied before. Refuses what a recording
-// refuses by the name.
+// "Enregistrer les modifications du GP séléctionné": the cursor's slot takes the fields as they stand, under the name
+// in gp. By the user, a slot without a result is recorded; the program's own amendments don't make up for its missing
+// start. Where the name is that of another race with a result, which goes, the season is copied before. Refuses what a
+// recording refuses by the name.
 Recording amendGrandPrix(MainRecord &main, Amendment amendment);
-
 }

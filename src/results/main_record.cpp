@@ -3,8 +3,8 @@
 namespace circuidex::results {
 
 // Blanks and quotes around a year are taken off as it is typed.
-MainRecord::MainRecord(Store &files, Dialogs &boxes, Surroundings machine) :
-    store(files), dialogs(boxes), surroundings(std::move(machine))
+MainRecord::MainRecord(Store &files, Dialogs &boxes, Surroundings machine)
+    : store(files), dialogs(boxes), surroundings(std::move(machine))
 {
     an.listen(m_alive, [this](const std::string &typed) {
         if (std::string year = enteredName(typed).name; isYear(year))
@@ -28,7 +28,8 @@ bool MainRecord::enterGrandPrix()
 {
     const EnteredName entered = enteredName(gp.text());
     if (!isYear(an.text()))
-        dialogs.message("La saison " + inQuotes(an.text()) + " n'est pas une année de quatre chiffres : rien n'est enregistré.");
+        dialogs.message("La saison " + inQuotes(an.text()) +
+                        " n'est pas une année de quatre chiffres : rien n'est enregistré.");
     else if (!entered.fits())
         dialogs.message(entered.refusal);
     else

@@ -58,7 +58,6 @@ void take(MainRecord &main, const std::string &title, std::string (*key)(const M
     shown.set(main.surroundings.findPicture(*chosen));
     keep(main, key(main), *chosen);
 }
-
 }
 
 std::optional<std::string> choosePictureFile(Dialogs &dialogs, const std::string &title)

@@ -145,7 +145,8 @@ bool keepReplaced(MainRecord &main, const std::string &year)
     for (int slot = 0; slot < gpSlots && !held; ++slot)
         held = hasResult(replaced, replaced.namegp(slot));
     const std::string copy = held ? main.store.keepCopy(year) : std::string();
-    main.overwritten = copy.empty() ? "" : "La saison " + year + " avait des résultats, elle est remplacée ; sa copie : " + copy;
+    main.overwritten =
+        copy.empty() ? "" : "La saison " + year + " avait des résultats, elle est remplacée ; sa copie : " + copy;
     return !held || !copy.empty();
 }
 
@@ -157,7 +158,8 @@ bool carry(MainRecord &main, const std::string &next)
         return false;
     }
     if (!keepReplaced(main, next)) {
-        main.dialogs.message("La saison " + next + " a des résultats et ne peut pas être copiée : rien n'a été transféré.");
+        main.dialogs.message("La saison " + next +
+                             " a des résultats et ne peut pas être copiée : rien n'a été transféré.");
         return false;
     }
     if (!arrive(main, next)) {

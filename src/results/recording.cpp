@@ -45,8 +45,8 @@ void enterTeamPoints(const WritableSeason &season, MainRecord &main, const Scale
 
 }
 
-ActionOnSeason::ActionOnSeason(MainRecord &main) :
-    m_main(main), m_stem(main.season().stem()), m_lost(main.store.lostWrites(m_stem))
+ActionOnSeason::ActionOnSeason(MainRecord &main)
+    : m_main(main), m_stem(main.season().stem()), m_lost(main.store.lostWrites(m_stem))
 {
     main.overwritten.clear();
 }
@@ -121,7 +121,8 @@ Recording recordGrandPrix(MainRecord &main)
     proposeRecords(main);
     main.store.flush();
     const bool archived = main.store.lostWrites(keys::ARCHIVES) == lost;
-    main.Label11.set(archived ? "Grand prix enregistré!" : "Attention : Grand prix enregistré, mais pas dans les archives !");
+    main.Label11.set(archived ? "Grand prix enregistré!"
+                              : "Attention : Grand prix enregistré, mais pas dans les archives !");
     return Recording::done;
 }
 

@@ -5,7 +5,6 @@
 //
 // Names are compared without regard to case, accented letters included, and without the blanks around them. Of a
 // section or key that stands twice the first counts. A line ends with CR LF, LF or CR.
-#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -33,7 +32,8 @@ public:
     // False for a text that isn't found again as a key of a file.
     static bool isKey(std::string_view text)
     {
-        return text.find('=') == text.npos && !text.substr(std::min(text.find_first_not_of(" \t"), text.size())).starts_with('[');
+        const std::size_t first = text.find_first_not_of(" \t\v\f");
+        return text.find('=') == text.npos && (first == text.npos || text[first] != '[');
     }
 
     const std::string &bytes() const { return m_bytes; }

@@ -18,11 +18,21 @@ TEST(FilmFile, IsToldByNameOrContentAndIsAnOrdinaryFile)
         bool film;
     };
     const Case cases[] = {
-        {"Monaco2005.avi", "", true},         {"départ.MKV", "x", true},
-        {"RIFF", "RIFF\x10\x10\x10\x10" "AVI LIST", true},
-        {"mp4", std::string("\0\0\0\x18" "ftypisom", 12), true},
-        {"texte.txt", "Ceci est du texte", false}, {"f12005.ini", "[a]\r\nk=1\r\n", false},
-        {"script.sh", "#!/bin/sh\n", false},  {"avi", "", false},
+        {"Monaco2005.avi", "", true},
+        {"départ.MKV", "x", true},
+        {"RIFF",
+         "RIFF\x10\x10\x10\x10"
+         "AVI LIST",
+         true},
+        {"mp4",
+         std::string("\0\0\0\x18"
+                     "ftypisom",
+                     12),
+         true},
+        {"texte.txt", "Ceci est du texte", false},
+        {"f12005.ini", "[a]\r\nk=1\r\n", false},
+        {"script.sh", "#!/bin/sh\n", false},
+        {"avi", "", false},
     };
     for (const Case &c : cases) {
         layDown(folder / c.name, c.bytes);

@@ -300,5 +300,4 @@ TEST(Amending, OntoAnotherRaceKeepsACopy)
     desk.main.gp.set("a=b");
     EXPECT_EQ(amendGrandPrix(desk.main, Amendment::byUser), Recording::refused);
 }
-
 }

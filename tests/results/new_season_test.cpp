@@ -270,5 +270,4 @@ TEST(NewSeason, OverOneWithResultsKeepsACopy)
     ASSERT_TRUE(passToNextSeason(desk.main, "5"));
     EXPECT_EQ(desk.main.overwritten, "");
 }
-
 }

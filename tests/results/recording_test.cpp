@@ -169,16 +169,20 @@ TEST(Recording, ListsEachNameOnceInTheArchive)
     }
 }
 
-// Names that the files can't carry are refused with nothing written, and one that stands in a file isn't recorded twice.
+// Names that the files can't carry are refused with nothing written, and one that stands in a file isn't recorded
+// twice.
 TEST(Recording, TakesOnlyNamesAndSeasonsThatTheFilesCarry)
 {
     struct Case {
         const char *year, *gpName, *said;
     };
     const Case cases[] = {
-        {"2005", "a=b", "Le nom \"a=b\" ne peut pas"}, {"2005", "[x]", "Le nom \"[x]\" ne peut pas"},
-        {"2005", " Monaco ", "Le grand prix est déja"}, {"2005", " ' ' ", "Entrez le nom"},
-        {"2005/06", "Essai", "La saison \"2005/06\" n'est pas une année"}, {"galerie", "Essai", "La saison \"galerie\""},
+        {"2005", "a=b", "Le nom \"a=b\" ne peut pas"},
+        {"2005", "[x]", "Le nom \"[x]\" ne peut pas"},
+        {"2005", " Monaco ", "Le grand prix est déja"},
+        {"2005", " ' ' ", "Entrez le nom"},
+        {"2005/06", "Essai", "La saison \"2005/06\" n'est pas une année"},
+        {"galerie", "Essai", "La saison \"galerie\""},
     };
     for (const Case &c : cases) {
         Desk desk;
@@ -212,5 +216,4 @@ TEST(Recording, CountsNothingUnderANameThatNoReadFinds)
     EXPECT_EQ(content(desk.folder / "f12005.ini").find("ptsecuriea=b"), std::string::npos);
     EXPECT_EQ(desk.read("2005 [N°] nbpts5"), "133");
 }
-
 }

@@ -482,5 +482,4 @@ TEST_F(StoreTest, LargeFileIsWrittenAsAWholeAtTheEndOfAnAction)
     store.flush();
     EXPECT_FALSE(store.writesLost());
 }
-
 }

@@ -31,9 +31,9 @@ private:
     int m_edits = 0; // clicks on places since the screen was loaded
 };
 
-Form48::Form48(Context &theContext, const QString &name, const QString &title) :
-    Screen(theContext, name, title), m_main(theContext.main), m_cursor(theContext.main.Label40.text()),
-    m_gp(enteredName(theContext.main.gp.text()).name)
+Form48::Form48(Context &theContext, const QString &name, const QString &title)
+    : Screen(theContext, name, title), m_main(theContext.main), m_cursor(theContext.main.Label40.text()),
+      m_gp(enteredName(theContext.main.gp.text()).name)
 {
     hidden(u"Label40"_s, m_cursor);
     auto *race = add(u"Text5"_s, new Edit);
