@@ -110,7 +110,7 @@ void Assistant::choose(std::optional<int> nameIndex)
 {
     bool counting = false;
     const int place = m_counter->text().toInt(&counting);
-    if (!counting)
+    if (!counting || place < 1 || place > m_places)
         return;
     const QString driver = nameIndex ? text(nameControl(), *nameIndex) : QString();
     taken(place, nameIndex ? QString::number(*nameIndex + 1) : QString(), driver);

@@ -70,11 +70,17 @@ void DriverScreenBase::showPictures()
     setText(u"Image1"_s, qt(findPicture(text(u"Label22"_s).toStdString())));
 }
 
-void DriverScreenBase::store()
+bool DriverScreenBase::store()
 {
-    const results::DriverRecord whole = completed(record(), m_kind);
+    results::DriverRecord whole = completed(record(), m_kind);
+    const std::string refusal = results::enterNames(season(), number(), whole);
+    if (!refusal.empty()) {
+        context.dialogs.message(refusal);
+        return false;
+    }
     show(whole);
     results::storeDriver(writableSeason(), number(), whole, m_kind);
+    return true;
 }
 
 }

@@ -28,7 +28,7 @@ protected:
     void show(const results::DriverRecord &record);
     void readFields();              // the keys of the number on show
     virtual void showPictures();    // those with a path of their own
-    void store();
+    bool store();                   // false, and the user is told, when a name can't be stored
     std::string findPicture(const std::string &stored) const { return m_main.surroundings.findPicture(stored); }
 
     results::MainRecord &m_main;

@@ -312,4 +312,21 @@ TEST_P(RandomSeason, TotalsStayTheSumsOfTheResults)
 INSTANTIATE_TEST_SUITE_P(Of, RandomSeason, testing::Values("2003", "2005"),
                          [](const auto &season) { return std::string(season.param); });
 
+// The other race's result goes as it is told, but the season before it can be found.
+TEST(Amending, OntoAnotherRaceKeepsACopy)
+{
+    Desk desk;
+    desk.show(3);
+    amendGrandPrix(desk.main, Amendment::byUser);
+    EXPECT_EQ(desk.main.overwritten, "") << "under its own name";
+    const std::string amended = content(desk.folder / "f12005.ini");
+    desk.main.gp.set("Monaco");
+    EXPECT_EQ(amendGrandPrix(desk.main, Amendment::byUser), Recording::done);
+    const std::string said = "Un autre résultat de \"Monaco\" est remplacé ; la saison d'avant : ";
+    ASSERT_TRUE(desk.main.overwritten.starts_with(said)) << desk.main.overwritten;
+    EXPECT_EQ(content(desk.folder / desk.main.overwritten.substr(said.size())), amended);
+    EXPECT_TRUE(desk.main.quietNotice().starts_with(said));
+    desk.main.gp.set("a=b");
+    EXPECT_EQ(amendGrandPrix(desk.main, Amendment::byUser), Recording::refused);
+}
 }

@@ -173,8 +173,9 @@ void Form1::record()
 void Form1::amend(bool byUser)
 {
     const Waiting waiting(*this);
-    results::amendGrandPrix(m_main, byUser ? results::Amendment::byUser : results::Amendment::byProgram);
-    afterResult();
+    const auto amendment = byUser ? results::Amendment::byUser : results::Amendment::byProgram;
+    if (results::amendGrandPrix(m_main, amendment) == results::Recording::done)
+        afterResult();
     context.screens.close(u"Form4"_s);
 }
 
@@ -208,12 +209,15 @@ void Form1::filmClicked()
 
 void Form1::playFilm()
 {
+    const std::string film = results::filmAtHand(m_main);
+    if (film.empty())
+        return context.dialogs.message("La vidéo de ce Grand Prix n'est plus là, ou ce fichier n'est pas une vidéo.");
     if (Screen *gallery = context.screens.open(u"frmmain"_s)) {
-        gallery->setText(u"Command8"_s, qt(results::filmPath(m_main)));
+        gallery->setText(u"Command8"_s, qt(film));
         gallery->press(u"Command8"_s);
-        return;
+    } else if (!context.platform.play(film)) {
+        context.dialogs.message("Aucun lecteur vidéo n'a été trouvé : installez par exemple VLC, Totem ou mpv.");
     }
-    context.platform.play(m_main.surroundings.findFile(results::filmPath(m_main)));
 }
 
 // A passage before that is still waiting isn't forgotten.
@@ -273,7 +277,8 @@ void Form1::closing()
 {
     if (!m_newSeason->tag.isEmpty())
         clearNewSeason();
-    context.store.setYearMarker(m_main.an.text());
+    if (isYear(m_main.an.text())) // anything else would open on nothing
+        context.store.setYearMarker(m_main.an.text());
     m_main.clearTotalsSoon = {};
     context.screens.onChange = {};
     context.screens.closeAll();

@@ -1,6 +1,7 @@
 // Form34, the calendar of the season: the Grand Prix of each slot and its date. Naming a slot anew leaves the results
 // under the old name.
 #include "kinds/picker.h"
+#include "results/calendar.h"
 #include "results/main_record.h"
 #include "shell/look.h"
 #include "shell/screens.h"
@@ -93,7 +94,7 @@ QLayout *Form34::rows()
 void Form34::load()
 {
     const Season season = m_main.season();
-    m_heading->setText(u"Grands Prix %1"_s.arg(qt(season.stem())));
+    m_heading->setText(u"Grands Prix %1"_s.arg(qt(m_main.an.text())));
     for (int slot = 0; slot < gpSlots; ++slot) {
         const std::string gpName = season.namegp(slot);
         const std::string date = gpName.empty() ? std::string() : season.read(keys::gp, keys::dategp(gpName));
@@ -102,16 +103,14 @@ void Form34::load()
     }
 }
 
-// A date stands under the name of its Grand Prix; without one there is nowhere to keep it.
 void Form34::store()
 {
-    const WritableSeason season = m_main.writableSeason();
-    for (std::size_t slot = 0; slot < m_names.size(); ++slot) {
-        const std::string gpName = m_names[slot]->text().toStdString();
-        season.write(keys::gp, keys::namegp(static_cast<int>(slot)), gpName);
-        if (!gpName.empty())
-            season.write(keys::gp, keys::dategp(gpName), m_dates[slot]->text().toStdString());
-    }
+    results::Calendar calendar;
+    for (std::size_t slot = 0; slot < calendar.size(); ++slot)
+        calendar[slot] = {m_names[slot]->text().toStdString(), m_dates[slot]->text().toStdString()};
+    const std::string refusal = results::enterCalendar(m_main.writableSeason(), std::move(calendar));
+    if (!refusal.empty())
+        return context.dialogs.message(refusal);
     close();
 }
 

@@ -269,7 +269,8 @@ void Form3::emptyFields()
 
 void Form3::storeAll()
 {
-    store();
+    if (!store())
+        return;
     if (m_seasons.empty())
         m_seasons.set("1");
     results::storeCareerSeasons(writableSeason(), text(u"Text1"_s).toStdString(), m_seasons.text());
@@ -297,10 +298,13 @@ void Form3::showTeamLarge()
 void Form3::chooseTeamPicture()
 {
     m_click->stop();
+    const EnteredName team = enteredName(text(u"Text8"_s).toStdString());
+    if (!team.fits())
+        return context.dialogs.message(team.refusal);
     const auto chosen = results::choosePictureFile(context.dialogs, "Image");
     if (!chosen)
         return;
-    writableSeason().write(keys::N, keys::lblecuriE(text(u"Text8"_s).toStdString()), *chosen);
+    writableSeason().write(keys::N, keys::lblecuriE(team.name), *chosen);
     setText(u"lblecuriE"_s, qt(*chosen));
     setText(u"ecuriE"_s, qt(findPicture(*chosen)));
 }
