@@ -5,8 +5,8 @@
 #include "shell/table.h"
 #include "shell/widgets.h"
 
+#include <QRect>
 #include <QWidget>
-
 
 #include <map>
 #include <memory>
@@ -36,6 +36,9 @@ struct Context {
     Skin skin = skins[0]; // the one that the next screen opened takes
 };
 
+class EdgeGrips;
+class FocusRing;
+class Page;
 class TitleBar;
 
 class Screen : public QWidget {
@@ -65,7 +68,7 @@ public:
     void setPlace(double left, double top);
     void putAway(double top = 50000) { setPlace(0, top); } // open, but not seen
     bool seen() const { return !m_outOfSight; }
-    void present(); // shows it in front, if it is in sight
+    void present(); // shows it in front, if it is in sight, and whole on the display
     virtual void comeBack() {} // after a screen that took its place
 
     bool waiting() const { return m_waiting > 0; }
@@ -79,6 +82,9 @@ protected:
 
     // The screen's own closing, once, by whatever road: keys are kept, openers told.
     virtual void closing() {}
+
+    QRect room() const; // of the display, free of panels, in pixels
+    virtual const QWidget *owner() const; // the window that it stays above; null for none
 
     QWidget *body() const { return m_body; }
     QVBoxLayout *page(); // the screen's layout from top to bottom, with the margins of all screens
@@ -114,15 +120,22 @@ protected:
     void closeEvent(QCloseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
 
 private:
+    void fitToDisplay();
+    void readyForKeyboard();
     void registerWidget(const QString &name, QWidget *widget, std::optional<int> index);
     void registerChrome();
     void keep(const QString &name, std::optional<int> index, std::unique_ptr<Control> control);
 
     QString m_name;
     QWidget *m_body;
+    Page *m_page;
     TitleBar *m_bar = nullptr;
+    FocusRing *m_ring;
+    std::unique_ptr<EdgeGrips> m_grips; // none for a menu
     std::map<QString, std::map<int, std::unique_ptr<Control>>> m_controls; // a single control has index -1
     std::vector<Table *> m_tables;
     std::shared_ptr<const int> m_alive = std::make_shared<const int>(0); // what listens for this screen ends with it

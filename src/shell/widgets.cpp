@@ -172,14 +172,6 @@ void Label::leaveEvent(QEvent *event)
     run(onLeave);
 }
 
-void Label::keyPressEvent(QKeyEvent *event)
-{
-    if (onClick && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space))
-        run(onClick);
-    else
-        QLabel::keyPressEvent(event);
-}
-
 Edit::Edit(QWidget *parent) : QLineEdit(parent) {}
 
 void Edit::mouseReleaseEvent(QMouseEvent *event)

@@ -5,6 +5,7 @@
 
 #include <QFutureWatcher>
 #include <QImage>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -18,14 +19,28 @@ class QApplication;
 
 namespace circuidex {
 
-// A widget that is clicked and double-clicked; the release that ends a double click isn't a click of its own.
+// What a click and a double click do.
+struct Clicks {
+    std::function<void()> onClick, onDoubleClick;
+};
+
+// A widget that is clicked and double-clicked; the release that ends a double click isn't a click of its own. On the
+// keyboard these are Enter and Shift+Enter.
 template <class Base>
-class Clickable : public Base {
+class Clickable : public Base, public Clicks {
 public:
     using Base::Base;
-    std::function<void()> onClick, onDoubleClick;
 
 protected:
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+        const bool twice = enter && event->modifiers().testFlag(Qt::ShiftModifier);
+        if (const auto handler = twice ? onDoubleClick : onClick; handler && (enter || event->key() == Qt::Key_Space))
+            handler();
+        else
+            Base::keyPressEvent(event);
+    }
     void mouseReleaseEvent(QMouseEvent *event) override
     {
         const bool click = event->button() == Qt::LeftButton && this->rect().contains(event->pos()) && !m_afterDouble;
@@ -56,7 +71,6 @@ public:
 protected:
     void enterEvent(QEnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
 };
 
 class Edit : public QLineEdit {

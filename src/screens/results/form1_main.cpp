@@ -11,9 +11,7 @@
 #include "shell/look.h"
 #include "statistics/season_statistics.h"
 
-#include <QGuiApplication>
 #include <QKeyEvent>
-#include <QScreen>
 
 namespace circuidex::screens {
 
@@ -239,9 +237,8 @@ void Form1::clearNewSeason()
 void Form1::comeBack()
 {
     setWindowState(Qt::WindowNoState);
+    resize(room().size().boundedTo(QSize(1400, 900)));
     setPlace(0, 0);
-    const QRect display = QGuiApplication::primaryScreen()->availableGeometry();
-    resize(QSize(1024, 768).expandedTo(QSize(std::min(display.width(), 1400), std::min(display.height(), 900))));
 }
 
 void Form1::keyPressEvent(QKeyEvent *event)
