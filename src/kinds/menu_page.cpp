@@ -8,6 +8,7 @@
 #include <QFrame>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -17,6 +18,8 @@ MenuPage::MenuPage(Context &theContext, const QString &name, const QString &titl
     : Screen(theContext, name, title, chrome)
 {
     body()->setObjectName(u"menu"_s);
+    style()->unpolish(body()); // it has been dressed as an ordinary one
+    style()->polish(body());
     body()->setMouseTracking(true);
     hidden(u"Fond"_s).onHover = [this] { rest(); };
 }

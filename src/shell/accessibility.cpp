@@ -14,20 +14,28 @@ namespace circuidex {
 
 namespace {
 
-// A label or picture that answers a click.
+// A label or picture, a button as soon as it answers a click. Qt asks for it before that is known, and once.
 class Pressable : public QAccessibleWidget {
 public:
-    Pressable(QWidget *widget, const Clicks &clicks) : QAccessibleWidget(widget, QAccessible::Button), m_clicks(clicks)
+    Pressable(QWidget *widget, const Clicks &clicks) : QAccessibleWidget(widget), m_clicks(clicks)
     {
     }
 
+    QAccessible::Role role() const override
+    {
+        const bool words = qobject_cast<QLabel *>(widget());
+        return answers() ? QAccessible::Button : words ? QAccessible::StaticText : QAccessible::Graphic;
+    }
     QString text(QAccessible::Text what) const override
     {
         const auto *label = qobject_cast<QLabel *>(widget());
         const bool named = what != QAccessible::Name || !label || !widget()->accessibleName().isEmpty();
         return named ? QAccessibleWidget::text(what) : label->text();
     }
-    QStringList actionNames() const override { return {pressAction(), showMenuAction()}; }
+    QStringList actionNames() const override
+    {
+        return answers() ? QStringList{pressAction(), showMenuAction()} : QStringList();
+    }
     void doAction(const QString &action) override
     {
         const auto handler = action == pressAction() ? m_clicks.onClick
@@ -38,14 +46,15 @@ public:
     }
 
 private:
+    bool answers() const { return m_clicks.onClick || m_clicks.onDoubleClick; }
+
     const Clicks &m_clicks;
 };
 
 QAccessibleInterface *pressable(const QString &, QObject *object)
 {
     const auto *clicks = dynamic_cast<Clicks *>(object);
-    const bool answers = clicks && (clicks->onClick || clicks->onDoubleClick);
-    return answers ? new Pressable(static_cast<QWidget *>(object), *clicks) : nullptr;
+    return clicks ? new Pressable(static_cast<QWidget *>(object), *clicks) : nullptr;
 }
 
 bool saysSomething(const QString &text)

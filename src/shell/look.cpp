@@ -106,7 +106,7 @@ QPushButton:focus { border:1px solid MAIN; }
 QPushButton:disabled { color:#A0A7B2; background:#F7F8FA; }
 QPushButton[main="true"] { background:FILL; color:#FFFFFF; border:1px solid EDGE; font-weight:bold; }
 QPushButton[main="true"]:hover { background:EDGE; }
-QPushButton[quietly="true"] { text-align:left; }
+QPushButton[quietly="true"] { text-align:left; padding:2px 10px; }
 QPushButton[name="true"] { text-align:left; padding:2px 8px; }
 QPushButton[edge="true"] { border:0; border-left:1px solid #D9DDB8; border-radius:0; padding:0; font-weight:bold;
     color:#3D4755; background:#F3F6D3; }

@@ -10,6 +10,8 @@
 #include <QBoxLayout>
 #include <QGridLayout>
 
+#include <vector>
+
 namespace circuidex::screens {
 
 namespace {
@@ -274,7 +276,7 @@ QWidget *Form1::picturesCard()
 QWidget *Form1::grandPrixCommands()
 {
     auto *layout = new QVBoxLayout;
-    layout->setSpacing(5);
+    layout->setSpacing(3);
     const auto plain = [&](const QString &name, const QString &label, const QString &tip, std::function<void()> handler) {
         auto *made = button(name, label, std::move(handler));
         made->setToolTip(tip);
@@ -314,7 +316,7 @@ QWidget *Form1::grandPrixCommands()
 QWidget *Form1::windowCommands()
 {
     auto *layout = new QVBoxLayout;
-    layout->setSpacing(5);
+    layout->setSpacing(3);
     for (const QString &name :
          {u"Command2"_s, u"Command32"_s, u"Command20"_s, u"Command11"_s, u"Command31"_s, u"Command15"_s, u"Command33"_s, u"Command24"_s})
         layout->addWidget(sideButton(name));
@@ -323,21 +325,25 @@ QWidget *Form1::windowCommands()
 
 QWidget *Form1::footer()
 {
-    auto *grid = new QGridLayout;
-    grid->setVerticalSpacing(0);
-    int at = 0;
+    auto *rows = new QVBoxLayout;
+    rows->setSpacing(0);
+    std::vector<Label *> labels;
     for (const PlainOpening &row : plainLabels) {
-        auto *label = command(row.control, row.caption, [this, row] { context.screens.open(row.screen); });
-        label->setToolTip(row.tip);
-        grid->addWidget(label, at / 2, at % 2, Qt::AlignLeft);
-        ++at;
+        labels.push_back(command(row.control, row.caption, [this, row] { context.screens.open(row.screen); }));
+        labels.back()->setToolTip(row.tip);
     }
-    auto *minimise = command(u"Label71"_s, u"Réduire"_s, [this] { showMinimized(); });
-    auto *leave = command(u"Label53"_s, u"Quitter"_s, [this] { close(); });
-    leave->setToolTip(u"Fermer Circuidex"_s);
-    grid->addWidget(minimise, at / 2, 0, Qt::AlignLeft);
-    grid->addWidget(leave, at / 2, 1, Qt::AlignLeft);
-    return card({}, grid);
+    labels.push_back(command(u"Label71"_s, u"Réduire"_s, [this] { showMinimized(); }));
+    labels.push_back(command(u"Label53"_s, u"Quitter"_s, [this] { close(); }));
+    labels.back()->setToolTip(u"Fermer Circuidex"_s);
+    auto next = labels.begin();
+    for (const int count : {2, 3, 3}) {
+        auto *row = new QHBoxLayout;
+        for (int i = 0; i < count; ++i)
+            row->addWidget(*next++);
+        row->addStretch(1);
+        rows->addLayout(row);
+    }
+    return card({}, rows);
 }
 
 QWidget *Form1::sideButton(const QString &name)

@@ -63,7 +63,7 @@ Edit *Form34::box(const QString &array, int slot)
 QLayout *Form34::rows()
 {
     auto *grid = new QGridLayout;
-    grid->setVerticalSpacing(3);
+    grid->setVerticalSpacing(2);
     grid->setHorizontalSpacing(look::gap);
     m_heading = styled({}, "caption");
     grid->addWidget(m_heading, 0, 1);
