@@ -4,11 +4,13 @@
 #include "platform/file_lookup.h"
 #include "platform/qt_pictures.h"
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QLocale>
 #include <QStandardPaths>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -59,6 +61,15 @@ void Program::settle()
     m_store.settle();
     m_store.newMoment();
     m_main.writesLost.set(m_store.notice());
+}
+
+void Program::settleAtRest()
+{
+    QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &m_atRest, [this] {
+        settle();
+        if (offersCopies()) // a box can't be shown from here
+            QTimer::singleShot(0, &m_atRest, [this] { offerCopies(); });
+    });
 }
 
 bool Program::offersCopies() const

@@ -69,7 +69,8 @@ Screen::Screen(Context &theContext, const QString &name, const QString &title, C
 
 Screen::~Screen()
 {
-    context.screens.closed(*this);
+    if (!m_closed) // a closed one may outlive the list of screens
+        context.screens.closed(*this);
 }
 
 void Screen::registerChrome()

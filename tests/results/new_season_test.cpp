@@ -78,6 +78,8 @@ TEST_F(TwoSeasons, CarryEveryCareerOn)
 {
     PublishedCareers facts;
     facts.race(first);
+    for (int number = 1; number <= 24; ++number)
+        EXPECT_EQ(careerLine(season(), number), facts.line(season().nom(number))) << number;
     pass();
     EXPECT_EQ(season().stem(), "2004");
     std::set<std::string> carried;

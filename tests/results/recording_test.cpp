@@ -98,6 +98,11 @@ TEST(Recording, OnlySkipsTheStepsThatCannotBeDone)
          "ptsecurieToyota: 88 > 87; Renaultecuriepts/gp18: 15 > 16; Toyotaecuriepts/gp18: 6 > 5"},
         {"old points of the slot", "[N°] Ferrariecuriepts/gp18=7; [N°] BARecuriepts/gp18=7", result, "5", ""},
         {"nogp lost", "[gp] nogp=", result, "5", ""},
+        {"a place worth no number", "[bareme] 3=six", result, "5",
+         "[bareme] 3: 6 > six; nbpts16: 45 > 39; ptstot16: 304 > 298; ptsecurieToyota: 88 > 82; "
+         "Toyotaecuriepts/gp18: 6 > 0"},
+        {"counters missing", "[N°] nbpts5=; [N°] vic5=; [N°] pol5=; [N°] ptstot9=; [N°] podiums9=", result, "5",
+         "nbpts5: 133 > -; vic5: 8 > -; pol5: 9 > -; ptstot9: 281 > -; podiums9: 30 > -"},
     };
     Desk ordinary(Desk::sample, ',');
     recordChina(ordinary);
@@ -116,9 +121,12 @@ TEST(Recording, OnlySkipsTheStepsThatCannotBeDone)
 TEST(Recording, RefusedOnlyNotesTheDateAndFetchesTheScale)
 {
     for (const auto &[gpName, changed] :
-         {std::pair("", "dategp: - > 30/10"), {"Japon", "dategpJapon: 09/10 > 30/10"}}) {
+         {std::pair("", "dategp: - > 30/10"),
+          {"Japon", "dategpJapon: 09/10 > 30/10"},
+          {"Inde", "dategpInde: - > 30/10"}}) { // of which the eighth place alone is known
         Desk desk;
         desk.write("2005 [bareme] 1=25");
+        desk.write("2005 [podium] podium8Inde=4");
         const Keys before = desk.keys("2005"), archive = desk.keys("ARCHIVES");
         desk.enter(18, gpName, result, "5");
         desk.main.dat.set("30/10");
