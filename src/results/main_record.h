@@ -32,6 +32,7 @@ public:
     Field Label40{"0"};    // the cursor: the calendar slot on show, 0 to 19
     Field Text9;           // the pole-sitter's name, for show
     Field Label11;         // the status line
+    Field said;            // the quiet line: what was last kept or refused; empty once something else is on show
     Field writesLost;      // what the quiet line says while changes can't be kept
     Field Image1, Labell;  // picture of the circuit: the file on show (empty: none), and the path it was asked by
     Field Image2, Label50; // picture of the Grand Prix

@@ -1,7 +1,7 @@
 // Form34, the calendar of the season: the Grand Prix of each slot and its date. Naming a slot anew leaves the results
 // under the old name.
 #include "kinds/picker.h"
-#include "results/main_record.h"
+#include "results/navigation.h"
 #include "shell/look.h"
 #include "shell/screens.h"
 
@@ -106,12 +106,15 @@ void Form34::load()
 void Form34::store()
 {
     const WritableSeason season = m_main.writableSeason();
+    const std::string shownBefore = season.read(keys::gp, keys::namegp(m_main.Label40.text()));
     for (std::size_t slot = 0; slot < m_names.size(); ++slot) {
         const std::string gpName = m_names[slot]->text().toStdString();
         season.write(keys::gp, keys::namegp(static_cast<int>(slot)), gpName);
         if (!gpName.empty())
             season.write(keys::gp, keys::dategp(gpName), m_dates[slot]->text().toStdString());
     }
+    results::showCalendarAnew(m_main, shownBefore);
+    m_main.said.set("Calendrier " + season.stem() + " enregistré");
     close();
 }
 
