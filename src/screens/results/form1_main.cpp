@@ -283,6 +283,7 @@ void Form1::nameTyped(Edit *box, Field &number, Field &name)
 {
     const QString typed = box->text().trimmed();
     box->setModified(false);
+    m_main.said.set("");
     QStringList drivers;
     for (int slot = 1; slot <= driverSlots; ++slot)
         drivers << qt(m_main.season().nom(slot));
@@ -296,7 +297,6 @@ void Form1::nameTyped(Edit *box, Field &number, Field &name)
 
 void Form1::refuse(Edit *box, const QString &typed)
 {
-    m_main.said.set("");
     m_main.said.set(u"« %1 » : aucun pilote, ou plusieurs, en %2"_s.arg(typed, qt(m_main.an.text())).toStdString());
     setMark(*box, "refused", true);
 }
