@@ -125,7 +125,7 @@ TEST_F(ScreenTest, LetsATableBeCopied)
         table->selectionModel()->select(table->model().index(1, 1), QItemSelectionModel::Select);
         QTest::keyClick(table, Qt::Key_C, Qt::ControlModifier);
     }
-    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "1\tFernando Alonso\t123\nKimi Räikkönen");
+    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "1\tFernando Alonso\t123\n\tKimi Räikkönen\t");
 }
 
 TEST_F(ScreenTest, ShowsTheWaitPointerOnlyWhileItWorks)

@@ -63,7 +63,7 @@ void Form1::registerHidden()
     });
     press(u"Command14"_s, u"Galerie Vidéo"_s, [this] {
         if (context.screens.open(u"frmmain"_s))
-            setPlace(0, 50000);
+            putAway();
     });
     press(u"Command18"_s, u"Journal"_s, [this] { context.screens.open(u"Form28"_s); });
     for (const QString &covered : {u"Command1"_s, u"Command4"_s, u"Command6"_s, u"Command7"_s, u"Command13"_s, u"Command19"_s, u"Command22"_s})
@@ -112,7 +112,7 @@ void Form1::mouseMoveEvent(QMouseEvent *event)
     control(u"Image6"_s)->hover();
 }
 
-// Opens the side screen of a button, or closes it. A menu first closes the other five.
+// Opens the side screen of a button, or closes it, as the caption says. A menu first closes the other five.
 void Form1::pressToggle(const QString &name)
 {
     const SideScreen &side = *sideScreenOf(name.toStdString());
@@ -122,14 +122,15 @@ void Form1::pressToggle(const QString &name)
         for (const SideScreen &other : sideScreens)
             if (other.menu && &other != &side)
                 context.screens.close(qt(other.screen));
-    if (context.screens.isOpen(qt(side.screen))) {
+    if (text(name) == qt(side.openCaption)) {
         context.screens.close(qt(side.screen));
         return;
     }
     const Waiting waiting(*this);
     if (name == u"Command7")
         m_main.refreshScale();
-    context.screens.open(qt(side.screen));
+    if (context.screens.open(qt(side.screen)))
+        setText(name, qt(side.openCaption)); // also where it was open under a plain caption
 }
 
 void Form1::screenChanged(const QString &screen, bool open)
@@ -137,6 +138,8 @@ void Form1::screenChanged(const QString &screen, bool open)
     for (const SideScreen &side : sideScreens)
         if (screen == qt(side.screen))
             setText(qt(side.button), qt(open ? side.openCaption : side.caption));
+    if (!open && std::ranges::count(alsoSetBack, screen.toStdString()) > 0)
+        setText(qt(placesButton), qt(sideScreenOf(placesButton)->caption));
 }
 
 void Form1::openDriverList(const QString &reason)
@@ -200,7 +203,7 @@ void Form1::startAssistant()
         return;
     context.screens.close(u"Form48"_s); // it may show another race, or hold edits
     if (Screen *grid = context.screens.open(u"Form48"_s))
-        grid->setPlace(0, 160000);
+        grid->putAway(160000);
     showMinimized();
     context.screens.open(u"Form49"_s);
 }
