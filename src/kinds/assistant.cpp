@@ -27,7 +27,7 @@ Assistant::Assistant(Context &theContext, const QString &name, const QString &ti
 {
     layOut(question);
     for (const Qt::Key enterKey : {Qt::Key_Return, Qt::Key_Enter})
-        shortcut(Qt::CTRL | enterKey, [this] { press(u"Command1"_s); });
+        shortcut(Qt::CTRL | enterKey, [this] { finish(); });
     showPlace();
 }
 
@@ -188,7 +188,7 @@ void Assistant::narrow()
     const bool nobody = meansNobody(typed), chooses = best && best->chooses();
     for (int i = 0; i < driverSlots; ++i) {
         Control *name = control(nameControl(), i);
-        const bool fits = typed.trimmed().isEmpty() || names.at(i).isEmpty() || fitOf(names.at(i), typed);
+        const bool fits = name->inSight() && (typed.trimmed().isEmpty() || fitOf(names.at(i), typed));
         name->setFore(fits ? std::nullopt : std::optional(look::faint));
         name->setBack(chooses && best->index == i ? std::optional(look::chosen) : std::nullopt);
     }
@@ -198,6 +198,15 @@ void Assistant::narrow()
                     : chooses || nobody           ? u"Entrée prend le nom en couleur"_s
                     : best                        ? u"Aucun mot ne commence ainsi : Entrée ne prend personne"_s
                                                   : u"Aucun nom libre ne contient ces lettres"_s);
+}
+
+// Letters that wait for their Enter get it; those that choose nobody keep the stage open.
+void Assistant::finish()
+{
+    if (m_counter->text() != finished && !m_search->text().isEmpty())
+        enter();
+    if (m_counter->text() == finished || m_search->text().isEmpty())
+        press(u"Command1"_s);
 }
 
 // The name in colour; with every place answered, the end of this stage.

@@ -32,6 +32,7 @@ private:
     bool meansNobody(const QString &typed) const;
     void narrow();
     void enter();
+    void finish();
 
     struct Answer {
         std::optional<int> nameIndex;

@@ -82,6 +82,26 @@ TEST_F(ScreenTest, TakesTheMainScreensShortcutsOutOfItsFields)
     }
 }
 
+TEST_F(ScreenTest, TakesANameStillBeingTypedBeforeItAmends)
+{
+    Screen &main = screen("Form1");
+    auto *winner = static_cast<QLineEdit *>(static_cast<WidgetControl *>(main.control(u"Text31"_s))->widget());
+    const auto typeAndStore = [&](const char *name) {
+        main.activateWindow();
+        winner->setFocus();
+        winner->selectAll();
+        QTest::keyClicks(winner, QString::fromLatin1(name));
+        say("press Form1.Label43");
+    };
+    typeAndStore("schumacher"); // there are two
+    EXPECT_EQ(say("read f12005.ini [podium] podium1Japon"), "9");
+    EXPECT_EQ(winner->text(), u"Kimi Räikkönen"_s);
+    EXPECT_TRUE(winner->property("refused").toBool());
+    typeAndStore("alonso");
+    EXPECT_EQ(say("read f12005.ini [podium] podium1Japon"), "5");
+    EXPECT_FALSE(winner->property("refused").toBool());
+}
+
 TEST_F(ScreenTest, ShowsWhatLeadsToNoScreenYet)
 {
     for (const auto &[opener, screen] : {std::pair("Label17", "Form93"), {"Label20", "Form96"}, {"Command2", "Form3"}}) {

@@ -183,6 +183,8 @@ void Form1::record()
 
 void Form1::amend(bool byUser)
 {
+    if (byUser && !typedHolds())
+        return;
     const Waiting waiting(*this);
     results::amendGrandPrix(m_main, byUser ? results::Amendment::byUser : results::Amendment::byProgram);
     afterResult();
@@ -266,7 +268,10 @@ void Form1::registerShortcuts()
         {Qt::CTRL | Qt::Key_G, u"Command30"_s},
     };
     for (const auto &[keys, pressed] : presses)
-        shortcut(keys, [this, pressed = pressed] { press(pressed); });
+        shortcut(keys, [this, pressed = pressed] {
+            if (typedHolds())
+                press(pressed);
+        });
 }
 
 // Outside the fields, where they move the text cursor.
@@ -302,6 +307,16 @@ void Form1::refuse(Edit *box, const QString &typed)
 {
     m_main.said.set(u"« %1 » : aucun pilote, ou plusieurs, en %2"_s.arg(typed, qt(m_main.an.text())).toStdString());
     setMark(*box, "refused", true);
+}
+
+// What acts on the race takes a name that is still being typed first; false when it is refused.
+bool Form1::typedHolds()
+{
+    auto *box = qobject_cast<QLineEdit *>(focusWidget());
+    if (!box || !box->isModified())
+        return true;
+    emit box->editingFinished();
+    return !box->property("refused").toBool();
 }
 
 // "Grand prix enregistré!" stays until the next recording; grey, it speaks of a race that isn't on show any more, or that

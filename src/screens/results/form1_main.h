@@ -33,6 +33,7 @@ private:
     Edit *edit(const QString &name, Field &field, int width, const QString &tip);
     void nameTyped(Edit *box, Field &number, Field &name);
     void refuse(Edit *box, const QString &typed);
+    bool typedHolds();
     void showAgeOfStatus();
     Label *pointedCommand(const QString &name, const QString &caption, std::function<void()> handler);
     void unpoint();
