@@ -1,6 +1,7 @@
 #include "kinds/driver_form.h"
 
 #include "results/media_of_grand_prix.h"
+#include "results/navigation.h"
 #include "shell/look.h"
 
 #include <QBoxLayout>
@@ -61,6 +62,7 @@ void DriverScreenBase::show(const results::DriverRecord &record)
 void DriverScreenBase::readFields()
 {
     show(results::readDriver(season(), number()));
+    m_main.said.set("");
     showPictures();
 }
 
@@ -80,6 +82,8 @@ bool DriverScreenBase::store()
     }
     show(whole);
     results::storeDriver(writableSeason(), number(), whole, m_kind);
+    results::showNamesAnew(m_main);
+    m_main.said.set("Pilote n° " + number() + " enregistré : " + text(u"Text1"_s).toStdString());
     return true;
 }
 

@@ -57,8 +57,10 @@ Label *MenuPage::addEntry(QBoxLayout &into, const QString &control, const QStrin
     for (Label *part : parts) {
         part->setProperty("menu", reachable ? u"entry"_s : u"absent"_s);
         part->setFixedHeight(m_rowHeight);
-        if (!reachable)
+        if (!reachable) {
+            part->setToolTip(notYet);
             continue;
+        }
         part->setCursor(Qt::PointingHandCursor);
         part->onClick = choose;
         part->onHover = [this, line = m_lines.back().get()] { point(*line); };

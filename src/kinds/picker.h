@@ -48,8 +48,9 @@ private:
     void serve(const Destination &to, int index);
     void give(const Destination &to, int index);
     void pressOn(const QString &screen, const QString &button) const;
+    QStringList names() const;
     void narrow();
-    std::optional<int> bestFit() const;
+    void enter(); // takes the name in colour
 
     Shape m_shape;
     Field m_year;

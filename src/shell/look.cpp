@@ -89,9 +89,11 @@ QToolTip { background:#FFFFFF; color:#1F2733; border:1px solid #D9DDE3; padding:
     font-weight:bold; font-size:20px; border-top-left-radius:4px; border-top-right-radius:4px; margin:0 3px; }
 #lost { color:#B00020; }
 QLineEdit[title="true"] { font-weight:bold; }
+QLineEdit[refused="true"], QLineEdit[refused="true"]:focus { border:1px solid #B00020; background:#FFF0F0; }
 QLabel[command="true"] { color:#000000; padding:2px 0; margin:0 4px; border:0; border-bottom:1px solid #C9CFD8; }
 QLabel[command="true"]:focus { border-bottom:1px solid MAIN; }
 QLabel[command="true"]:hover { border-bottom:1px solid MAIN; }
+QLabel[command="true"]:disabled { color:#A0A7B2; border-bottom:1px dotted #D9DDE3; }
 QLabel[film="true"] { border:1px solid #C9CFD8; border-radius:4px; padding:4px; margin:0; }
 QLineEdit, QPlainTextEdit { background:#FFFFFF; border:1px solid #C9CFD8; border-radius:3px; padding:1px 4px;
     selection-background-color:#C0C0FF; selection-color:#1F2733; }

@@ -17,6 +17,7 @@ inline const QColor card{0xFF, 0xFF, 0xFF};     // groups of fields, tables
 inline const QColor line{0xD9, 0xDD, 0xE3};     // borders
 inline const QColor ink{0x1F, 0x27, 0x33};      // text
 inline const QColor quiet{0x66, 0x6F, 0x7D};    // captions, hints
+inline const QColor faint{0xBC, 0xC0, 0xC7};    // names that a search passes over
 inline const QColor stripe{0xFA, 0xFB, 0xFC};   // every second row
 inline const QColor menu{251, 254, 226};        // drop-downs and the list of all windows
 

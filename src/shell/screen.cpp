@@ -16,6 +16,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QRadioButton>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -85,6 +86,7 @@ Screen::Screen(Context &theContext, const QString &name, const QString &title, C
         registerChrome();
     else if (m_bar)
         m_bar->setTitle(title);
+    shortcut(QKeySequence(u"Ctrl+P"_s), [this] { print(); });
 }
 
 Screen::~Screen()
@@ -383,6 +385,28 @@ Table *Screen::table(std::vector<Column> columns, int rows)
     return m_tables.back();
 }
 
+Label *Screen::quietLine(Field &said)
+{
+    auto *made = add(u"avis"_s, new Label);
+    made->setObjectName(u"hint"_s);
+    made->setMinimumWidth(1); // a long one is cut off rather than widening its window
+    bind(made, said);
+    return made;
+}
+
+void Screen::shortcut(const QKeySequence &keys, std::function<void()> handler)
+{
+    connect(new QShortcut(keys, this), &QShortcut::activated, this, std::move(handler));
+}
+
+void Screen::leadsTo(QWidget &opener, const QString &screen) const
+{
+    if (context.screens.exists(screen))
+        return;
+    opener.setEnabled(false);
+    opener.setToolTip(notYet);
+}
+
 void Screen::listen(Field &field, Field::Listener listener)
 {
     field.listen(m_alive, std::move(listener));
@@ -439,8 +463,6 @@ void Screen::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape && windowFlags().testFlag(Qt::WindowStaysOnTopHint))
         close();
-    else if (event->key() == Qt::Key_P && event->modifiers() == Qt::ControlModifier)
-        print();
     else
         QWidget::keyPressEvent(event);
 }

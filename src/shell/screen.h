@@ -13,6 +13,7 @@
 #include <set>
 
 class QHBoxLayout;
+class QKeySequence;
 class QRadioButton;
 class QVBoxLayout;
 
@@ -25,6 +26,8 @@ class Dialogs;
 class Platform;
 class Screens;
 class Store;
+
+inline const QString notYet = u"Pas encore disponible"_s; // of what leads to a screen that the program lacks
 
 // What every screen works with.
 struct Context {
@@ -109,6 +112,12 @@ protected:
     ShapeControl &shape(const QString &name, std::optional<int> index = std::nullopt); // a part of what is painted
     TimerControl &timer(const QString &name, int milliseconds, TimerControl::Kind kind, std::function<void()> fire);
     Table *table(std::vector<Column> columns, int rows);
+    Label *quietLine(Field &said); // "avis": says what was kept or refused, without a box
+
+    // Keys that work wherever the focus is in the window; its text fields keep the others.
+    void shortcut(const QKeySequence &keys, std::function<void()> handler);
+    // For what opens a screen, once its tip is set: while the program lacks the screen, it looks so and does nothing.
+    void leadsTo(QWidget &opener, const QString &screen) const;
 
     // Keeps a box and a field of the logic alike, in both directions.
     void bind(Edit *edit, Field &field);

@@ -77,8 +77,11 @@ class Edit : public QLineEdit {
 public:
     explicit Edit(QWidget *parent = nullptr);
     std::function<void()> onClick, onDoubleClick;
+    std::function<void()> onBackspaceInEmpty;
 
 protected:
+    bool event(QEvent *event) override; // leaves the window its shortcuts
+    void keyPressEvent(QKeyEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
 };
@@ -90,6 +93,7 @@ public:
     std::function<void()> onEdited;
 
 protected:
+    bool event(QEvent *event) override; // leaves the window its shortcuts
     void keyPressEvent(QKeyEvent *event) override;
     void insertFromMimeData(const QMimeData *source) override;
 };
@@ -104,7 +108,16 @@ class Button : public QPushButton {
 public:
     explicit Button(const QString &caption = {}, QWidget *parent = nullptr);
     void makeMain(); // the main action of its screen, in the skin's colour
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override; // Enter presses it, as Space does
 };
+
+// A yes or no that the style sheet tells apart, changed while the widget is on show.
+void setMark(QWidget &widget, const char *property, bool on);
+
+// A key by its name, as "Enter", "a" or "Ctrl+E", typed into a widget: its window's shortcuts come first.
+void sendKey(QWidget &widget, const QString &name);
 
 // What a blank frame is for: a light outline of it is drawn instead.
 enum class Outline { none, driver, car, circuit, race };

@@ -107,8 +107,8 @@ QWidget *Form1::selectionCard()
     gp->setProperty("title", true);
     auto *an = edit(u"an"_s, m_main.an, 70, u"Saison ; Entrée l'ouvre"_s);
     an->setAlignment(Qt::AlignCenter);
-    for (Edit *box : {gp, an})
-        connect(box, &QLineEdit::returnPressed, this, [this] { press(u"Command17"_s); });
+    connect(gp, &QLineEdit::returnPressed, this, [this] { press(u"Command17"_s); });
+    connect(an, &QLineEdit::returnPressed, this, [this] { results::showSeason(m_main); });
     auto *dat = edit(u"dat"_s, m_main.dat, 70, u"Date a laquelle se déroule le Grand-Prix"_s);
     dat->setAlignment(Qt::AlignCenter);
 
@@ -175,6 +175,14 @@ QWidget *Form1::resultCard()
         // A number typed by hand shows at once whose it is.
         connect(numberBox, &QLineEdit::textEdited, this,
                 [this, &nameField](const QString &typed) { nameField.set(m_main.season().nom(typed.toStdString())); });
+        connect(nameBox, &QLineEdit::returnPressed, this,
+                [this, nameBox, &numberField, &nameField] { nameTyped(nameBox, numberField, nameField); });
+        connect(nameBox, &QLineEdit::editingFinished, this, [this, nameBox, &numberField, &nameField] {
+            if (nameBox->isModified())
+                nameTyped(nameBox, numberField, nameField);
+        });
+        connect(nameBox, &QLineEdit::textEdited, this, [this] { m_main.said.set(""); });
+        listen(m_main.said, [nameBox](const std::string &) { setMark(*nameBox, "refused", false); });
     };
     auto &follow = timer(u"nompolelabel"_s, 250, TimerControl::Kind::standing,
                          [this] { m_main.Text9.set(m_main.season().nom(m_main.Text39.text())); });
@@ -207,6 +215,7 @@ QWidget *Form1::remarkCard()
     status->setObjectName(u"status"_s);
     bind(status, m_main.Label11);
     layout->addWidget(status);
+    layout->addWidget(quietLine(m_main.said));
     auto *lost = new Label;
     lost->setObjectName(u"lost"_s);
     lost->setWordWrap(true);
@@ -265,6 +274,7 @@ QWidget *Form1::picturesCard()
     auto *load = command(u"Label20"_s, u"Télécharger des Vidéos"_s,
                          [this] { context.screens.open(u"Form96"_s); });
     load->setToolTip(u"Télécharger les vidéos des dernières courses"_s);
+    leadsTo(*load, u"Form96"_s);
     films->addWidget(load);
     films->addStretch(1);
     films->addWidget(
@@ -331,6 +341,7 @@ QWidget *Form1::footer()
     for (const PlainOpening &row : plainLabels) {
         labels.push_back(command(row.control, row.caption, [this, row] { context.screens.open(row.screen); }));
         labels.back()->setToolTip(row.tip);
+        leadsTo(*labels.back(), row.screen);
     }
     labels.push_back(command(u"Label71"_s, u"Réduire"_s, [this] { showMinimized(); }));
     labels.push_back(command(u"Label53"_s, u"Quitter"_s, [this] { close(); }));
@@ -350,6 +361,7 @@ QWidget *Form1::sideButton(const QString &name)
 {
     auto *made = button(name, qt(sideScreenOf(name.toStdString())->caption), [this, name] { pressToggle(name); });
     made->setProperty("quietly", true);
+    leadsTo(*made, qt(sideScreenOf(name.toStdString())->screen));
     return made;
 }
 
