@@ -4,6 +4,8 @@
 #include <QLayout>
 #include <QScrollBar>
 
+#include <algorithm>
+
 namespace circuidex {
 
 Page::Page(QWidget *content, QWidget *parent) : QScrollArea(parent)
@@ -25,7 +27,7 @@ QSize Page::least(int width) const
     const QLayout *layout = widget()->layout();
     QSize size = layout ? layout->totalMinimumSize() : widget()->minimumSizeHint();
     if (layout && layout->hasHeightForWidth())
-        size.setHeight(std::max(size.height(), layout->minimumHeightForWidth(std::max(width, size.width()))));
+        size.setHeight(layout->minimumHeightForWidth(std::max(width, size.width()))); // of words wrapped as they will be
     return size.expandedTo(widget()->minimumSize());
 }
 
