@@ -63,7 +63,7 @@ Form2::Form2(Context &theContext, const QString &name, const QString &title) :
     columns->addWidget(card({}, form), 5);
     columns->addWidget(card({}, pictures), 2);
     auto *foot = footRow(u"Label14"_s);
-    foot->insertWidget(1, quietLine(m_main.said), 1);
+    foot->insertWidget(1, quietLine(m_main.said), 9);
     foot->addWidget(command(u"Label11"_s, u"Annuler"_s, [this] { close(); }));
     auto *ok = new Button(u"OK"_s);
     ok->makeMain();

@@ -194,7 +194,7 @@ QWidget *Form3::picturesCard()
 QLayout *Form3::foot()
 {
     auto *row = footRow(u"Label15"_s);
-    row->insertWidget(1, quietLine(m_main.said), 1);
+    row->insertWidget(1, quietLine(m_main.said), 9);
     row->addWidget(command(u"Label11"_s, u"Annuler"_s, [this] { close(); }));
     row->addWidget(button(u"Command5"_s, u"Vider les champs"_s, [this] { emptyFields(); }));
     auto *store = button(u"Command4"_s, u"Enregistrer modifications"_s, [this] { storeAll(); });

@@ -74,7 +74,7 @@ Form48::Form48(Context &theContext, const QString &name, const QString &title)
     head->addWidget(on);
     head->addWidget(race, 1);
     auto *foot = footRow(u"Label14"_s);
-    foot->insertWidget(1, quietLine(m_main.said), 1);
+    foot->insertWidget(1, quietLine(m_main.said), 9);
     foot->addWidget(store);
     auto *layout = page();
     layout->addLayout(head);
