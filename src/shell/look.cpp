@@ -100,9 +100,9 @@ QString swatch(const QColor &colour)
     return u"background:%1;border-radius:3px"_s.arg(colour.name());
 }
 
-QString modeGroup(const QColor &ground)
+QString modeGroup(const QColor &back)
 {
-    return u"#modes { background:%1; border-radius:6px; }"_s.arg(ground.name());
+    return u"#modes { background:%1; border-radius:6px; }"_s.arg(back.name());
 }
 
 QString narrowHeads()

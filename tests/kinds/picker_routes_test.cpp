@@ -56,7 +56,7 @@ TEST(PickerRoutes, OfADriver)
                      {"winner", "Form39 slot>Text40"},
                      {"class0", "Form48 slot>tag of Text99(0) name>Text99(0)"},
                      {"class25", "Form48 slot>tag of Text99(25) name>Text99(25)"},
-                     {"fr3", "Form3 slot>nopilot Command7 Command8 Form14.Command2 Form14.Command3 = Command3"},
+                     {"fr3", "Form3 slot>nopilot Command3"},
                      {"fr6", "Form6 slot>nopilott name>Text5 Command1"},
                      {"f31", "Form31 name>Text1 Command2"},
                      {"classgrid", "Form56 name>Text1 Command2"},

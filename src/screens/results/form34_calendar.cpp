@@ -1,6 +1,6 @@
-// Form34, the calendar of the season: the Grand Prix of each slot and its date. Naming a slot anew leaves the results
-// under the old name.
+// Form34, the calendar of the season: the Grand Prix of each slot and its date.
 #include "kinds/picker.h"
+#include "results/calendar.h"
 #include "results/main_record.h"
 #include "shell/look.h"
 #include "shell/screens.h"
@@ -94,24 +94,19 @@ void Form34::load()
 {
     const Season season = m_main.season();
     m_heading->setText(u"Grands Prix %1"_s.arg(qt(season.stem())));
-    for (int slot = 0; slot < gpSlots; ++slot) {
-        const std::string gpName = season.namegp(slot);
-        const std::string date = gpName.empty() ? std::string() : season.read(keys::gp, keys::dategp(gpName));
-        setText(u"Text3"_s, qt(gpName), slot);
-        setText(u"Text4"_s, qt(date), slot);
+    int slot = 0;
+    for (const results::CalendarRow &row : results::readCalendar(season)) {
+        setText(u"Text3"_s, qt(row.gpName), slot);
+        setText(u"Text4"_s, qt(row.date), slot++);
     }
 }
 
-// A date stands under the name of its Grand Prix; without one there is nowhere to keep it.
 void Form34::store()
 {
-    const WritableSeason season = m_main.writableSeason();
-    for (std::size_t slot = 0; slot < m_names.size(); ++slot) {
-        const std::string gpName = m_names[slot]->text().toStdString();
-        season.write(keys::gp, keys::namegp(static_cast<int>(slot)), gpName);
-        if (!gpName.empty())
-            season.write(keys::gp, keys::dategp(gpName), m_dates[slot]->text().toStdString());
-    }
+    results::Calendar calendar;
+    for (std::size_t slot = 0; slot < calendar.size(); ++slot)
+        calendar[slot] = {m_names[slot]->text().toStdString(), m_dates[slot]->text().toStdString()};
+    results::storeCalendar(m_main.writableSeason(), calendar);
     close();
 }
 

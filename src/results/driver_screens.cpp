@@ -1,0 +1,78 @@
+#include "results/driver_screens.h"
+
+#include "results/media_of_grand_prix.h"
+#include "results/pictures.h"
+
+namespace circuidex::results {
+
+void showDriver(const MainRecord &main, DriverBoxes &boxes, DriverScreen screen)
+{
+    const DriverRecord record = readDriver(main.season(), boxes.nopilot.text());
+    boxes.show(record);
+    const DriverPictures pictures = driverPictures(
+        main, record, screen == DriverScreen::profile ? PicturesOf::profile : PicturesOf::choice);
+    boxes.picture1.set(pictures.photo);
+    boxes.Image1.set(pictures.second);
+}
+
+void storeShownDriver(MainRecord &main, DriverBoxes &boxes, DriverScreen screen)
+{
+    const DriverRecord whole = completed(boxes.record(), screen);
+    boxes.show(whole);
+    storeDriver(main.writableSeason(), boxes.nopilot.text(), whole, screen);
+}
+
+void chooseDriverPicture(MainRecord &main, DriverBoxes &boxes, std::string_view prefix)
+{
+    const auto chosen = choosePictureFile(main.dialogs, "Image");
+    if (!chosen)
+        return;
+    boxes.box(prefix).set(*chosen);
+    (prefix == "path" ? boxes.picture1 : boxes.Image1).set(main.surroundings.findPicture(*chosen));
+    main.writableSeason().write(keys::N, keys::driver(prefix, boxes.nopilot.text()), *chosen);
+}
+
+void readProfile(MainRecord &main)
+{
+    DriverProfile &profile = main.profile;
+    showDriver(main, profile, DriverScreen::profile);
+    if (profile.box("sitweb").empty())
+        profile.box("sitweb").set("http://");
+    const std::string &team = profile.box("ecurie").text();
+    profile.lblecuriE.set(main.season().read(keys::N, keys::lblecuriE(team)));
+    profile.ecuriE.set(teamPicture(main, team));
+}
+
+void chooseTeamPicture(MainRecord &main)
+{
+    const auto chosen = choosePictureFile(main.dialogs, "Image");
+    if (!chosen)
+        return;
+    main.writableSeason().write(keys::N, keys::lblecuriE(main.profile.box("ecurie").text()), *chosen);
+    main.profile.lblecuriE.set(*chosen);
+    main.profile.ecuriE.set(main.surroundings.findPicture(*chosen));
+}
+
+void emptyProfile(DriverProfile &profile)
+{
+    profile.box("nom").set("");
+    for (std::size_t i = 0; i < driverFields.size(); ++i)
+        if (const std::string_view kept = driverFields[i].prefix; kept != "sitweb" && kept != "path" && kept != "pi")
+            profile.boxes[i].set("");
+    profile.seasons.set("");
+}
+
+void storeProfile(MainRecord &main)
+{
+    storeShownDriver(main, main.profile, DriverScreen::profile);
+    if (main.profile.seasons.empty())
+        main.profile.seasons.set("1");
+    keepSeasons(main);
+}
+
+void keepSeasons(MainRecord &main)
+{
+    storeCareerSeasons(main.writableSeason(), main.profile.box("nom").text(), main.profile.seasons.text());
+}
+
+}
