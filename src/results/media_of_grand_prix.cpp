@@ -9,11 +9,6 @@ namespace {
 const std::string pictureFilter = "Images (*.jpg *.jpeg *.png *.bmp *.gif *.webp);;Tous les fichiers (*)";
 const std::string filmFilter = "Vidéos (*.avi *.mpg *.mpeg *.wmv *.mp4 *.mkv);;Tous les fichiers (*)";
 
-std::string besideProgram(const MainRecord &main)
-{
-    return main.folder() + "\\" + main.gp.text() + main.an.text() + ".avi";
-}
-
 void keep(MainRecord &main, const std::string &key, const std::string &path)
 {
     main.store.EcrireINI(keys::galerie, keys::gp, key, path);
@@ -83,16 +78,21 @@ void removeFilm(MainRecord &main)
 {
     keep(main, keys::vid(main.gp.text(), main.an.text()), "");
     main.film.set("");
-    const std::string file = main.surroundings.findFile(besideProgram(main));
+    const std::string file = main.surroundings.findFile(filmBesideProgram(main));
     if (!file.empty())
         main.surroundings.deleteFile(file);
+}
+
+std::string filmBesideProgram(const MainRecord &main)
+{
+    return main.folder() + "\\" + main.gp.text() + main.an.text() + ".avi";
 }
 
 std::string filmPath(const MainRecord &main)
 {
     const std::string kept =
         main.store.LireINI(keys::galerie, keys::gp, keys::vid(main.gp.text(), main.an.text()));
-    return kept.empty() ? besideProgram(main) : kept;
+    return kept.empty() ? filmBesideProgram(main) : kept;
 }
 
 }

@@ -18,6 +18,9 @@ void removeCircuitPicture(MainRecord &main);
 void removeRacePicture(MainRecord &main);
 void removeFilm(MainRecord &main);
 
+// Where a film of the Grand Prix on show is looked for when nobody chose one.
+std::string filmBesideProgram(const MainRecord &main);
+
 // Where the film of the Grand Prix on show lies, by the gallery file or else beside the program.
 std::string filmPath(const MainRecord &main);
 

@@ -1,5 +1,6 @@
 #include "results/navigation.h"
 
+#include "results/media_of_grand_prix.h"
 #include "results/pictures.h"
 
 #include <algorithm>
@@ -24,7 +25,7 @@ void showFilm(MainRecord &main)
 {
     const std::string key = keys::vid(main.gp.text(), main.an.text());
     main.a.set(main.store.LireINI(keys::galerie, keys::gp, key));
-    const std::string path = main.folder() + "\\" + main.gp.text() + main.an.text() + ".avi";
+    const std::string path = filmBesideProgram(main);
     const bool beside = !main.surroundings.findFile(path).empty();
     main.film.set(beside ? "vrai" : "");
     if (beside)
