@@ -145,9 +145,10 @@ void RecordingPlatform::print(QWidget &, const std::string &name)
     calls << u"print "_s + QString::fromStdString(name);
 }
 
-void RecordingPlatform::play(const std::string &path)
+bool RecordingPlatform::play(const std::string &path)
 {
     calls << u"play "_s + QString::fromStdString(path);
+    return true;
 }
 
 void RecordingPlatform::startProgram(const std::string &path)

@@ -27,7 +27,7 @@ public:
 class RecordingPlatform : public Platform {
 public:
     void print(QWidget &screen, const std::string &name) override;
-    void play(const std::string &path) override;
+    bool play(const std::string &path) override;
     void startProgram(const std::string &path) override;
     void openAddress(const std::string &address) override;
 

@@ -119,6 +119,7 @@ private:
             return false;
         const unsigned lost = m_store.lostWrites();
         m_store.writeBytes(m_stem, *section, *key, *value);
+        m_store.flush();
         return m_store.lostWrites() == lost;
     }
 

@@ -4,10 +4,8 @@
 #include "platform/qt_platform.h"
 #include "shell/look.h"
 
-#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QLibraryInfo>
-#include <QTimer>
 #include <QTranslator>
 
 int main(int argc, char **argv)
@@ -29,12 +27,6 @@ int main(int argc, char **argv)
     if (opening == circuidex::Opening::readOnly)
         program.store().setReadOnly();
     program.start();
-    // An action of the user has ended when the event loop goes to rest.
-    QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &application,
-                     [&program] {
-                         program.settle();
-                         if (program.offersCopies()) // a box can't be shown from here
-                             QTimer::singleShot(0, qApp, [&program] { program.offerCopies(); });
-                     });
+    program.settleAtRest();
     return application.exec();
 }

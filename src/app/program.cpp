@@ -2,13 +2,16 @@
 
 #include "app/screens.h"
 #include "platform/file_lookup.h"
+#include "platform/film_file.h"
 #include "platform/qt_pictures.h"
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QLocale>
 #include <QStandardPaths>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -25,6 +28,10 @@ results::Surroundings surroundings(const Store &store, const std::filesystem::pa
     machine.findPicture = [folder](const std::string &stored) {
         std::string found = findFile(folder, stored);
         return canShowPicture(QString::fromStdString(found)) ? found : std::string();
+    };
+    machine.findFilm = [folder](const std::string &stored) {
+        std::string found = findFile(folder, stored);
+        return isFilm(found) ? found : std::string();
     };
     machine.deleteFile = [&store](const std::string &path) {
         std::error_code ignored; // a file that can't be deleted stays
@@ -58,7 +65,16 @@ void Program::settle()
 {
     m_store.settle();
     m_store.newMoment();
-    m_main.writesLost.set(m_store.notice());
+    m_main.writesLost.set(m_main.quietNotice());
+}
+
+void Program::settleAtRest()
+{
+    QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &m_atRest, [this] {
+        settle();
+        if (offersCopies()) // a box can't be shown from here
+            QTimer::singleShot(0, &m_atRest, [this] { offerCopies(); });
+    });
 }
 
 bool Program::offersCopies() const

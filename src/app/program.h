@@ -26,6 +26,9 @@ public:
     // was lost.
     void settle();
 
+    // From now on, whenever the event loop goes to rest: an action of the user has ended. Asks about copies, too.
+    void settleAtRest();
+
     // Asks, once for each data file found damaged, whether its newest good copy shall take its place. `offersCopies`
     // says whether there is anything to ask.
     bool offersCopies() const;
@@ -37,6 +40,7 @@ private:
     Context m_context; // outlives the screens, which use it to the last
     Screens m_screens;
     std::size_t m_offered = 0; // of the store's damaged files
+    QObject m_atRest;
 };
 
 // How a folder may be opened that another program may have open: two that write would take each other's changes back.

@@ -19,17 +19,24 @@
     screen(form25)                \
     screen(form26)                \
     screen(form30)                \
+    screen(form31)                \
     screen(form32)                \
     screen(form33)                \
     screen(form34)                \
+    screen(form36)                \
     screen(form38)                \
     screen(form39)                \
     screen(form40)                \
     screen(form42)                \
     screen(form48)                \
     screen(form49)                \
+    screen(form50)                \
     screen(form59)                \
+    screen(form60)                \
+    screen(form61)                \
     screen(form70)                \
+    screen(form75)                \
+    screen(form100)               \
     screen(menuScreens)
 
 namespace circuidex {

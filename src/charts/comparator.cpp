@@ -34,7 +34,7 @@ void tone(ComparedCells &cells, const Figures &figures)
 // By the numbers in the cells; an empty one stays without a tone.
 void toneByNumber(ComparedCells &cells, const Numbers &numbers)
 {
-    Figures figures;
+    Figures figures{};
     std::transform(cells.begin(), cells.end(), figures.begin(),
                    [&](const Toned &cell) { return numbers.value(cell.text).value_or(nothing); });
     tone(cells, figures);
@@ -63,7 +63,7 @@ Comparison compareDrivers(const Season &season, const results::Scale &scale, con
     const Numbers &numbers = season.numbers();
     const SeasonPlaces races = seasonPlaces(season);
     Comparison rows;
-    Figures points{}, places;
+    Figures points{}, places{};
     for (std::size_t slot = 0; slot < rows.size(); ++slot) {
         if (races[slot].gp.empty())
             continue;

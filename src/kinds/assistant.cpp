@@ -1,6 +1,7 @@
 #include "kinds/assistant.h"
 
 #include "shell/look.h"
+#include "shell/text.h"
 
 #include <QBoxLayout>
 #include <QGridLayout>
@@ -109,7 +110,7 @@ void Assistant::choose(std::optional<int> nameIndex)
 {
     bool counting = false;
     const int place = m_counter->text().toInt(&counting);
-    if (!counting)
+    if (!counting || place < 1 || place > m_places)
         return;
     const QString driver = nameIndex ? text(nameControl(), *nameIndex) : QString();
     taken(place, nameIndex ? QString::number(*nameIndex + 1) : QString(), driver);
@@ -127,14 +128,14 @@ void Assistant::narrow(const QString &typed)
 {
     for (int i = 0; i < driverSlots; ++i) {
         auto *name = static_cast<WidgetControl *>(control(nameControl(), i));
-        name->widget()->setEnabled(name->text().contains(typed, Qt::CaseInsensitive));
+        name->widget()->setEnabled(folded(name->text()).contains(folded(typed)));
     }
 }
 
 // The first name that fits; with every place answered, the end of this stage.
 void Assistant::enter()
 {
-    const QString typed = m_search->text().trimmed();
+    const QString typed = folded(m_search->text().trimmed());
     if (m_counter->text() == finished)
         return validate();
     if (typed.isEmpty())
@@ -142,18 +143,18 @@ void Assistant::enter()
     const auto fits = [&](auto matches) {
         for (int i = 0; i < driverSlots; ++i) {
             const Control *name = control(nameControl(), i);
-            if (!name->text().isEmpty() && name->inSight() && matches(name->text())) {
+            if (!name->text().isEmpty() && name->inSight() && matches(folded(name->text()))) {
                 choose(i);
                 return true;
             }
         }
         return false;
     };
-    if (fits([&](const QString &name) { return name.startsWith(typed, Qt::CaseInsensitive); }) ||
-        fits([&](const QString &name) { return name.contains(u' ' + typed, Qt::CaseInsensitive); }) ||
-        fits([&](const QString &name) { return name.contains(typed, Qt::CaseInsensitive); }))
+    if (fits([&](const QString &name) { return name.startsWith(typed); }) ||
+        fits([&](const QString &name) { return name.contains(u' ' + typed); }) ||
+        fits([&](const QString &name) { return name.contains(typed); }))
         return;
-    if (u"Aucun"_s.startsWith(typed, Qt::CaseInsensitive))
+    if (u"aucun"_s.startsWith(typed))
         choose(std::nullopt);
 }
 

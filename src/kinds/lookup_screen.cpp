@@ -59,6 +59,15 @@ Button *LookupScreen::mainButton(const QString &name, const QString &caption, co
     return made;
 }
 
+void LookupScreen::layOut(QWidget *question, QWidget *answer, QLayout *foot)
+{
+    auto *layout = page();
+    layout->addWidget(question);
+    layout->addWidget(answer, 0, Qt::AlignHCenter);
+    layout->addLayout(foot);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+}
+
 QLayout *LookupScreen::foot(QWidget *atRight)
 {
     auto *row = footRow(u"Label12"_s);

@@ -29,8 +29,8 @@ protected:
     Button *list(const QString &name, std::function<void()> open); // "Liste"
     Button *mainButton(const QString &name, const QString &caption, const QString &tip, std::function<void()> ask);
     QLayout *foot(QWidget *atRight = nullptr); // "Imprimer", and what stands at the right of it
+    void layOut(QWidget *question, QWidget *answer, QLayout *foot); // the whole screen
 
-private:
     Button *arrow(const QString &sign, Arrow made);
 };
 

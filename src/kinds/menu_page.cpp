@@ -91,7 +91,7 @@ void MenuPage::openTarget(const menus::Entry &entry)
         target->press(qt(entry.press));
     Screen *main = context.screens.find(u"Form1"_s);
     if (target && main && entry.insteadOfMain)
-        main->setPlace(0, 50000);
+        main->putAway();
 }
 
 void MenuPage::paint(const Line &line, const QColor &colour)

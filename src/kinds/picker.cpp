@@ -3,6 +3,7 @@
 #include "results/main_record.h"
 #include "results/team_list.h"
 #include "shell/look.h"
+#include "shell/text.h"
 #include "store/gp_list.h"
 
 #include <QBoxLayout>
@@ -31,14 +32,6 @@ QColor faded()
     QColor colour = look::quiet;
     colour.setAlphaF(.45F);
     return colour;
-}
-
-// Without accents and capitals, so that "raikkonen" finds Räikkönen.
-QString folded(const QString &name)
-{
-    QString letters = name.normalized(QString::NormalizationForm_D).toCaseFolded();
-    letters.removeIf([](QChar c) { return c.category() == QChar::Mark_NonSpacing; });
-    return letters;
 }
 
 // How well a name fits what was typed: 0 its beginning, 1 that of a further word, 2 inside a word; absent not at all.

@@ -73,7 +73,7 @@ QLayout *StandingsScreen::foot()
     apply->setToolTip(u"Mesurer les écarts par rapport au favori (Entrée)"_s);
     apply->makeMain();
     auto *row = footRow(u"Label14"_s);
-    row->addWidget(styled(u"Saison %1"_s.arg(qt(m_season.stem())), "hint"));
+    row->addWidget(styled(u"Saison %1"_s.arg(qt(context.main.an.text())), "hint"));
     row->addSpacing(look::gap);
     row->addWidget(apply);
     return row;

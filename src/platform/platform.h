@@ -13,7 +13,8 @@ public:
 
     // Sends a screen, as it stands, to the default printer; nothing happens without one.
     virtual void print(QWidget &screen, const std::string &name) = 0;
-    virtual void play(const std::string &path) = 0;
+    // Hands a film to a video player, and never to anything else; false when there is none.
+    virtual bool play(const std::string &path) = 0;
     virtual void startProgram(const std::string &path) = 0;
     virtual void openAddress(const std::string &address) = 0;
 };

@@ -91,7 +91,7 @@ Heading gifHeading(QFile &file)
     const QByteArray head = file.read(10);
     if (head.size() < 10)
         return {};
-    const auto side = [&head](qsizetype at) { return int(qFromLittleEndian<quint16>(head.constData() + at)); };
+    const auto side = [&head](qsizetype at) { return quint8(head.at(at)) + 256 * quint8(head.at(at + 1)); };
     return {"gif", {side(6), side(8)}, 8};
 }
 

@@ -8,6 +8,7 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QProcess>
+#include <QStandardPaths>
 #include <QUrl>
 #include <QWidget>
 
@@ -39,9 +40,14 @@ void QtPlatform::print(QWidget &screen, const std::string &)
     printScreen(screen);
 }
 
-void QtPlatform::play(const std::string &path)
+// Asked for by name: what the system opens a file with may be anything, the interpreter of a script too.
+bool QtPlatform::play(const std::string &path)
 {
-    QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(path)));
+    for (const char *player :
+         {"vlc", "totem", "celluloid", "haruna", "dragon", "parole", "smplayer", "mpv", "mplayer", "ffplay"})
+        if (const QString program = QStandardPaths::findExecutable(QLatin1String(player)); !program.isEmpty())
+            return QProcess::startDetached(program, {QString::fromStdString(path)});
+    return false;
 }
 
 void QtPlatform::startProgram(const std::string &path)

@@ -1,5 +1,6 @@
 #pragma once
-// The real machine: printing through the system's printers, addresses and films through its default programs.
+// The real machine: printing through the system's printers, addresses through its default programs, films
+// through the first video player found.
 #include "platform/platform.h"
 
 #include <QString>
@@ -9,7 +10,7 @@ namespace circuidex {
 class QtPlatform : public Platform {
 public:
     void print(QWidget &screen, const std::string &name) override;
-    void play(const std::string &path) override;
+    bool play(const std::string &path) override;
     void startProgram(const std::string &path) override;
     void openAddress(const std::string &address) override;
 };

@@ -1,7 +1,7 @@
 #include "results/amending.h"
 
 #include "results/navigation.h"
-#include "results/recording.h"
+#include "store/text.h"
 
 namespace circuidex::results {
 
@@ -33,6 +33,18 @@ void takeBack(RaceFields &fields, const WritableSeason &season, const Scale &sca
     countDrivers(fields, season, scale, Count::takeBack);
 }
 
+// The points of the other race stay counted, so its result must be found somewhere.
+void keepOtherResult(MainRecord &main, const Season &season)
+{
+    const std::string &gpName = main.gp.text();
+    if (folded(season.read(keys::gp, keys::namegp(main.Label40.text()))) == folded(gpName) ||
+        !hasResult(season, gpName))
+        return;
+    const std::string copy = main.store.keepCopy(season.stem());
+    if (!copy.empty())
+        main.overwritten = "Un autre résultat de " + inQuotes(gpName) + " est remplacé ; la saison d'avant : " + copy;
+}
+
 // Once round to the same slot: the fields show what is stored there.
 void showSlotAgain(MainRecord &main)
 {
@@ -47,12 +59,14 @@ bool cancelGrandPrix(MainRecord &main)
     const WritableSeason season = main.writableSeason();
     if (!hasResult(season, season.read(keys::gp, keys::namegp(main.Label40.text()))))
         return false;
+    ActionOnSeason action(main);
     showSlotAgain(main);
     clearGrid(season, main.gp.text());
     resetTeamPoints(season, main.Label40.text(), "");
     main.refreshScale();
     takeBack(main, season, main.scale());
     showSlotAgain(main);
+    action.end("la suppression");
     return true;
 }
 
@@ -65,16 +79,23 @@ void subtractResult(const WritableSeason &season, std::string_view slot, const S
     takeBack(stored, season, scale);
 }
 
-void amendGrandPrix(MainRecord &main, Amendment amendment)
+Recording amendGrandPrix(MainRecord &main, Amendment amendment)
 {
+    if (!main.enterGrandPrix())
+        return Recording::refused;
+    ActionOnSeason action(main);
     const WritableSeason season = main.writableSeason();
+    keepOtherResult(main, season);
     resetTeamPoints(season, main.Label40.text(), "0");
     if (amendment == Amendment::byUser && !hasResult(season, main.gp.text()))
         countStarts(season, Count::add);
     main.refreshScale();
     subtractResult(season, main.Label40.text(), main.scale());
     enterResult(main);
+    if (!action.end("la modification"))
+        return Recording::lost;
     proposeRecords(main);
+    return Recording::done;
 }
 
 }

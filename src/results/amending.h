@@ -1,12 +1,13 @@
 #pragma once
 // Taking a Grand Prix back and correcting it. Totals are kept by adding, so a correction first subtracts exactly what was
 // added, at the scale of the moment, and then records anew. The archive is left alone by a cancellation.
-#include "results/main_record.h"
+#include "results/recording.h"
 
 namespace circuidex::results {
 
-// "Supprimer le GP séléctionné": cancels the Grand Prix in the cursor's slot, whatever was typed on the screen. Its name
-// and date stay in the calendar, its grid goes. A slot without a result stays as it is; false then.
+// "Supprimer le GP séléctionné": cancels the Grand Prix in the cursor's slot, whatever was typed on the screen. Its
+// name and date stay in the calendar, its grid goes. A slot without a result stays as it is; false then. The status
+// says when a write was lost.
 bool cancelGrandPrix(MainRecord &main);
 
 // Takes the stored result of a calendar slot out of all totals; grid and archive stay.
@@ -14,8 +15,9 @@ void subtractResult(const WritableSeason &season, std::string_view slot, const S
 
 enum class Amendment { byUser, byProgram };
 
-// "Enregistrer les modifications du GP séléctionné": the cursor's slot takes the fields as they stand, under the name in
-// gp. By the user, a slot without a result is recorded; the program's own amendments don't make up for its missing start.
-void amendGrandPrix(MainRecord &main, Amendment amendment);
-
+// "Enregistrer les modifications du GP séléctionné": the cursor's slot takes the fields as they stand, under the name
+// in gp. By the user, a slot without a result is recorded; the program's own amendments don't make up for its missing
+// start. Where the name is that of another race with a result, which goes, the season is copied before. Refuses what a
+// recording refuses by the name.
+Recording amendGrandPrix(MainRecord &main, Amendment amendment);
 }

@@ -1,27 +1,25 @@
 #include "results/calendar.h"
 
+#include "store/names.h"
+
 namespace circuidex::results {
 
-Calendar readCalendar(const Season &season)
-{
-    Calendar calendar;
-    int slot = 0;
-    for (CalendarRow &row : calendar) {
-        row.gpName = season.namegp(slot++);
-        if (!row.gpName.empty())
-            row.date = season.read(keys::gp, keys::dategp(row.gpName));
-    }
-    return calendar;
-}
-
-void storeCalendar(const WritableSeason &season, const Calendar &calendar)
+std::string enterCalendar(const WritableSeason &season, Calendar calendar)
 {
     int slot = 0;
-    for (const CalendarRow &row : calendar) {
-        season.write(keys::gp, keys::namegp(slot++), row.gpName);
-        if (!row.gpName.empty())
-            season.write(keys::gp, keys::dategp(row.gpName), row.date);
+    for (CalendarEntry &entry : calendar) {
+        EnteredName name = enteredName(entry.name, season.namegp(slot++));
+        if (!name.fits())
+            return name.refusal;
+        entry.name = std::move(name.name);
     }
+    slot = 0;
+    for (const CalendarEntry &entry : calendar) {
+        season.write(keys::gp, keys::namegp(slot++), entry.name);
+        if (!entry.name.empty())
+            season.write(keys::gp, keys::dategp(entry.name), entry.date);
+    }
+    return {};
 }
 
 }

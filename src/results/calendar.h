@@ -1,19 +1,18 @@
 #pragma once
-// The calendar of a season: the Grand Prix of each slot and its date. A date stands under the name of its Grand Prix;
-// without one there is nowhere to keep it. Naming a slot anew leaves the results under the old name.
+// The calendar as the user enters it: the name and the date of the Grand Prix in each slot.
 #include "store/season.h"
 
 #include <array>
 
 namespace circuidex::results {
 
-struct CalendarRow {
-    std::string gpName, date;
+struct CalendarEntry {
+    std::string name, date;
 };
+using Calendar = std::array<CalendarEntry, gpSlots>;
 
-using Calendar = std::array<CalendarRow, gpSlots>; // by slot
-
-Calendar readCalendar(const Season &season);
-void storeCalendar(const WritableSeason &season, const Calendar &calendar);
+// A date stands under the name of its Grand Prix; without one there is nowhere to keep it. A sentence in French and
+// nothing written when a new name can't be carried by the files.
+std::string enterCalendar(const WritableSeason &season, Calendar calendar);
 
 }

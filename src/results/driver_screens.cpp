@@ -15,11 +15,17 @@ void showDriver(const MainRecord &main, DriverBoxes &boxes, DriverScreen screen)
     boxes.Image1.set(pictures.second);
 }
 
-void storeShownDriver(MainRecord &main, DriverBoxes &boxes, DriverScreen screen)
+bool storeShownDriver(MainRecord &main, DriverBoxes &boxes, DriverScreen screen)
 {
-    const DriverRecord whole = completed(boxes.record(), screen);
+    DriverRecord whole = completed(boxes.record(), screen);
+    const std::string refusal = enterNames(main.season(), boxes.nopilot.text(), whole);
+    if (!refusal.empty()) {
+        main.dialogs.message(refusal);
+        return false;
+    }
     boxes.show(whole);
     storeDriver(main.writableSeason(), boxes.nopilot.text(), whole, screen);
+    return true;
 }
 
 void chooseDriverPicture(MainRecord &main, DriverBoxes &boxes, std::string_view prefix)
@@ -45,10 +51,13 @@ void readProfile(MainRecord &main)
 
 void chooseTeamPicture(MainRecord &main)
 {
+    const EnteredName team = enteredName(main.profile.box("ecurie").text());
+    if (!team.fits())
+        return main.dialogs.message(team.refusal);
     const auto chosen = choosePictureFile(main.dialogs, "Image");
     if (!chosen)
         return;
-    main.writableSeason().write(keys::N, keys::lblecuriE(main.profile.box("ecurie").text()), *chosen);
+    main.writableSeason().write(keys::N, keys::lblecuriE(team.name), *chosen);
     main.profile.lblecuriE.set(*chosen);
     main.profile.ecuriE.set(main.surroundings.findPicture(*chosen));
 }
@@ -64,7 +73,8 @@ void emptyProfile(DriverProfile &profile)
 
 void storeProfile(MainRecord &main)
 {
-    storeShownDriver(main, main.profile, DriverScreen::profile);
+    if (!storeShownDriver(main, main.profile, DriverScreen::profile))
+        return;
     if (main.profile.seasons.empty())
         main.profile.seasons.set("1");
     keepSeasons(main);

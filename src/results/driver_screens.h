@@ -8,8 +8,8 @@ namespace circuidex::results {
 // The driver of the number in the boxes, with his pictures.
 void showDriver(const MainRecord &main, DriverBoxes &boxes, DriverScreen screen);
 
-// Fills the defaults into empty boxes and stores them all.
-void storeShownDriver(MainRecord &main, DriverBoxes &boxes, DriverScreen screen);
+// Fills the defaults into empty boxes and stores them all. False, and the user is told, when a name can't be stored.
+bool storeShownDriver(MainRecord &main, DriverBoxes &boxes, DriverScreen screen);
 
 // Asks for a file and stores it at once, "path" for the photo, "pi" for the second picture; cancelling changes nothing.
 void chooseDriverPicture(MainRecord &main, DriverBoxes &boxes, std::string_view prefix);

@@ -1,5 +1,7 @@
 #include "results/drivers.h"
 
+#include "store/names.h"
+
 namespace circuidex::results {
 
 DriverRecord DriverBoxes::record() const
@@ -38,6 +40,22 @@ void storeDriver(const WritableSeason &season, std::string_view number, const Dr
     const std::size_t fields = screen == DriverScreen::newDriver ? newDriverFields : record.size();
     for (std::size_t i = 0; i < fields; ++i)
         season.write(keys::N, keys::driver(driverFields[i].prefix, number), record[i]);
+}
+
+std::string enterNames(const Season &season, std::string_view number, DriverRecord &record)
+{
+    DriverRecord entered = record;
+    for (std::size_t i = 0; i < record.size(); ++i) {
+        const std::string_view prefix = driverFields[i].prefix;
+        if (prefix != "nom" && prefix != "ecurie")
+            continue;
+        EnteredName name = enteredName(record[i], season.driver(prefix, number));
+        if (!name.fits())
+            return name.refusal;
+        entered[i] = std::move(name.name);
+    }
+    record = std::move(entered);
+    return {};
 }
 
 int firstFreeNumber(const Season &season)

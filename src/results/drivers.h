@@ -75,6 +75,10 @@ DriverRecord completed(DriverRecord record, DriverScreen screen);
 
 void storeDriver(const WritableSeason &season, std::string_view number, const DriverRecord &record, DriverScreen screen);
 
+// The record as the user entered it: blanks and quotes around the names of driver and team are taken off. A sentence in
+// French, and the record as it was, when a name can't be carried by the files; the names held by that number may stay.
+std::string enterNames(const Season &season, std::string_view number, DriverRecord &record);
+
 // The first number from 1 up that no driver holds; 27 and more when all 26 are taken.
 int firstFreeNumber(const Season &season);
 

@@ -1,5 +1,7 @@
 #include "results/grid.h"
 
+#include "store/names.h"
+
 namespace circuidex::results {
 
 Grid loadGrid(const Season &season, std::string_view gpName)
@@ -14,6 +16,21 @@ void storeGrid(const WritableSeason &season, std::string_view gpName, const Grid
 {
     for (int place = 1; place <= gridPlaces; ++place)
         season.write(keys::N, keys::grilledepart(gpName, place), grid[place]);
+}
+
+std::string enterGrid(const WritableSeason &season, std::string_view gpName, Grid grid)
+{
+    const EnteredName race = enteredName(gpName);
+    if (!race.fits())
+        return race.refusal;
+    for (int place = 1; place <= gridPlaces; ++place) {
+        EnteredName driver = enteredName(grid[place], season.grille(place, race.name));
+        if (!driver.fits())
+            return driver.refusal;
+        grid[place] = std::move(driver.name);
+    }
+    storeGrid(season, race.name, grid);
+    return {};
 }
 
 std::optional<int> driverNamed(const Season &season, std::string_view name)

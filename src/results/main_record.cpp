@@ -2,6 +2,41 @@
 
 namespace circuidex::results {
 
+// Blanks and quotes around a year are taken off as it is typed.
+MainRecord::MainRecord(Store &files, Dialogs &boxes, Surroundings machine)
+    : store(files), dialogs(boxes), surroundings(std::move(machine))
+{
+    an.listen(m_alive, [this](const std::string &typed) {
+        if (std::string year = enteredName(typed).name; isYear(year))
+            an.set(std::move(year));
+    });
+}
+
+std::string MainRecord::quietNotice() const
+{
+    const std::string noYear = isYear(an.text())
+        ? ""
+        : "La saison " + inQuotes(an.text()) + " n'est pas une année de quatre chiffres : rien n'y est conservé.";
+    std::string lines;
+    for (const std::string &line : {noYear, store.notice(), overwritten})
+        if (!line.empty())
+            lines += (lines.empty() ? "" : "\n") + line;
+    return lines;
+}
+
+bool MainRecord::enterGrandPrix()
+{
+    const EnteredName entered = enteredName(gp.text());
+    if (!isYear(an.text()))
+        dialogs.message("La saison " + inQuotes(an.text()) +
+                        " n'est pas une année de quatre chiffres : rien n'est enregistré.");
+    else if (!entered.fits())
+        dialogs.message(entered.refusal);
+    else
+        gp.set(entered.name);
+    return isYear(an.text()) && entered.fits();
+}
+
 Scale MainRecord::scale() const
 {
     Scale scale;

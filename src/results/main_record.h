@@ -3,6 +3,7 @@
 // set. All that the program remembers between two clicks, apart from the files, stands here.
 #include "results/drivers.h"
 #include "results/race_fields.h"
+#include "store/names.h"
 #include "store/dialogs.h"
 
 #include <functional>
@@ -15,15 +16,14 @@ struct Surroundings {
     std::function<std::string(const std::string &)> findPicture = [](const std::string &) { return std::string(); };
     // Any file.
     std::function<std::string(const std::string &)> findFile = [](const std::string &) { return std::string(); };
+    // The same, empty for what is no film by its name or content, and for what isn't a file to be read through.
+    std::function<std::string(const std::string &)> findFilm = [](const std::string &) { return std::string(); };
     std::function<void(const std::string &)> deleteFile = [](const std::string &) {};
 };
 
 class MainRecord : public RaceFields {
 public:
-    MainRecord(Store &files, Dialogs &boxes, Surroundings machine = {}) :
-        store(files), dialogs(boxes), surroundings(std::move(machine))
-    {
-    }
+    MainRecord(Store &files, Dialogs &boxes, Surroundings machine = {});
 
     Store &store;
     Dialogs &dialogs;
@@ -33,7 +33,8 @@ public:
     Field Label40{"0"};    // the cursor: the calendar slot on show, 0 to 19
     Field Text9;           // the pole-sitter's name, for show
     Field Label11;         // the status line
-    Field writesLost;      // what the quiet line says while changes can't be kept
+    Field writesLost;      // the quiet line: what quietNotice() says
+    std::string overwritten; // what the last action replaced unasked, and where its copy lies
     Field Image1, Labell;  // picture of the circuit: the file on show (empty: none), and the path it was asked by
     Field Image2, Label50; // picture of the Grand Prix
     Field a;               // path of the film
@@ -48,14 +49,26 @@ public:
     // The main screen: in a moment the points of this season, which was just passed to, go back to 0.
     std::function<void(const std::string &season)> clearTotalsSoon;
 
-    Season season() const { return Season(store, an.text()); }
-    WritableSeason writableSeason() const { return WritableSeason(store, an.text()); }
+    // Empty, and nothing is kept in it, while the season box holds no year.
+    Season season() const { return Season(store, seasonStem(an.text())); }
+    WritableSeason writableSeason() const { return WritableSeason(store, seasonStem(an.text())); }
+
+    // What the user should know and isn't asked about: one line each, empty when all is well.
+    std::string quietNotice() const;
+
+    // The name in gp as it is stored, the blanks and quotes around it taken off. False, and the user is told, for one that
+    // the files can't carry, and in a season that is no year.
+    bool enterGrandPrix();
+
     Scale scale() const;
     void setScale(const Scale &scale);
     void refreshScale();
 
     // The program folder as it stands in stored paths, without a slash at its end.
     std::string folder() const { return store.folder().string(); }
+
+private:
+    std::shared_ptr<const void> m_alive = std::make_shared<int>();
 };
 
 }

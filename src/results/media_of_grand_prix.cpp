@@ -1,5 +1,6 @@
 #include "results/media_of_grand_prix.h"
 
+#include "store/season.h"
 #include "store/text.h"
 
 namespace circuidex::results {
@@ -11,7 +12,7 @@ const std::string filmFilter = "Vidéos (*.avi *.mpg *.mpeg *.wmv *.mp4 *.mkv);;
 
 void keep(MainRecord &main, const std::string &key, const std::string &path)
 {
-    main.store.EcrireINI(keys::galerie, keys::gp, key, path);
+    WritableSeason(main.store, std::string(keys::galerie)).write(keys::gp, key, path);
 }
 
 // The chosen file, unless the data files can't hold its path.
@@ -26,16 +27,32 @@ std::optional<std::string> chooseKept(Dialogs &dialogs, const std::string &title
     return std::nullopt;
 }
 
-void take(MainRecord &main, const std::string &title, const std::string &key, Field &path, Field &shown)
+std::string circuitKey(const MainRecord &main)
 {
+    return keys::picgp(main.gp.text());
+}
+
+std::string raceKey(const MainRecord &main)
+{
+    return keys::img(main.gp.text(), main.an.text());
+}
+
+std::string filmKey(const MainRecord &main)
+{
+    return keys::vid(main.gp.text(), main.an.text());
+}
+
+void take(MainRecord &main, const std::string &title, std::string (*key)(const MainRecord &), Field &path, Field &shown)
+{
+    if (!main.enterGrandPrix())
+        return;
     const auto chosen = choosePictureFile(main.dialogs, title);
     if (!chosen)
         return;
     path.set(*chosen);
     shown.set(main.surroundings.findPicture(*chosen));
-    keep(main, key, *chosen);
+    keep(main, key(main), *chosen);
 }
-
 }
 
 std::optional<std::string> choosePictureFile(Dialogs &dialogs, const std::string &title)
@@ -45,38 +62,42 @@ std::optional<std::string> choosePictureFile(Dialogs &dialogs, const std::string
 
 void chooseCircuitPicture(MainRecord &main)
 {
-    take(main, "Image du tracé", keys::picgp(main.gp.text()), main.Labell, main.Image1);
+    take(main, "Image du tracé", circuitKey, main.Labell, main.Image1);
 }
 
 void chooseRacePicture(MainRecord &main)
 {
-    take(main, "Image du Grand Prix", keys::img(main.gp.text(), main.an.text()), main.Label50, main.Image2);
+    take(main, "Image du Grand Prix", raceKey, main.Label50, main.Image2);
 }
 
 void chooseFilm(MainRecord &main)
 {
+    if (!main.enterGrandPrix())
+        return;
     const auto chosen = chooseKept(main.dialogs, "Vidéo du Grand Prix", filmFilter);
     if (!chosen)
         return;
+    if (!main.surroundings.findFile(*chosen).empty() && main.surroundings.findFilm(*chosen).empty())
+        return main.dialogs.message("Ce fichier n'est pas une vidéo.");
     main.a.set(*chosen);
-    keep(main, keys::vid(main.gp.text(), main.an.text()), *chosen);
+    keep(main, filmKey(main), *chosen);
     main.film.set("vrai");
 }
 
 void removeCircuitPicture(MainRecord &main)
 {
-    keep(main, keys::picgp(main.gp.text()), "");
+    keep(main, circuitKey(main), "");
 }
 
 void removeRacePicture(MainRecord &main)
 {
-    keep(main, keys::img(main.gp.text(), main.an.text()), "");
+    keep(main, raceKey(main), "");
     main.Image2.set("");
 }
 
 void removeFilm(MainRecord &main)
 {
-    keep(main, keys::vid(main.gp.text(), main.an.text()), "");
+    keep(main, filmKey(main), "");
     main.film.set("");
     const std::string file = main.surroundings.findFile(filmBesideProgram(main));
     if (!file.empty())
@@ -88,11 +109,10 @@ std::string filmBesideProgram(const MainRecord &main)
     return main.folder() + "\\" + main.gp.text() + main.an.text() + ".avi";
 }
 
-std::string filmPath(const MainRecord &main)
+std::string filmAtHand(const MainRecord &main)
 {
-    const std::string kept =
-        main.store.LireINI(keys::galerie, keys::gp, keys::vid(main.gp.text(), main.an.text()));
-    return kept.empty() ? filmBesideProgram(main) : kept;
+    const std::string kept = main.surroundings.findFilm(main.store.LireINI(keys::galerie, keys::gp, filmKey(main)));
+    return kept.empty() ? main.surroundings.findFilm(filmBesideProgram(main)) : kept;
 }
 
 }

@@ -8,7 +8,7 @@ namespace circuidex::results {
 // as if the user had cancelled; a film likewise.
 std::optional<std::string> choosePictureFile(Dialogs &dialogs, const std::string &title);
 
-// Asks for a file and takes it for the circuit or for the race; cancelling changes nothing.
+// Asks for a file and takes it for the circuit or for the race; cancelling changes nothing. What is no film is refused.
 void chooseCircuitPicture(MainRecord &main);
 void chooseRacePicture(MainRecord &main);
 void chooseFilm(MainRecord &main);
@@ -21,7 +21,8 @@ void removeFilm(MainRecord &main);
 // Where a film of the Grand Prix on show is looked for when nobody chose one.
 std::string filmBesideProgram(const MainRecord &main);
 
-// Where the film of the Grand Prix on show lies, by the gallery file or else beside the program.
-std::string filmPath(const MainRecord &main);
+// The film of the Grand Prix on show, where the gallery file says or else beside the program; empty when there is none to
+// be played.
+std::string filmAtHand(const MainRecord &main);
 
 }

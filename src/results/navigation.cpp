@@ -2,6 +2,7 @@
 
 #include "results/media_of_grand_prix.h"
 #include "results/pictures.h"
+#include "store/names.h"
 
 #include <algorithm>
 
@@ -32,10 +33,19 @@ void showFilm(MainRecord &main)
         main.writableSeason().write(keys::gp, key, path);
 }
 
+void show(MainRecord &main)
+{
+    const Season season = main.season();
+    showResult(main, season);
+    main.dat.set(season.read(keys::gp, keys::dategp(main.gp.text())));
+    showPictures(main);
+    showFilm(main);
+}
+
 void showSlot(MainRecord &main)
 {
     main.gp.set(main.season().read(keys::gp, keys::namegp(main.Label40.text())));
-    showGrandPrix(main);
+    show(main);
 }
 
 // From one end of the calendar the cursor goes on at the other.
@@ -49,19 +59,15 @@ void moveCursor(MainRecord &main, std::string_view end, std::string_view beforeS
 void changeSeason(MainRecord &main, double step)
 {
     main.an.set(main.store.numbers().stepped(main.an.text(), step));
-    main.gp.set(main.season().read(keys::gp, keys::namegp(main.Label40.text())));
-    showGrandPrix(main);
+    showSlot(main);
 }
 
 }
 
 void showGrandPrix(MainRecord &main)
 {
-    const Season season = main.season();
-    showResult(main, season);
-    main.dat.set(season.read(keys::gp, keys::dategp(main.gp.text())));
-    showPictures(main);
-    showFilm(main);
+    main.gp.set(enteredName(main.gp.text()).name);
+    show(main);
 }
 
 void nextGrandPrix(MainRecord &main)

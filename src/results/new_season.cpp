@@ -3,6 +3,7 @@
 #include "results/drivers.h"
 #include "results/navigation.h"
 #include "results/pictures.h"
+#include "results/recording.h"
 
 namespace circuidex::results {
 
@@ -16,11 +17,11 @@ WritableSeason transitFile(const MainRecord &main)
     return WritableSeason(main.store, "transit");
 }
 
-// Absent for a text that is no number, and for one so great that one more makes no difference.
+// Absent for a text that is no year, and for the last one.
 std::optional<std::string> yearAfter(const std::string &year, const Numbers &numbers)
 {
     const auto next = numbers.sum(year, "1");
-    return next && numbers.value(*next) != numbers.value(year) ? next : std::nullopt;
+    return next && isYear(year) && isYear(*next) ? next : std::nullopt;
 }
 
 // The title goes to the driver's record before the record is copied, so that both seasons know it.
@@ -111,6 +112,7 @@ bool leave(const MainRecord &main)
     for (int number = 0; number < carriedSlots; ++number)
         leaveDriver(old, transit, std::to_string(number));
     leaveCalendar(main, transit);
+    main.store.flush();
     return main.store.lostWrites() == lost;
 }
 
@@ -125,14 +127,33 @@ bool arrive(const MainRecord &main, const std::string &year)
     for (int slot = 0; slot < gpSlots; ++slot)
         arriveGrandPrix(transit, fresh, slot);
     countSeasons(fresh);
+    main.store.flush();
     return main.store.lostWrites() == lost;
 }
 
+// A season that has results is replaced without a question, so it is copied. False when that can't be done.
+bool keepReplaced(MainRecord &main, const std::string &year)
+{
+    const Season replaced(main.store, year);
+    bool held = false;
+    for (int slot = 0; slot < gpSlots && !held; ++slot)
+        held = hasResult(replaced, replaced.namegp(slot));
+    const std::string copy = held ? main.store.keepCopy(year) : std::string();
+    main.overwritten =
+        copy.empty() ? "" : "La saison " + year + " avait des résultats, elle est remplacée ; sa copie : " + copy;
+    return !held || !copy.empty();
+}
+
 // The user is told where the way ends.
-bool carry(const MainRecord &main, const std::string &next)
+bool carry(MainRecord &main, const std::string &next)
 {
     if (!leave(main)) {
         main.dialogs.message("Le fichier de transit ne peut pas être écrit : rien n'a été transféré.");
+        return false;
+    }
+    if (!keepReplaced(main, next)) {
+        main.dialogs.message("La saison " + next +
+                             " a des résultats et ne peut pas être copiée : rien n'a été transféré.");
         return false;
     }
     if (!arrive(main, next)) {

@@ -14,7 +14,8 @@ inline constexpr int carriedSlots = 24; // numbers 0 to 23: driver 24 and those 
 std::optional<int> championshipLeader(const Season &season);
 
 // From the season on the main screen to the one after it, with the champion of that number, and the main screen goes
-// with it: the same place in the calendar, nothing recorded there. The user is told before and after. An empty number
+// with it: the same place in the calendar, nothing recorded there; results that stood there are copied before. The user
+// is told before and after. An empty number
 // crowns nobody. False, and the user is told, when there is no season to pass to, because the season's name is no year,
 // or when a file can't be written as a whole: the old season then stays open, without the new title.
 bool passToNextSeason(MainRecord &main, const std::string &champion);

@@ -45,6 +45,24 @@ void enterTeamPoints(const WritableSeason &season, MainRecord &main, const Scale
 
 }
 
+ActionOnSeason::ActionOnSeason(MainRecord &main)
+    : m_main(main), m_stem(main.season().stem()), m_lost(main.store.lostWrites(m_stem))
+{
+    main.overwritten.clear();
+}
+
+bool ActionOnSeason::end(const std::string &action)
+{
+    constexpr std::string_view warning = "Attention : ";
+    m_main.store.flush();
+    const bool kept = m_main.store.lostWrites(m_stem) == m_lost;
+    if (!kept)
+        m_main.Label11.set(std::string(warning) + "la saison n'a pas conservé " + action + " en entier !");
+    else if (m_main.Label11.text().starts_with(warning))
+        m_main.Label11.set("");
+    return kept;
+}
+
 bool hasResult(const Season &season, std::string_view gpName)
 {
     for (int place = 1; place <= classifiedPlaces; ++place)
@@ -80,6 +98,9 @@ void proposeRecords(MainRecord &main)
 
 Recording recordSimulatedGrandPrix(MainRecord &main)
 {
+    if (!main.enterGrandPrix())
+        return Recording::refused;
+    ActionOnSeason action(main);
     const WritableSeason season = main.writableSeason();
     season.write(keys::gp, keys::dategp(main.gp.text()), main.dat.text());
     main.refreshScale();
@@ -87,21 +108,28 @@ Recording recordSimulatedGrandPrix(MainRecord &main)
         return Recording::refused;
     resetTeamPoints(season, main.Label40.text(), "0");
     enterResult(main);
-    return Recording::done;
+    return action.end("le Grand Prix") ? Recording::done : Recording::lost;
 }
 
 Recording recordGrandPrix(MainRecord &main)
 {
-    if (recordSimulatedGrandPrix(main) == Recording::refused)
-        return Recording::refused;
+    const Recording recording = recordSimulatedGrandPrix(main);
+    if (recording != Recording::done)
+        return recording;
+    const unsigned lost = main.store.lostWrites(keys::ARCHIVES);
     archiveWinner(main.store, main.gp.text(), main.an.text(), main.name(1).text());
     proposeRecords(main);
-    main.Label11.set("Grand prix enregistré!");
+    main.store.flush();
+    const bool archived = main.store.lostWrites(keys::ARCHIVES) == lost;
+    main.Label11.set(archived ? "Grand prix enregistré!"
+                              : "Attention : Grand prix enregistré, mais pas dans les archives !");
     return Recording::done;
 }
 
 bool mayStartAssistant(MainRecord &main)
 {
+    if (!main.enterGrandPrix())
+        return false;
     if (!hasResult(main.season(), main.gp.text()))
         return true;
     main.dialogs.message("Le grand prix est déja enregistré. Pour accéder au nouveau GP, cliquez sur ''Nouveau GP'' sur "

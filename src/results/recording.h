@@ -5,14 +5,33 @@
 
 namespace circuidex::results {
 
-enum class Recording { refused, done };
+enum class Recording {
+    refused,
+    lost, // a write was lost, which the status says; nothing of it goes to the archive
+    done
+};
 
 // The recording of the button "Enregistrer le Grand Prix". Refuses, with a message, a race without a name and one that
-// is recorded already; the date is noted all the same.
+// is recorded already; the date is noted all the same. A name that the files can't carry, or a season that is no year,
+// is refused before anything is written.
 Recording recordGrandPrix(MainRecord &main);
 
 // The same for a simulated race: nothing goes to the archive and no status is shown.
 Recording recordSimulatedGrandPrix(MainRecord &main);
+
+// What an action on the Grand Prix on show leaves behind it: told by the season's lost writes from here to end().
+class ActionOnSeason {
+public:
+    explicit ActionOnSeason(MainRecord &main);
+
+    // False when the season lacks a write; the status then says so and calls the action by this name.
+    bool end(const std::string &action);
+
+private:
+    MainRecord &m_main;
+    std::string m_stem;
+    unsigned m_lost;
+};
 
 // The part that an amendment shares: name, result, teams, pole and drivers are written, without any question.
 void enterResult(MainRecord &main);

@@ -90,14 +90,14 @@ void FieldControl::setText(const QString &text)
 TimerControl::TimerControl(int milliseconds, Kind kind, std::function<void()> fire) :
     m_interval(milliseconds), m_kind(kind)
 {
-    m_timer.setSingleShot(true);
+    m_timer.setSingleShot(kind != Kind::repeating);
     QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this, fire = std::move(fire)] {
         if (m_kind == Kind::once)
             m_interval = 0;
         const auto copy = fire; // it may close its screen
         copy();
     });
-    if (kind == Kind::once && milliseconds > 0)
+    if (kind != Kind::standing && milliseconds > 0)
         m_timer.start(milliseconds);
 }
 

@@ -75,11 +75,11 @@ private:
     Field &m_field;
 };
 
-// A timer of a screen. Its interval in milliseconds is its text; 0 means that it stands still. All timers fire once and
-// go back to 0, but for a standing one, which keeps its interval and waits for the next kick.
+// A timer of a screen. Its interval in milliseconds is its text; 0 means that it stands still. A timer fires once and goes
+// back to 0; a standing one keeps its interval and waits for the next kick, a repeating one fires again and again.
 class TimerControl : public Control {
 public:
-    enum class Kind { once, standing };
+    enum class Kind { once, standing, repeating };
     TimerControl(int milliseconds, Kind kind, std::function<void()> fire);
 
     QString text() const override;

@@ -100,6 +100,11 @@ QString swatch(const QColor &colour)
     return u"background:%1;border-radius:3px"_s.arg(colour.name());
 }
 
+QString legendSwatch(const QColor &colour)
+{
+    return u"background:%1; border:1px solid %2;"_s.arg(colour.name(), line.name());
+}
+
 QString modeGroup(const QColor &back)
 {
     return u"#modes { background:%1; border-radius:6px; }"_s.arg(back.name());
@@ -107,7 +112,7 @@ QString modeGroup(const QColor &back)
 
 QString narrowHeads()
 {
-    return u"QHeaderView::section { font-size:11px; padding:0 6px; }"_s;
+    return u"QHeaderView::section { font-size:11px; padding:0 3px; }"_s;
 }
 
 }

@@ -23,6 +23,8 @@ inline const QColor menu{251, 254, 226};        // drop-downs and the list of al
 inline const QColor chosen{192, 192, 255};      // the selected row, no change
 inline const QColor gain{192, 255, 192};        // gain or best
 inline const QColor loss{255, 192, 192};        // loss or worst
+inline const QColor second{255, 255, 192};      // a team's drivers: the first as chosen, this, the third as loss, and
+inline const QColor fourth{192, 255, 255};      // this; the team itself as gain
 inline const QColor pointed{255, 0, 0};         // a command label under the pointer
 inline const QColor unpointed{0, 0, 0};
 inline const QColor plain{255, 255, 255};       // of a cell that says nothing
@@ -45,6 +47,7 @@ QString styleSheet(const Skin &skin);
 
 // The sheets of the few widgets that differ from the common one.
 QString swatch(const QColor &colour);      // a small bar that says which line is whose
+QString legendSwatch(const QColor &colour); // with the line of a card around it
 QString modeGroup(const QColor &ground);   // the ground of a group of buttons; the widget is named "modes"
 QString narrowHeads();                     // of a table whose heads are many and small
 

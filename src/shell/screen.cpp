@@ -11,6 +11,7 @@
 #include <QFrame>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QRadioButton>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -69,7 +70,8 @@ Screen::Screen(Context &theContext, const QString &name, const QString &title, C
 
 Screen::~Screen()
 {
-    context.screens.closed(*this);
+    if (!m_closed) // a closed one may outlive the list of screens
+        context.screens.closed(*this);
 }
 
 void Screen::registerChrome()
@@ -239,6 +241,16 @@ Button *Screen::button(const QString &name, const QString &caption, std::functio
     connect(made, &QPushButton::clicked, this, [handler = std::move(handler)] {
         if (handler)
             handler();
+    });
+    return made;
+}
+
+QRadioButton *Screen::option(const QString &name, const QString &caption, std::function<void()> selected)
+{
+    auto *made = add(name, new QRadioButton(caption, m_body));
+    connect(made, &QRadioButton::toggled, this, [selected = std::move(selected)](bool on) {
+        if (on)
+            selected();
     });
     return made;
 }

@@ -7,11 +7,13 @@
 
 #include <QWidget>
 
+
 #include <map>
 #include <memory>
 #include <set>
 
 class QHBoxLayout;
+class QRadioButton;
 class QVBoxLayout;
 
 namespace circuidex {
@@ -61,6 +63,7 @@ public:
     // Where the window stands, in twips. Far off means out of sight: open, but not seen.
     TwipRect place() const;
     void setPlace(double left, double top);
+    void putAway(double top = 50000) { setPlace(0, top); } // open, but not seen
     bool seen() const { return !m_outOfSight; }
     void present(); // shows it in front, if it is in sight
     virtual void comeBack() {} // after a screen that took its place
@@ -90,6 +93,8 @@ protected:
     }
     Button *button(const QString &name, const QString &caption, std::function<void()> handler,
                    std::optional<int> index = std::nullopt);
+    // One of several, of which one is selected; the handler runs when it becomes that one. They stand in one card.
+    QRadioButton *option(const QString &name, const QString &caption, std::function<void()> selected);
     Label *command(const QString &name, const QString &caption, std::function<void()> handler);
     Label *printCommand(const QString &name);
     Control &hidden(const QString &name, const QString &text = {}, std::function<void()> onPress = {},

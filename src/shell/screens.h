@@ -30,6 +30,16 @@ ScreenRow screenRow(QString name, QString title, std::function<void(Screen &)> o
             std::move(opened)};
 }
 
+// The same for a class that serves several screens, told apart by what is given to its constructor besides.
+template <class S, class Kind>
+ScreenRow kindRow(QString name, QString title, Kind kind)
+{
+    return {std::move(name), std::move(title),
+            [kind = std::move(kind)](Context &context, const QString &named, const QString &titled) -> Screen * {
+                return new S(context, named, titled, kind);
+            }};
+}
+
 class Screens {
 public:
     explicit Screens(std::vector<ScreenRow> rows) : m_rows(std::move(rows)) {}

@@ -9,11 +9,13 @@
 #include <QPainter>
 #include <QStyledItemDelegate>
 
-#include <algorithm>
+#include <set>
 
 namespace circuidex {
 
 namespace {
+
+constexpr int titleLine = 14; // pixels that each further line of the titles takes
 
 // The style sheet paints the cells' frame in place of their back colour, so that the colour is laid under it here. The
 // frame of the current cell is for those who came by Tab; in a table that only opened it would look like a choice.
@@ -30,6 +32,31 @@ public:
         QStyledItemDelegate::paint(painter, shown, index);
     }
 };
+
+QFont boldened(QFont font)
+{
+    font.setBold(true);
+    return font;
+}
+
+// The selected cells, each under its column: a gap in the selection stays one.
+QString selectionAsText(const QModelIndexList &chosen)
+{
+    std::map<int, std::map<int, QString>> rows;
+    std::set<int> columns;
+    for (const QModelIndex &at : chosen) {
+        rows[at.row()][at.column()] = at.data().toString();
+        columns.insert(at.column());
+    }
+    QStringList lines;
+    for (auto &[row, texts] : rows) {
+        QStringList cells;
+        for (const int column : columns)
+            cells << texts[column];
+        lines << cells.join(u'\t');
+    }
+    return lines.join(u'\n');
+}
 
 }
 
@@ -54,6 +81,14 @@ TwipRect Cell::geometry() const
     const QPoint corner = m_table.viewport()->mapTo(m_table.window(), rect.topLeft());
     return {corner.x() * twipsPerPixel, corner.y() * twipsPerPixel, rect.width() * twipsPerPixel,
             rect.height() * twipsPerPixel};
+}
+
+void Cell::setBold(bool bold)
+{
+    if (bold == m_bold)
+        return;
+    m_bold = bold;
+    m_table.model().changed(m_row, m_column);
 }
 
 void Cell::coloursChanged()
@@ -106,6 +141,8 @@ QVariant CellModel::data(const QModelIndex &index, int role) const
         return at.fore() ? QVariant(*at.fore()) : QVariant();
     case Qt::TextAlignmentRole:
         return QVariant(column.align | Qt::AlignVCenter);
+    case Qt::FontRole:
+        return at.bold() ? boldened(static_cast<const QWidget *>(QObject::parent())->font()) : QVariant();
     default:
         return {};
     }
@@ -119,10 +156,11 @@ QVariant CellModel::headerData(int section, Qt::Orientation orientation, int rol
     if (role == Qt::DisplayRole)
         return column.title;
     if (role == Qt::TextAlignmentRole)
-        return QVariant(column.align | Qt::AlignVCenter);
-    if (const auto tip = m_titleTips.find(section); role == Qt::ToolTipRole && tip != m_titleTips.end())
-        return tip->second;
-    return {};
+        return static_cast<int>(column.align | Qt::AlignVCenter) | Qt::TextWordWrap;
+    if (role != Qt::ToolTipRole)
+        return {};
+    const auto tip = m_titleTips.find(section);
+    return tip != m_titleTips.end() ? tip->second : column.tip;
 }
 
 void CellModel::setTitle(int column, const QString &title, const QString &tip)
@@ -141,6 +179,10 @@ Table::Table(std::vector<Column> columns, int rows, QWidget *parent) : QTableVie
 {
     m_model = new CellModel(*this, std::move(columns), rows);
     m_model->setParent(this);
+    for (int column = 0; column < m_model->columnCount(); ++column)
+        if (const QColor back = m_model->columns()[static_cast<std::size_t>(column)].back; back.isValid())
+            for (int row = 0; row < rows; ++row)
+                m_model->cell(row, column).setBack(back);
     setModel(m_model);
     setItemDelegate(new CellDelegate(this));
     setAlternatingRowColors(true);
@@ -247,6 +289,11 @@ QString Table::asText() const
     return lines.join(u'\n') + u'\n';
 }
 
+void Table::setTitleLines(int lines)
+{
+    horizontalHeader()->setFixedHeight(look::rowHeight + 2 + (lines - 1) * titleLine);
+}
+
 int Table::rowsHigh(int rows) const
 {
     return (horizontalHeader()->isHidden() ? 0 : horizontalHeader()->height()) +
@@ -256,15 +303,7 @@ int Table::rowsHigh(int rows) const
 void Table::keyPressEvent(QKeyEvent *event)
 {
     if (event->matches(QKeySequence::Copy)) {
-        QMap<int, QStringList> rows;
-        QModelIndexList chosen = selectedIndexes();
-        std::sort(chosen.begin(), chosen.end());
-        for (const QModelIndex &at : chosen)
-            rows[at.row()] << at.data().toString();
-        QStringList lines;
-        for (const QStringList &row : rows)
-            lines << row.join(u'\t');
-        QApplication::clipboard()->setText(lines.join(u'\n'));
+        QApplication::clipboard()->setText(selectionAsText(selectedIndexes()));
     } else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && currentIndex().isValid() &&
                onPress) {
         pressed(currentIndex().row(), currentIndex().column(), false);

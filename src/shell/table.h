@@ -21,6 +21,7 @@ struct Column {
     int firstIndex = 0;       // the index of the first row
     bool command = false;     // a click on a cell does something: pointing hand
     QStringList rowNames = {}; // cells that are no array but bear names of their own, row by row
+    QColor back = {};          // that its cells begin with; none without
 };
 
 class Table;
@@ -32,6 +33,8 @@ public:
     void setText(const QString &text) override;
     QString tip() const override;
     void setTip(const QString &tip) { m_tip = tip; }
+    void setBold(bool bold);
+    bool bold() const { return m_bold; }
     TwipRect geometry() const override;
 
 protected:
@@ -43,6 +46,7 @@ private:
     Table &m_table;
     int m_row, m_column;
     QString m_text, m_tip;
+    bool m_bold = false;
 };
 
 class CellModel : public QAbstractTableModel {
@@ -86,6 +90,7 @@ public:
     // All of it as text: a line a row, cells separated by tabs, titles first.
     QString asText() const;
 
+    void setTitleLines(int lines); // a title too wide for its column wraps
     int rowsHigh(int rows) const; // pixels that so many rows and the titles take
     CellModel &model() const { return *m_model; }
 

@@ -5,7 +5,6 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QCheckBox>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -215,6 +214,12 @@ void Remark::insertFromMimeData(const QMimeData *source)
     insertPlainText(source->text().simplified());
 }
 
+ReadOnlyText::ReadOnlyText(QWidget *parent) : QPlainTextEdit(parent)
+{
+    setReadOnly(true);
+    setTabChangesFocus(true);
+}
+
 Button::Button(const QString &caption, QWidget *parent) : QPushButton(caption, parent)
 {
     setAutoDefault(false);
@@ -278,9 +283,10 @@ void Picture::paintEvent(QPaintEvent *)
 
 QString WidgetControl::text() const
 {
-    if (const auto *check = qobject_cast<QCheckBox *>(m_widget))
-        return check->isChecked() ? u"vrai"_s : u"faux"_s;
-    if (const auto *button = qobject_cast<QAbstractButton *>(m_widget))
+    const auto *button = qobject_cast<QAbstractButton *>(m_widget);
+    if (button && button->isCheckable()) // a tick or an option
+        return button->isChecked() ? u"vrai"_s : u"faux"_s;
+    if (button)
         return button->text().replace(QLatin1String("&&"), QLatin1String("&"));
     if (const auto *label = qobject_cast<QLabel *>(m_widget))
         return label->text();
@@ -295,14 +301,17 @@ QString WidgetControl::text() const
 
 void WidgetControl::setText(const QString &text)
 {
-    if (auto *check = qobject_cast<QCheckBox *>(m_widget))
-        check->setChecked(text == u"vrai");
-    else if (auto *button = qobject_cast<QAbstractButton *>(m_widget))
+    auto *button = qobject_cast<QAbstractButton *>(m_widget);
+    if (button && button->isCheckable())
+        button->setChecked(text == u"vrai");
+    else if (button)
         button->setText(QString(text).replace(u'&', QLatin1String("&&")));
     else if (auto *label = qobject_cast<QLabel *>(m_widget))
         label->setText(text);
     else if (auto *edit = qobject_cast<QLineEdit *>(m_widget))
         setFromStart(*edit, text);
+    else if (auto *lines = dynamic_cast<ReadOnlyText *>(m_widget))
+        lines->setPlainText(text);
     else if (auto *remark = qobject_cast<QPlainTextEdit *>(m_widget))
         remark->setPlainText(QString(text).replace(u'\n', u' ').remove(u'\r'));
     else if (auto *picture = dynamic_cast<Picture *>(m_widget))

@@ -80,6 +80,12 @@ protected:
     void insertFromMimeData(const QMimeData *source) override;
 };
 
+// A text of many lines to read: selected and copied, never changed.
+class ReadOnlyText : public QPlainTextEdit {
+public:
+    explicit ReadOnlyText(QWidget *parent = nullptr);
+};
+
 class Button : public QPushButton {
 public:
     explicit Button(const QString &caption = {}, QWidget *parent = nullptr);

@@ -29,6 +29,13 @@ public:
     // (with '=' or a line break, or like a section) is written and never found again.
     bool set(std::string_view section, std::string_view key, std::string_view value);
 
+    // False for a text that isn't found again as a key of a file.
+    static bool isKey(std::string_view text)
+    {
+        const std::size_t first = text.find_first_not_of(" \t\v\f");
+        return text.find('=') == text.npos && (first == text.npos || text[first] != '[');
+    }
+
     const std::string &bytes() const { return m_bytes; }
 
 private:

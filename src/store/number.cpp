@@ -1,5 +1,6 @@
 #include "store/number.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -106,7 +107,10 @@ std::optional<int> Numbers::whole(std::string_view text, int first, int last) co
 std::string Numbers::stepped(std::string_view text, double by, std::optional<double> end) const
 {
     const auto from = value(text);
-    return !from || from == end ? std::string(text) : this->text(*from + by);
+    if (!from)
+        return std::string(text);
+    const double to = *from + by;
+    return this->text(!end ? to : by < 0 ? std::max(to, *end) : std::min(to, *end));
 }
 
 }

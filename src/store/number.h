@@ -27,7 +27,8 @@ public:
     // A whole number from first to last; absent for any other text.
     std::optional<int> whole(std::string_view text, int first, int last) const;
 
-    // So many on, or back where it is negative; a text that is no number stays, and so does one that stands at the end.
+    // So many on, or back where it is negative, never beyond the end given for that direction. A text that is no number
+    // stays.
     std::string stepped(std::string_view text, double by, std::optional<double> end = {}) const;
 
     char separator() const { return m_separator; }

@@ -59,9 +59,12 @@ public:
 
     Store &store() const { return *m_file; }
 
+    // A key that no read finds again, because a name in it comes from a file of long ago and holds '=', say, is left out:
+    // each such write would only add a line.
     void write(std::string_view section, std::string_view key, std::string_view value) const
     {
-        m_file->EcrireINI(stem(), section, key, value);
+        if (KeyFile::isKey(key))
+            m_file->EcrireINI(stem(), section, key, value);
     }
 
     // Adds the text of an amount, which may be negative, to a key. A key or an amount that is no number stays as it is.

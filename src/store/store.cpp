@@ -12,6 +12,9 @@ namespace circuidex {
 using backups::Damage;
 
 struct Store::Entry {
+    struct Write {
+        std::string section, key, value; // in the code page
+    };
     std::string stem;
     std::string name; // "f12005.ini"
     std::string path; // where the name may be in another case
@@ -24,6 +27,7 @@ struct Store::Entry {
     Damage damage = Damage::none;
     std::uint64_t moment = 0;
     std::int64_t tick = 0;
+    std::vector<Write> waiting; // in the copy in memory, not yet in the file
 };
 
 namespace {
@@ -135,6 +139,8 @@ std::string Store::pathOf(const std::string &name) const
 // Makes the copy in memory the same as the file, at the first use in a moment. A write looks in any case.
 void Store::refresh(Entry &entry, bool beforeWrite) const
 {
+    if (!entry.waiting.empty())
+        return;
     const std::int64_t tick = clockTick();
     const bool sameMoment = entry.loaded && entry.moment == m_moment && entry.tick == tick;
     if (sameMoment && !beforeWrite)
@@ -210,10 +216,14 @@ bool Store::set(Entry &entry, std::string_view section, std::string_view key, st
     refresh(entry, true);
     if (entry.stamp.kind == disk::Kind::refused || m_readOnly || entry.withheld)
         return false;
-    if (entry.damage == Damage::noText)
+    if (entry.damage == Damage::noText && entry.waiting.empty())
         entry.file = KeyFile();
     if (!entry.file.set(section, key, value) && entry.stamp.kind == disk::Kind::file)
         return true;
+    if (!entry.waiting.empty() || entry.file.bytes().size() > large) {
+        entry.waiting.push_back({std::string(section), std::string(key), std::string(value)});
+        return true;
+    }
     entry.loaded = write(entry); // what wasn't kept isn't shown either
     return entry.loaded;
 }
@@ -222,6 +232,31 @@ void Store::EcrireINI(std::string_view stem, std::string_view section, std::stri
 {
     std::string scratch;
     writeBytes(stem, lineOf(section, m_section), lineOf(key, m_key), lineOf(value, scratch));
+}
+
+void Store::flush()
+{
+    for (const auto &[stem, entry] : m_files)
+        if (!entry->waiting.empty())
+            flush(*entry);
+}
+
+// Another program may have written meanwhile: what waits then goes into its file.
+void Store::flush(Entry &entry)
+{
+    const std::vector<Entry::Write> writes = std::exchange(entry.waiting, {});
+    bool kept = true;
+    if (disk::look(entry.path) != entry.stamp) {
+        refresh(entry, true);
+        kept = entry.stamp.kind != disk::Kind::refused && !entry.withheld;
+        if (entry.damage == Damage::noText)
+            entry.file = KeyFile();
+        for (const Entry::Write &each : writes)
+            entry.file.set(each.section, each.key, each.value);
+    }
+    entry.loaded = kept = kept && write(entry);
+    for (const Entry::Write &each : writes)
+        note(kept, entry.name, each.section, each.key, entry.path);
 }
 
 // The file as it was left by the last run.
@@ -334,6 +369,7 @@ bool Store::mayDelete(const std::string &path) const
 
 std::string Store::keepCopy(std::string_view stem)
 {
+    flush();
     const Entry *const found = m_readOnly ? nullptr : entry(stem);
     return found ? backups::keep(m_folder.string(), nameOf(pathOf(found->name))) : std::string();
 }
@@ -369,6 +405,7 @@ bool Store::withheld(const std::string &path, Damage damage) const
 
 bool Store::restore(const std::string &name)
 {
+    flush();
     Damaged *const wanted = standing(name);
     std::string good, present;
     if (!wanted || !wanted->copy || m_readOnly || disk::read(wanted->copy->path, good).kind != disk::Kind::file ||
@@ -396,7 +433,7 @@ std::string Store::notice() const
     if (m_readOnly)
         return "Lecture seule : les modifications ne sont pas conservées.";
     for (const auto &[name, losses] : m_losses)
-        if (!losses.keys.empty() && !standing(name))
+        if (!losses.keys.empty() && !standing(name) && name.find_first_of("/\\") == name.npos)
             return "Attention : les modifications ne sont pas conservées (" + name + ").";
     const auto last =
         std::find_if(m_damaged.rbegin(), m_damaged.rend(), [](const Damaged &each) { return !each.gone; });
@@ -412,6 +449,7 @@ std::string Store::notice() const
 // The content held is let go when the new one, and the name that leads to it, are surely on the disk.
 void Store::settle()
 {
+    flush();
     std::map<std::string, bool> folders; // true: synced
     for (Unsettled &each : m_unsettled) {
         each.held = disk::syncFile(each.path) || disk::look(each.path).kind == disk::Kind::missing;

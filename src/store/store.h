@@ -33,7 +33,15 @@ public:
 
     // The file holds the value when the call returns; the first write creates it. A write that can't be made leaves the
     // file as it was and counts as lost. Line breaks and other control characters become blanks: a value is one line.
+    // A file that has grown past `large` is written as a whole by flush() or settle(); until then reads give the value
+    // from memory, and a kill leaves the file as it was before the user's action.
     void EcrireINI(std::string_view stem, std::string_view section, std::string_view key, std::string_view value);
+
+    // Bytes; a hundred times a real season.
+    static constexpr std::size_t large = std::size_t(4) << 20;
+
+    // Writes what large files still lack. Whatever judges by lostWrites() whether an action was kept calls it before.
+    void flush();
 
     // The season that the next start opens: the text of the file "Année" up to the first comma, empty without one.
     std::string yearMarker() const;
@@ -99,7 +107,8 @@ public:
     // be done; the file then stays as it is.
     bool restore(const std::string &name);
 
-    // In French, what the user should know and isn't asked about, the gravest first; empty when all is well.
+    // In French, what the user should know and isn't asked about, the gravest first; empty when all is well. Nothing of
+    // a stem that names no file.
     std::string notice() const;
 
     const std::filesystem::path &folder() const { return m_folder; }
@@ -125,6 +134,7 @@ private:
     disk::Stamp load(const std::string &path, std::string &bytes) const;
     bool set(Entry &entry, std::string_view section, std::string_view key, std::string_view value);
     bool write(Entry &entry);
+    void flush(Entry &entry);
     bool replaceDamaged(const std::string &path, std::string_view bytes, disk::Stamp &after);
     bool replace(const std::string &path, std::string_view bytes, disk::Stamp &after);
     std::string writtenFile(const std::string &path) const;

@@ -1,6 +1,5 @@
 // Every screen of the program opens, shows itself and closes: on full seasons, in an empty folder, on files that are no
 // seasons, and in a folder that is gone.
-#include "platform/qt_platform.h"
 #include "shell/driven_program.h"
 
 #include <QAbstractItemModelTester>
@@ -186,15 +185,6 @@ TEST_F(OnTheSample, LostWritesAreSaidQuietly)
     say("write f12005.ini [gp] nogp=3");
     EXPECT_EQ(say("get Form1.nonconservees"), "");
     EXPECT_EQ(say("read f12005.ini [gp] nogp"), "3");
-}
-
-// "Imprimer" gives a page with what the screen shows.
-TEST_F(OnTheSample, PrintingMakesOnePage)
-{
-    ASSERT_TRUE(printScreen(screen("Form1"), QString::fromStdString((folder / "page.pdf").string())));
-    const std::string page = content(folder / "page.pdf");
-    EXPECT_TRUE(page.starts_with("%PDF"));
-    EXPECT_GT(page.size(), 5000u);
 }
 
 }

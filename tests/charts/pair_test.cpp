@@ -15,21 +15,20 @@ struct PairCase {
     std::string sentence;
 };
 
+std::string ahead(const std::string &first, const std::string &points, const std::string &fewer, const std::string &gap)
+{
+    const std::string second = first == "Ann" ? "Bob" : "Ann";
+    return first + " est devant au classement! Il a " + points + " points alors que " + second + " n'en a que " + fewer +
+        ". Il y a donc " + gap + " point(s) qui les séparent.";
+}
+
 constexpr double before = 777; // of bars that stay
 
 const PairCase cases[] = {
-    {"FirstAhead", "40", "10", 11040, 2760,
-     "Ann est devant au classement! Il a 40 points alors que Bob n'en a que 10. Il y a donc 30 point(s) qui "
-     "les séparent."},
-    {"SecondAhead", "9", "10", 9936, 11040,
-     "Bob est devant au classement! Il a 10 points alors que Ann n'en a que 9. Il y a donc 1 point(s) qui "
-     "les séparent."},
-    {"HalfPoints", "2,5", "1", 11040, 4416,
-     "Ann est devant au classement! Il a 2,5 points alors que Bob n'en a que 1. Il y a donc 1,5 point(s) "
-     "qui les séparent."},
-    {"AgainstNone", "3", "0", 11040, 0,
-     "Ann est devant au classement! Il a 3 points alors que Bob n'en a que 0. Il y a donc 3 point(s) qui "
-     "les séparent."},
+    {"FirstAhead", "40", "10", 11040, 2760, ahead("Ann", "40", "10", "30")},
+    {"SecondAhead", "9", "10", 9936, 11040, ahead("Bob", "10", "9", "1")},
+    {"HalfPoints", "2,5", "1", 11040, 4416, ahead("Ann", "2,5", "1", "1,5")},
+    {"AgainstNone", "3", "0", 11040, 0, ahead("Ann", "3", "0", "3")},
     {"Level", "7", "7", 11040, 11040, "Bob a le même nombre de points que Ann. Ils ont 7 points."},
     {"LevelInOtherWords", "7,0", "7", 11040, 11040, "Bob a le même nombre de points que Ann. Ils ont 7,0 points."},
     {"BothWithoutPoints", "0", "0", 11040, 11040, "Bob a le même nombre de points que Ann. Ils ont 0 points."},
@@ -37,12 +36,8 @@ const PairCase cases[] = {
     {"FirstWithoutTotal", "", "10", 11040, before, "Informations"},
     {"SecondWithoutTotal", "10", "", before, 11040, "Informations"},
     {"SecondOfText", "10", "dix", before, 11040, "Informations"},
-    {"BelowZero", "5", "-5", 11040, before,
-     "Ann est devant au classement! Il a 5 points alors que Bob n'en a que -5. Il y a donc 10 point(s) qui "
-     "les séparent."},
-    {"ZeroAheadOfLess", "0", "-5", 11040, before,
-     "Ann est devant au classement! Il a 0 points alors que Bob n'en a que -5. Il y a donc 5 point(s) qui "
-     "les séparent."},
+    {"BelowZero", "5", "-5", 11040, before, ahead("Ann", "5", "-5", "10")},
+    {"ZeroAheadOfLess", "0", "-5", 11040, before, ahead("Ann", "0", "-5", "5")},
 };
 
 TEST(Pair, IsMeasuredAndTold)

@@ -1,5 +1,4 @@
-// The menus as a person walks them: every label of every drop-down, side screen and of the list of windows is pressed,
-// and what opened and closed is printed and compared with data/menus.txt.
+// The menus as a person walks them: every label of every drop-down, side screen and of the list of windows is pressed.
 #include "app/screens.h"
 #include "shell/driven_program.h"
 #include "kinds/menu_page.h"
@@ -7,37 +6,36 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 
-#include <fstream>
 #include <set>
 
 using namespace circuidex;
 
 namespace {
 
-using Lines = std::vector<std::string>;
-
-Lines expectedLines()
+// Each entry of all menus and of the list of windows.
+std::vector<menus::Entry> allEntries()
 {
-    Lines lines;
-    std::ifstream file(CIRCUIDEX_TESTDATA "/menus.txt");
-    for (std::string line; std::getline(file, line);)
-        if (!line.starts_with("#"))
-            lines.push_back(line);
-    return lines;
+    std::vector<menus::Entry> entries;
+    for (const menus::Menu &menu : menus::all())
+        entries.insert(entries.end(), menu.entries().begin(), menu.entries().end());
+    for (const menus::Group &group : menus::windowList())
+        entries.insert(entries.end(), group.entries().begin(), group.entries().end());
+    return entries;
 }
 
-// The main screen and those that some line of the file opens, menus left out.
-std::set<std::string> expectedTargets()
+// The main screen and those that some entry opens, menus left out.
+std::set<std::string> allTargets()
 {
     std::set<std::string> targets{"Form1"};
-    for (const std::string &line : expectedLines())
-        if (const auto arrow = line.find(" > "); arrow != std::string::npos) {
-            const std::string opened = line.substr(arrow + 3);
-            const std::string screen = opened.substr(0, opened.find(','));
-            if (!menus::find(screen))
-                targets.insert(screen);
-        }
+    for (const menus::Entry &entry : allEntries())
+        if (!entry.screen.empty() && !menus::find(entry.screen))
+            targets.emplace(entry.screen);
     return targets;
+}
+
+std::string captionOf(const menus::Entry &entry)
+{
+    return std::string(entry.caption) + (entry.season ? "2005" : "");
 }
 
 // Stands in for a screen that a menu opens, and notes the press of a button of it.
@@ -108,57 +106,41 @@ public:
         return screens.find(screens.openNames().last());
     }
 
-    // What a press brought: the screen that opened, the button pressed on it, the main screen out of sight; "-" for
-    // none. Closes what it should close, or fails.
-    std::string pressed(Screen *page, const QString &label, const QStringList &closes)
+    // What a press brought: its screen opened, the button pressed on it, the main screen out of sight.
+    void expectOpened(const menus::Entry &entry)
     {
-        const QStringList before = screens.openNames();
-        page->press(label);
-        const QStringList after = screens.openNames();
-        QStringList opened;
-        for (const QString &name : after)
-            if (!before.contains(name))
-                opened << name;
-        for (const QString &name : before)
-            EXPECT_EQ(after.contains(name), !closes.contains(name) || opened.isEmpty()) << name.toStdString();
-        for (const QString &name : QStringList(opened))
-            if (screens.find(name)->text(QStringLiteral("Command17")) == u"pressed")
-                opened << QStringLiteral("Command17 pressed");
-        const Screen *main = screens.find(QStringLiteral("Form1"));
-        if (main && !main->seen())
-            opened << QStringLiteral("Form1 out of sight");
-        return opened.isEmpty() ? "-" : opened.join(QStringLiteral(", ")).toStdString();
+        const Screen *opened = screens.find(qt(entry.screen));
+        EXPECT_EQ(opened != nullptr, !entry.screen.empty());
+        if (opened && !entry.press.empty()) {
+            EXPECT_EQ(opened->text(qt(entry.press)), u"pressed");
+        }
+        EXPECT_EQ(screens.find(QStringLiteral("Form1"))->seen(), !entry.insteadOfMain);
     }
 
     // A page from heading to "Fermer", and behind an entry the side screen that it opens.
-    void print(Lines &lines, const QString &name, const QString &sideLabel = {})
+    void walk(const menus::Menu &menu, const QString &name, const QString &sideLabel = {})
     {
-        const std::string margin = sideLabel.isEmpty() ? "" : "    ";
-        const QString self = open(name, sideLabel)->name();
-        const QStringList chain = sideLabel.isEmpty() ? QStringList{self} : QStringList{name, self};
-        for (int number = 1;; ++number) {
-            const QString label = QStringLiteral("Label%1").arg(number);
-            Screen *page = open(name, sideLabel);
-            const std::string caption = page->text(label).toStdString();
-            if (caption == "Fermer") {
-                EXPECT_EQ(page->control(QStringLiteral("Label%1").arg(number + 1)), nullptr);
-                page->press(label);
-                EXPECT_EQ(screens.openNames(), (QStringList{QStringLiteral("Form1")} + chain.mid(0, chain.size() - 1)));
-                return;
+        int number = 1;
+        for (const menus::Entry &entry : menu.entries()) {
+            const QString each = QString::number(++number);
+            SCOPED_TRACE(std::string(menu.name) + " " + std::string(entry.caption));
+            const menus::Menu *side = menus::find(entry.screen);
+            for (const char *control : {"Label", "Fleche"}) {
+                const Screen *page = open(name, sideLabel);
+                ASSERT_EQ(page->text(QStringLiteral("Label") + each).toStdString(), captionOf(entry));
+                if (*control == 'F' && !side)
+                    continue;
+                page->press(QLatin1String(control) + each);
+                expectOpened(entry);
+                EXPECT_EQ(screens.isOpen(qt(menu.name)), side || entry.screen.empty());
+                EXPECT_EQ(screens.isOpen(name), side || entry.screen.empty());
             }
-            SCOPED_TRACE(self.toStdString() + " " + caption);
-            const bool leadsOn = page->control(QStringLiteral("Fleche%1").arg(number)) != nullptr;
-            const std::string target = pressed(page, label, leadsOn ? QStringList() : chain);
-            if (number == 1)
-                lines.push_back(margin + self.toStdString() + " " + caption);
-            else
-                lines.push_back(margin + "  " + (target == "-" ? "[" + caption + "]" : caption + " > " + target));
-            if (number > 1 && leadsOn) {
-                page = open(name);
-                EXPECT_EQ(pressed(page, QStringLiteral("Fleche%1").arg(number), {}), target);
-                print(lines, name, label);
-            }
+            if (side)
+                walk(*side, name, QStringLiteral("Label") + each);
         }
+        open(name, sideLabel)->press(QStringLiteral("Label%1").arg(number + 1));
+        EXPECT_FALSE(screens.isOpen(qt(menu.name)));
+        EXPECT_EQ(screens.isOpen(name), !sideLabel.isEmpty());
     }
 
 private:
@@ -186,34 +168,29 @@ std::vector<QString> dropDowns()
 
 TEST(Menus, EveryEntryOpensItsScreenAndClosesTheMenu)
 {
-    Walk walk(menuRows(expectedTargets()));
-    Lines expected = expectedLines();
-    expected.erase(std::find(expected.begin(), expected.end(), "Form59"), expected.end());
-    Lines walked;
+    Walk walk(menuRows(allTargets()));
     for (const QString &name : dropDowns())
-        walk.print(walked, name);
-    EXPECT_EQ(walked, expected);
+        walk.walk(*menus::find(name.toStdString()), name);
 }
 
 TEST(Menus, TheListOfWindowsStaysOpen)
 {
-    Walk walk(menuRows(expectedTargets()));
-    Lines expected = expectedLines();
-    expected.erase(expected.begin(), std::find(expected.begin(), expected.end(), "Form59") + 1);
-    Lines walked;
-    for (int number = 1; number < 200; ++number) {
-        const QString label = QStringLiteral("Label%1").arg(number);
-        Screen *page = walk.open(QStringLiteral("Form59"));
-        if (!page->control(label) || number == 34 || number == 35) // printing and the web site
+    Walk walk(menuRows(allTargets()));
+    std::multiset<std::string> expected, walked;
+    for (const menus::Group &group : menus::windowList())
+        for (const menus::Entry &entry : group.entries())
+            expected.insert(captionOf(entry) + " > " + std::string(entry.screen));
+    for (const QString &label : walk.open(QStringLiteral("Form59"))->controlNames()) {
+        if (!label.startsWith(u"Label") || label == u"Label34" || label == u"Label35") // printing and the web site
             continue;
+        Screen *page = walk.open(QStringLiteral("Form59"));
         const std::string caption = page->text(label).toStdString();
-        SCOPED_TRACE(caption);
-        const auto closes = caption == "Galerie Vidéo" ? QStringList{QStringLiteral("Form59")} : QStringList();
-        if (const std::string target = walk.pressed(page, label, closes); target != "-") // else a heading
-            walked.push_back("  " + caption + " > " + target);
+        page->press(label);
+        for (const QString &name : walk.screens.openNames())
+            if (name != u"Form1" && name != u"Form59")
+                walked.insert(caption + " > " + name.toStdString());
+        EXPECT_EQ(walk.screens.isOpen(QStringLiteral("Form59")), walk.screens.find(QStringLiteral("Form1"))->seen());
     }
-    std::sort(walked.begin(), walked.end());
-    std::sort(expected.begin(), expected.end());
     EXPECT_EQ(walked, expected);
 }
 
@@ -252,27 +229,18 @@ TEST(Menus, TheHeadingOfTheChartsOpensTheirHelp)
     EXPECT_TRUE(walk.screens.isOpen(QStringLiteral("Form43")));
 }
 
-struct Heights {
-    menus::Standing standing;
-    double top; // of a screen of 1500 beside one of 4500 at 3000, whose entry is at 900
-    QString screens;
-};
-
-const Heights heights[] = {
-    {menus::Standing::nearTop, 3100, QStringLiteral("Form109 Form111 Form114 Form119 Form121 Form122")},
-    {menus::Standing::levelWithEntry, 3900, QStringLiteral("Form115 Form116 Form117")},
-    {menus::Standing::inTheMiddle, 4500, QStringLiteral("Form126 Form127")},
-    {menus::Standing::nearBottom, 5900,
-     QStringLiteral("Form95 Form110 Form112 Form113 Form118 Form120 Form123 Form124")},
-};
-
 // Each side screen as it opens, to the pixel.
 TEST(Menus, SideScreensStandAtTheRightEdge)
 {
-    for (const Heights &height : heights) {
-        const TwipRect place = menus::besideParent(height.standing, {6000, 3000, 3600, 4500}, {0, 0, 2400, 1500}, 900);
+    const std::pair<menus::Standing, double> tops[] = {
+        {menus::Standing::nearTop, 3100}, // of a screen of 1500 beside one of 4500 at 3000, whose entry is at 900
+        {menus::Standing::levelWithEntry, 3900},
+        {menus::Standing::inTheMiddle, 4500},
+        {menus::Standing::nearBottom, 5900}};
+    for (const auto &[standing, top] : tops) {
+        const TwipRect place = menus::besideParent(standing, {6000, 3000, 3600, 4500}, {0, 0, 2400, 1500}, 900);
         EXPECT_EQ(place.left, 9590);
-        EXPECT_EQ(place.top, height.top);
+        EXPECT_EQ(place.top, top);
         EXPECT_EQ(place.width, 2400);
     }
     Walk walk(menuRows({}));
@@ -280,20 +248,17 @@ TEST(Menus, SideScreensStandAtTheRightEdge)
     for (const QString &name : dropDowns())
         for (int number = 2; number < 9; ++number) {
             Screen *parent = walk.open(name);
-            const Control *entry = parent->control(QStringLiteral("Label%1").arg(number));
-            if (!entry || !parent->control(QStringLiteral("Fleche%1").arg(number)))
+            if (!parent->control(QStringLiteral("Fleche%1").arg(number)))
                 continue;
-            parent->press(QStringLiteral("Label%1").arg(number));
+            const QString label = QStringLiteral("Label%1").arg(number);
+            parent->press(label);
             const Screen *side = walk.screens.find(walk.screens.openNames().last());
-            for (const Heights &height : heights)
-                if (height.screens.split(u' ').contains(side->name())) {
-                    const TwipRect own = side->place();
-                    const TwipRect place =
-                        menus::besideParent(height.standing, parent->place(), own, entry->geometry().top);
-                    EXPECT_NEAR(own.left, place.left, twipsPerPixel) << side->name().toStdString();
-                    EXPECT_NEAR(own.top, place.top, twipsPerPixel) << side->name().toStdString();
-                    ++seen;
-                }
+            const TwipRect own = side->place();
+            const TwipRect place = menus::besideParent(menus::find(side->name().toStdString())->standing,
+                                                       parent->place(), own, parent->control(label)->geometry().top);
+            EXPECT_NEAR(own.left, place.left, twipsPerPixel) << side->name().toStdString();
+            EXPECT_NEAR(own.top, place.top, twipsPerPixel) << side->name().toStdString();
+            ++seen;
         }
     EXPECT_EQ(seen, 20); // one of the 19 has two drop-downs
 }

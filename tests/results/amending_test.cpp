@@ -52,6 +52,35 @@ TEST(Amending, MovesWhatChanged)
         }
 }
 
+TEST(Amending, MovesTheResultToANewName)
+{
+    Desk desk;
+    const Keys before = desk.keys("2005");
+    desk.enter(16, "Rio", brazil, "5");
+    amendGrandPrix(desk.main, Amendment::byUser);
+    Lines changed = changes(before, desk.keys("2005"));
+    EXPECT_EQ(take(changed, "podium").size(), 16u);
+    EXPECT_EQ(take(changed, "nbgp").size(), 26u) << "a race never recorded, by its name";
+    EXPECT_EQ(changed, lines("namegp16: Brésil > Rio; polBrésil: 5 > -; polRio: - > 5; nogp: 18 > 17"));
+}
+
+// A race with a name and no result: everybody has started once more, unless another screen amends.
+TEST(Amending, RecordsARaceWithoutResult)
+{
+    for (const Amendment by : {Amendment::byUser, Amendment::byProgram}) {
+        Desk desk;
+        const Keys archive = desk.keys("ARCHIVES");
+        desk.enter(18, "Chine", "5 - - - - - - -", "");
+        amendGrandPrix(desk.main, by);
+        EXPECT_EQ(desk.read("2005 [N°] nbpts5") + " " + desk.read("2005 [N°] nbgp9") + " " + desk.read("2005 [gp] nogp"),
+                  by == Amendment::byUser ? "133 87 19" : "133 86 19");
+        Lines noted = changes(archive, desk.keys("ARCHIVES"));
+        EXPECT_EQ(take(noted, "[record] nomvic22"), Lines{"[record] nomvic22: - > Fernando Alonso"});
+        take(noted, "[record] ");
+        EXPECT_EQ(noted, Lines{});
+    }
+}
+
 TEST(Amending, TeamPointsOfTheSlotComeFromTheNewResultAlone)
 {
     Desk desk;
@@ -283,4 +312,21 @@ TEST_P(RandomSeason, TotalsStayTheSumsOfTheResults)
 INSTANTIATE_TEST_SUITE_P(Of, RandomSeason, testing::Values("2003", "2005"),
                          [](const auto &season) { return std::string(season.param); });
 
+// The other race's result goes as it is told, but the season before it can be found.
+TEST(Amending, OntoAnotherRaceKeepsACopy)
+{
+    Desk desk;
+    desk.show(3);
+    amendGrandPrix(desk.main, Amendment::byUser);
+    EXPECT_EQ(desk.main.overwritten, "") << "under its own name";
+    const std::string amended = content(desk.folder / "f12005.ini");
+    desk.main.gp.set("Monaco");
+    EXPECT_EQ(amendGrandPrix(desk.main, Amendment::byUser), Recording::done);
+    const std::string said = "Un autre résultat de \"Monaco\" est remplacé ; la saison d'avant : ";
+    ASSERT_TRUE(desk.main.overwritten.starts_with(said)) << desk.main.overwritten;
+    EXPECT_EQ(content(desk.folder / desk.main.overwritten.substr(said.size())), amended);
+    EXPECT_TRUE(desk.main.quietNotice().starts_with(said));
+    desk.main.gp.set("a=b");
+    EXPECT_EQ(amendGrandPrix(desk.main, Amendment::byUser), Recording::refused);
+}
 }

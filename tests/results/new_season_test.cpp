@@ -70,6 +70,8 @@ TEST_F(TwoSeasons, CarryEveryCareerOn)
 {
     PublishedCareers facts;
     facts.race(first);
+    for (int number = 1; number <= 24; ++number)
+        EXPECT_EQ(careerLine(season(), number), facts.line(season().nom(number))) << number;
     pass();
     EXPECT_EQ(season().stem(), "2004");
     std::set<std::string> carried;
@@ -249,4 +251,17 @@ TEST(NewSeason, ThatWasCutOffCanBeTriedAgain)
     EXPECT_GT(refused, 8);
 }
 
+TEST(NewSeason, OverOneWithResultsKeepsACopy)
+{
+    Desk desk;
+    const std::string before = content(desk.folder / "f12004.ini");
+    desk.main.an.set("2003");
+    ASSERT_TRUE(passToNextSeason(desk.main, "1"));
+    const std::string said = "La saison 2004 avait des résultats, elle est remplacée ; sa copie : ";
+    ASSERT_TRUE(desk.main.overwritten.starts_with(said)) << desk.main.overwritten;
+    EXPECT_EQ(content(desk.folder / desk.main.overwritten.substr(said.size())), before);
+    desk.main.an.set("2005");
+    ASSERT_TRUE(passToNextSeason(desk.main, "5"));
+    EXPECT_EQ(desk.main.overwritten, "");
+}
 }

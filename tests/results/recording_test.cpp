@@ -98,6 +98,11 @@ TEST(Recording, OnlySkipsTheStepsThatCannotBeDone)
          "ptsecurieToyota: 88 > 87; Renaultecuriepts/gp18: 15 > 16; Toyotaecuriepts/gp18: 6 > 5"},
         {"old points of the slot", "[N°] Ferrariecuriepts/gp18=7; [N°] BARecuriepts/gp18=7", result, "5", ""},
         {"nogp lost", "[gp] nogp=", result, "5", ""},
+        {"a place worth no number", "[bareme] 3=six", result, "5",
+         "[bareme] 3: 6 > six; nbpts16: 45 > 39; ptstot16: 304 > 298; ptsecurieToyota: 88 > 82; "
+         "Toyotaecuriepts/gp18: 6 > 0"},
+        {"counters missing", "[N°] nbpts5=; [N°] vic5=; [N°] pol5=; [N°] ptstot9=; [N°] podiums9=", result, "5",
+         "nbpts5: 133 > -; vic5: 8 > -; pol5: 9 > -; ptstot9: 281 > -; podiums9: 30 > -"},
     };
     Desk ordinary(Desk::sample, ',');
     recordChina(ordinary);
@@ -116,9 +121,12 @@ TEST(Recording, OnlySkipsTheStepsThatCannotBeDone)
 TEST(Recording, RefusedOnlyNotesTheDateAndFetchesTheScale)
 {
     for (const auto &[gpName, changed] :
-         {std::pair("", "dategp: - > 30/10"), {"Japon", "dategpJapon: 09/10 > 30/10"}}) {
+         {std::pair("", "dategp: - > 30/10"),
+          {"Japon", "dategpJapon: 09/10 > 30/10"},
+          {"Inde", "dategpInde: - > 30/10"}}) { // of which the eighth place alone is known
         Desk desk;
         desk.write("2005 [bareme] 1=25");
+        desk.write("2005 [podium] podium8Inde=4");
         const Keys before = desk.keys("2005"), archive = desk.keys("ARCHIVES");
         desk.enter(18, gpName, result, "5");
         desk.main.dat.set("30/10");
@@ -169,4 +177,51 @@ TEST(Recording, ListsEachNameOnceInTheArchive)
     }
 }
 
+// Names that the files can't carry are refused with nothing written, and one that stands in a file isn't recorded
+// twice.
+TEST(Recording, TakesOnlyNamesAndSeasonsThatTheFilesCarry)
+{
+    struct Case {
+        const char *year, *gpName, *said;
+    };
+    const Case cases[] = {
+        {"2005", "a=b", "Le nom \"a=b\" ne peut pas"},
+        {"2005", "[x]", "Le nom \"[x]\" ne peut pas"},
+        {"2005", " Monaco ", "Le grand prix est déja"},
+        {"2005", " ' ' ", "Entrez le nom"},
+        {"2005/06", "Essai", "La saison \"2005/06\" n'est pas une année"},
+        {"galerie", "Essai", "La saison \"galerie\""},
+    };
+    for (const Case &c : cases) {
+        Desk desk;
+        desk.write("2005 [gp] namegp18=a=b");
+        const auto names = desk.folder.names();
+        const Keys before = desk.keys("2005"), archive = desk.keys("ARCHIVES");
+        desk.main.an.set(c.year);
+        desk.enter(18, c.gpName, "5 - - - - - - -", "5");
+        EXPECT_EQ(recordGrandPrix(desk.main), Recording::refused) << c.gpName;
+        EXPECT_EQ(changes(before, desk.keys("2005")), Lines{}) << c.gpName;
+        EXPECT_EQ(changes(archive, desk.keys("ARCHIVES")), Lines{}) << c.gpName;
+        EXPECT_EQ(desk.folder.names(), names) << c.year;
+        ASSERT_EQ(desk.dialogs.said.size(), 1u);
+        EXPECT_TRUE(desk.dialogs.said[0].starts_with(c.said)) << desk.dialogs.said[0];
+    }
+    Desk desk;
+    desk.main.an.set("\" 2005 \"");
+    EXPECT_EQ(desk.main.an.text(), "2005");
+    desk.enter(18, " \"Chine\" ", "5 - - - - - - -", "5");
+    EXPECT_EQ(recordGrandPrix(desk.main), Recording::done);
+    EXPECT_EQ(desk.read("2005 [gp] namegp18") + desk.read("ARCHIVES [GP] Chine2005"), "ChineFernando Alonso");
+}
+
+// A team of an old file whose name no key can hold: its points are nowhere, and the file doesn't grow by them.
+TEST(Recording, CountsNothingUnderANameThatNoReadFinds)
+{
+    Desk desk;
+    desk.write("2005 [N°] ecurie5=a=b");
+    desk.enter(18, "Chine", "5 - - - - - - -", "5");
+    recordGrandPrix(desk.main);
+    EXPECT_EQ(content(desk.folder / "f12005.ini").find("ptsecuriea=b"), std::string::npos);
+    EXPECT_EQ(desk.read("2005 [N°] nbpts5"), "133");
+}
 }

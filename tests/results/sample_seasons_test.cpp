@@ -39,15 +39,6 @@ TEST_F(SampleSeasons, StandAsPublishedAfterEachRoundOf2003)
     }
 }
 
-// What a driver brought into 2003 and what that season's results gave him.
-TEST_F(SampleSeasons, CarryCareersThrough2003)
-{
-    PublishedCareers careers;
-    careers.race(published("2003"));
-    for (int n = 1; n <= 24; ++n)
-        EXPECT_EQ(careerLine(season("2003"), n), careers.line(season("2003").nom(n))) << n;
-}
-
 TEST_F(SampleSeasons, ArchiveWinnersAndChampions)
 {
     Lines expected, archived;

@@ -8,8 +8,10 @@
 #include <QSvgRenderer>
 #include <QTest>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <map>
 
 using namespace circuidex;
 
@@ -173,6 +175,36 @@ TEST_F(ChartPictures, AreCopiedAndSaved)
     EXPECT_EQ(say("messages"), "");
     EXPECT_TRUE(saved("enregistrerpng", "none/a.png").isEmpty());
     EXPECT_EQ(say("messages"), "L'image n'a pas pu être enregistrée.");
+}
+
+// From the highest line to the lowest, in the colours under which the lines are registered.
+TEST_F(ChartPictures, PaintEachLineInItsColour)
+{
+    const auto registered = [&](const char *command, int series) {
+        return say(command + std::string(" Form8.Line") + std::to_string(series) + "(15)");
+    };
+    std::map<double, int> byHeight; // hue
+    for (int series = 1; series <= 4; ++series) {
+        const QStringList ends = QString::fromStdString(registered("line", series)).split(u'\t');
+        byHeight[ends.at(3).toDouble()] = QColor(QString::fromStdString(registered("fore", series))).hsvHue();
+    }
+    std::vector<int> expected, painted;
+    for (const auto &[height, hue] : byHeight)
+        expected.push_back(hue);
+    ASSERT_EQ(expected.size(), 4u);
+    const auto views = screen("Form8").findChildren<ChartView *>(); // the bars above are others
+    const auto higher = [](const auto *one, const auto *other) { return one->height() < other->height(); };
+    const QImage image = (*std::max_element(views.begin(), views.end(), higher))->grab().toImage();
+    for (int x = image.width() - 1; x > 0 && painted.size() < expected.size(); --x) {
+        painted.clear();
+        for (int y = 0; y < image.height(); ++y)
+            if (const QColor pixel = image.pixelColor(x, y); pixel.hsvSaturation() > 80) {
+                const int hue = (pixel.hsvHue() + 30) / 60 * 60 % 360; // the four lie 60 degrees apart
+                if (std::count(painted.begin(), painted.end(), hue) == 0)
+                    painted.push_back(hue);
+            }
+    }
+    EXPECT_EQ(painted, expected);
 }
 
 TEST_F(ChartPictures, OfferThemselvesInAMenu)

@@ -111,7 +111,7 @@ TEST_F(ScreenTest, LetsATableBeCopied)
         table->selectionModel()->select(table->model().index(1, 1), QItemSelectionModel::Select);
         QTest::keyClick(table, Qt::Key_C, Qt::ControlModifier);
     }
-    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "1\tFernando Alonso\t123\nKimi Räikkönen");
+    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "1\tFernando Alonso\t123\n\tKimi Räikkönen\t");
 }
 
 TEST_F(ScreenTest, ShowsTheWaitPointerOnlyWhileItWorks)
@@ -122,6 +122,57 @@ TEST_F(ScreenTest, ShowsTheWaitPointerOnlyWhileItWorks)
         EXPECT_EQ(say("pointer Form1"), "wait");
     }
     EXPECT_EQ(say("pointer Form1"), "normal");
+}
+
+TEST_F(ScreenTest, TakesDoubleClicksOfTheMouse)
+{
+    const auto doubleClick = [](QWidget *widget, const QPoint &at) { // all four events of it
+        QTest::mouseClick(widget, Qt::LeftButton, {}, at);
+        QTest::mouseDClick(widget, Qt::LeftButton, {}, at);
+        QTest::mouseRelease(widget, Qt::LeftButton, {}, at);
+    };
+    const auto twice = [&](const char *form, const char *name) {
+        auto *widget = screen(form).findChild<QWidget *>(QLatin1String(name));
+        doubleClick(widget, widget->rect().center());
+    };
+    twice("Form1", "Text31");
+    EXPECT_EQ(say("get Form26.Label2"), "1") << "a box";
+    say("answer /nowhere/a.jpg");
+    twice("Form1", "Image1");
+    EXPECT_EQ(say("get Form1.Labell"), "/nowhere/a.jpg") << "a picture";
+    EXPECT_EQ(say("get Form1.Timerlap"), "0") << "no single click is left to be answered";
+    say("answer /nowhere/a.avi");
+    say("answer /nowhere/b.avi");
+    twice("Form1", "Label52");
+    EXPECT_EQ(say("get Form1.a"), "/nowhere/b.avi") << "a label, which its first click gave a film";
+
+    say("open Form32");
+    say("press Form32.Command2");
+    say("press Form32.graph(2)");
+    say("settle");
+    Table &races = *screen("Form33").tables().front();
+    const QPoint race = races.visualRect(races.model().index(1, 1)).center();
+    QTest::mouseClick(races.viewport(), Qt::LeftButton, {}, race);
+    EXPECT_EQ(say("isopen Form4"), "yes") << "a cell";
+    doubleClick(races.viewport(), race);
+    EXPECT_EQ(say("isopen Form4"), "no");
+}
+
+class Twice : public Screen {
+public:
+    explicit Twice(Context &theContext) : Screen(theContext, QStringLiteral("Form0"), {})
+    {
+        hidden(QStringLiteral("Text1"), {}, {}, 3);
+        hidden(QStringLiteral("Text1"), {}, {}, 4);
+        hidden(QStringLiteral("Text1"), {}, {}, 3);
+    }
+};
+
+using ScreenDeathTest = ScreenTest;
+
+TEST_F(ScreenDeathTest, RefusesASecondControlOfOneName)
+{
+    EXPECT_DEATH(Twice(driver->program().context()), "");
 }
 
 TEST_F(ScreenTest, KeepsARemarkToOneLine)

@@ -175,6 +175,7 @@ TEST(IndexArrows, StandStillAtTheEnd)
     };
     EXPECT_EQ(walked("0 1 abc", by(-1, 0)), "0>0 1>0 abc>abc");
     EXPECT_EQ(walked("0 -1", by(-1, -1)), "0>-1 -1>-1");
+    EXPECT_EQ(walked("0 -1", by(-1, 1)), "0>1 -1>1");
     EXPECT_EQ(walked("200 199", by(1, 200)), "200>200 199>200");
     EXPECT_EQ(walked("200 -1", by(1, std::nullopt)), "200>201 -1>0");
     EXPECT_EQ(Numbers().stepped("", 1, 200), "");

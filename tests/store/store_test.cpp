@@ -450,4 +450,36 @@ TEST_F(StoreTest, YearMarkerIsOneLineAndReplacesTheFile)
     EXPECT_TRUE(store.writesLost());
 }
 
+// A large file is written once an action; until then it is the one before the action, and reads show the new values.
+TEST_F(StoreTest, LargeFileIsWrittenAsAWholeAtTheEndOfAnAction)
+{
+    const std::string rest = "[notes]\r\nn=" + std::string(Store::large, 'x') + "\r\n";
+    const std::string before = "[N°]\r\nk=1\r\n" + rest;
+    layDown(file(), toCodePage(before));
+    write("k", "2");
+    write("j", "3");
+    EXPECT_EQ(content(file()), toCodePage(before));
+    EXPECT_EQ(read("k") + read("j"), "23");
+    store.flush();
+    EXPECT_EQ(content(file()), toCodePage("[N°]\r\nk=2\r\nj=3\r\n" + rest));
+    write("j", "4");
+    fs::remove(file());
+    layDown(file(), toCodePage("[N°]\r\nk=another program\r\n" + rest));
+    store.settle();
+    EXPECT_EQ(content(file()), toCodePage("[N°]\r\nk=another program\r\nj=4\r\n" + rest));
+    {
+        const WatchedCalls full([](const WatchedCalls::Call &call) { return call.name == "write" ? ENOSPC : 0; });
+        write("j", "5");
+        write("k", "5");
+        EXPECT_EQ(store.lostWrites("2005"), 0u);
+        store.flush();
+        EXPECT_EQ(store.lostWrites("2005"), 2u);
+        EXPECT_TRUE(store.writesLost());
+    }
+    EXPECT_EQ(read("j") + read("k"), "4another program");
+    write("j", "6");
+    write("k", "6");
+    store.flush();
+    EXPECT_FALSE(store.writesLost());
+}
 }

@@ -303,7 +303,7 @@ QWidget *Form1::grandPrixCommands()
           [this] { context.screens.open(u"Form48"_s); });
     plain(u"Command21"_s, u"Calendrier"_s, u"Les courses de la saison"_s, [this] {
         if (context.screens.open(u"Form34"_s))
-            setPlace(0, 50000);
+            putAway();
     });
     plain(u"Command25"_s, u"Créer Nouvelle Saison"_s, u"Passer à la saison suivante"_s,
           [this] { context.screens.open(u"Form39"_s); });

@@ -56,7 +56,7 @@ void Form1::registerHidden()
     });
     press(u"Command14"_s, u"Galerie Vidéo"_s, [this] {
         if (context.screens.open(u"frmmain"_s))
-            setPlace(0, 50000);
+            putAway();
     });
     press(u"Command18"_s, u"Journal"_s, [this] { context.screens.open(u"Form28"_s); });
     for (const QString &covered : {u"Command1"_s, u"Command4"_s, u"Command6"_s, u"Command7"_s, u"Command13"_s, u"Command19"_s, u"Command22"_s})
@@ -105,7 +105,7 @@ void Form1::mouseMoveEvent(QMouseEvent *event)
     control(u"Image6"_s)->hover();
 }
 
-// Opens the side screen of a button, or closes it. A menu first closes the other five.
+// Opens the side screen of a button, or closes it, as the caption says. A menu first closes the other five.
 void Form1::pressToggle(const QString &name)
 {
     const SideScreen &side = *sideScreenOf(name.toStdString());
@@ -115,14 +115,15 @@ void Form1::pressToggle(const QString &name)
         for (const SideScreen &other : sideScreens)
             if (other.menu && &other != &side)
                 context.screens.close(qt(other.screen));
-    if (context.screens.isOpen(qt(side.screen))) {
+    if (text(name) == qt(side.openCaption)) {
         context.screens.close(qt(side.screen));
         return;
     }
     const Waiting waiting(*this);
     if (name == u"Command7")
         m_main.refreshScale();
-    context.screens.open(qt(side.screen));
+    if (context.screens.open(qt(side.screen)))
+        setText(name, qt(side.openCaption)); // also where it was open under a plain caption
 }
 
 void Form1::screenChanged(const QString &screen, bool open)
@@ -130,6 +131,8 @@ void Form1::screenChanged(const QString &screen, bool open)
     for (const SideScreen &side : sideScreens)
         if (screen == qt(side.screen))
             setText(qt(side.button), qt(open ? side.openCaption : side.caption));
+    if (!open && std::ranges::count(alsoSetBack, screen.toStdString()) > 0)
+        setText(qt(placesButton), qt(sideScreenOf(placesButton)->caption));
 }
 
 void Form1::openDriverList(const QString &reason)
@@ -170,8 +173,9 @@ void Form1::record()
 void Form1::amend(bool byUser)
 {
     const Waiting waiting(*this);
-    results::amendGrandPrix(m_main, byUser ? results::Amendment::byUser : results::Amendment::byProgram);
-    afterResult();
+    const auto amendment = byUser ? results::Amendment::byUser : results::Amendment::byProgram;
+    if (results::amendGrandPrix(m_main, amendment) == results::Recording::done)
+        afterResult();
     context.screens.close(u"Form4"_s);
 }
 
@@ -188,7 +192,7 @@ void Form1::startAssistant()
         return;
     context.screens.close(u"Form48"_s); // it may show another race, or hold edits
     if (Screen *grid = context.screens.open(u"Form48"_s))
-        grid->setPlace(0, 160000);
+        grid->putAway(160000);
     showMinimized();
     context.screens.open(u"Form49"_s);
 }
@@ -205,12 +209,15 @@ void Form1::filmClicked()
 
 void Form1::playFilm()
 {
+    const std::string film = results::filmAtHand(m_main);
+    if (film.empty())
+        return context.dialogs.message("La vidéo de ce Grand Prix n'est plus là, ou ce fichier n'est pas une vidéo.");
     if (Screen *gallery = context.screens.open(u"frmmain"_s)) {
-        gallery->setText(u"Command8"_s, qt(results::filmPath(m_main)));
+        gallery->setText(u"Command8"_s, qt(film));
         gallery->press(u"Command8"_s);
-        return;
+    } else if (!context.platform.play(film)) {
+        context.dialogs.message("Aucun lecteur vidéo n'a été trouvé : installez par exemple VLC, Totem ou mpv.");
     }
-    context.platform.play(m_main.surroundings.findFile(results::filmPath(m_main)));
 }
 
 // A passage before that is still waiting isn't forgotten.
@@ -270,7 +277,8 @@ void Form1::closing()
 {
     if (!m_newSeason->tag.isEmpty())
         clearNewSeason();
-    context.store.setYearMarker(m_main.an.text());
+    if (isYear(m_main.an.text())) // anything else would open on nothing
+        context.store.setYearMarker(m_main.an.text());
     m_main.clearTotalsSoon = {};
     context.screens.onChange = {};
     context.screens.closeAll();

@@ -31,6 +31,10 @@ inline constexpr std::array<SideScreen, 17> sideScreens{{
     {"Command33", "Multimédia", "[F] Multimédia", "Form58", true},
 }};
 
+// The closing of these sets the caption of "Classement d'un Pilote" back too, whether its own screen is open or not.
+inline constexpr std::string_view placesButton = "Command19";
+inline constexpr std::array<std::string_view, 3> alsoSetBack{"Form56", "Form60", "Form61"};
+
 // Null for a button that opens none.
 inline const SideScreen *sideScreenOf(std::string_view button)
 {

@@ -32,7 +32,7 @@ Form30::Form30(Context &theContext, const QString &name, const QString &title) :
     Screen(theContext, name, title), m_main(theContext.main), m_an(theContext.main.an.text())
 {
     hidden(u"an"_s, m_an);
-    const results::Scale scale = results::loadScale(Season(context.store, m_an.text()));
+    const results::Scale scale = results::loadScale(Season(context.store, seasonStem(m_an.text())));
     auto *grid = new QGridLayout;
     grid->setVerticalSpacing(6);
     for (int place = 1; place <= classifiedPlaces; ++place) {
@@ -77,7 +77,7 @@ results::Scale Form30::boxes() const
 
 void Form30::store()
 {
-    results::storeScale(WritableSeason(context.store, m_an.text()), boxes());
+    results::storeScale(WritableSeason(context.store, seasonStem(m_an.text())), boxes());
     close();
 }
 

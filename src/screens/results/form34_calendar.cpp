@@ -1,4 +1,5 @@
-// Form34, the calendar of the season: the Grand Prix of each slot and its date.
+// Form34, the calendar of the season: the Grand Prix of each slot and its date. Naming a slot anew leaves the results
+// under the old name.
 #include "kinds/picker.h"
 #include "results/calendar.h"
 #include "results/main_record.h"
@@ -93,11 +94,12 @@ QLayout *Form34::rows()
 void Form34::load()
 {
     const Season season = m_main.season();
-    m_heading->setText(u"Grands Prix %1"_s.arg(qt(season.stem())));
-    int slot = 0;
-    for (const results::CalendarRow &row : results::readCalendar(season)) {
-        setText(u"Text3"_s, qt(row.gpName), slot);
-        setText(u"Text4"_s, qt(row.date), slot++);
+    m_heading->setText(u"Grands Prix %1"_s.arg(qt(m_main.an.text())));
+    for (int slot = 0; slot < gpSlots; ++slot) {
+        const std::string gpName = season.namegp(slot);
+        const std::string date = gpName.empty() ? std::string() : season.read(keys::gp, keys::dategp(gpName));
+        setText(u"Text3"_s, qt(gpName), slot);
+        setText(u"Text4"_s, qt(date), slot);
     }
 }
 
@@ -106,7 +108,9 @@ void Form34::store()
     results::Calendar calendar;
     for (std::size_t slot = 0; slot < calendar.size(); ++slot)
         calendar[slot] = {m_names[slot]->text().toStdString(), m_dates[slot]->text().toStdString()};
-    results::storeCalendar(m_main.writableSeason(), calendar);
+    const std::string refusal = results::enterCalendar(m_main.writableSeason(), std::move(calendar));
+    if (!refusal.empty())
+        return context.dialogs.message(refusal);
     close();
 }
 

@@ -31,9 +31,9 @@ private:
     int m_edits = 0; // clicks on places since the screen was loaded
 };
 
-Form48::Form48(Context &theContext, const QString &name, const QString &title) :
-    Screen(theContext, name, title), m_main(theContext.main), m_cursor(theContext.main.Label40.text()),
-    m_gp(theContext.main.gp.text())
+Form48::Form48(Context &theContext, const QString &name, const QString &title)
+    : Screen(theContext, name, title), m_main(theContext.main), m_cursor(theContext.main.Label40.text()),
+      m_gp(enteredName(theContext.main.gp.text()).name)
 {
     hidden(u"Label40"_s, m_cursor);
     auto *race = add(u"Text5"_s, new Edit);
@@ -104,7 +104,9 @@ void Form48::store()
     results::Grid grid;
     for (int place = 1; place <= gridPlaces; ++place)
         grid[place] = m_grid->text(u"Text99", place - 1).toStdString();
-    results::storeGrid(m_main.writableSeason(), m_gp.text(), grid);
+    const std::string refusal = results::enterGrid(m_main.writableSeason(), m_gp.text(), grid);
+    if (!refusal.empty())
+        return context.dialogs.message(refusal);
     if (m_edits == 1)
         movePole();
 }

@@ -317,7 +317,7 @@ void Form4::findSlot()
 
 void Form4::supp()
 {
-    results::subtractResult(WritableSeason(context.store, m_year.text()), m_cursor.text(), m_main.scale());
+    results::subtractResult(WritableSeason(context.store, seasonStem(m_year.text())), m_cursor.text(), m_main.scale());
     showResultOnly();
 }
 

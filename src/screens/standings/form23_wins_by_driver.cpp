@@ -1,26 +1,18 @@
-// Form23, all wins of one driver over the twenty years that end with the open season. The wins stand in a panel of
-// seven columns, three of which are seen at a time.
-#include "kinds/lookup_screen.h"
+// Form23, all wins of one driver over the twenty years that end with the open season.
 #include "kinds/picker.h"
+#include "kinds/race_list.h"
 #include "results/main_record.h"
-#include "shell/look.h"
 #include "shell/screens.h"
 #include "standings/driver_standings.h"
 #include "standings/winners.h"
 
 #include <QBoxLayout>
-#include <QHeaderView>
-#include <QScrollBar>
 
 namespace circuidex::screens {
 
 namespace {
 
-constexpr int rows = 20, columns = 7, seenColumns = 3;
-constexpr int columnWidth = 200; // pixels
-// The panel's left edge in twips, and the step of the arrows: one column.
-constexpr double atStart = 120, columnStep = 2050, atEnd = atStart - (columns - seenColumns) * columnStep;
-static_assert(rows * columns == standings::shownWins);
+static_assert(RaceList::rows * RaceList::columns == standings::shownWins);
 
 QString counted(std::size_t wins)
 {
@@ -29,34 +21,25 @@ QString counted(std::size_t wins)
                      : u"%1 victoires"_s.arg(wins);
 }
 
-class Form23 : public LookupScreen {
+class Form23 : public RaceList {
 public:
     Form23(Context &context, const QString &name, const QString &title);
 
 private:
     QWidget *question();
-    QWidget *panel();
     void ask(); // Command1
     void step(int by);
-    void scroll(double by); // twips
 
     Field m_driver; // Text1
     Field m_number{"0"}; // nopilott, where the arrows stand
     Label *m_count = nullptr;
-    Table *m_wins = nullptr;
-    Control *m_panel = nullptr; // Picture1
 };
 
-Form23::Form23(Context &theContext, const QString &name, const QString &title) : LookupScreen(theContext, name, title)
+Form23::Form23(Context &theContext, const QString &name, const QString &title)
+    : RaceList(theContext, name, title), m_count(new Label)
 {
     hidden(u"nopilott"_s, m_number);
-    m_panel = &hidden(u"Picture1"_s);
-    m_panel->setGeometry({atStart, 0, columns * columnStep, rows * look::rowHeight * twipsPerPixel});
-    auto *layout = page();
-    layout->addWidget(question());
-    layout->addWidget(panel(), 0, Qt::AlignHCenter);
-    layout->addLayout(foot());
-    layout->setSizeConstraint(QLayout::SetFixedSize);
+    layOut(question(), racePanel(m_count), foot());
     press(u"Command4"_s);
 }
 
@@ -76,44 +59,12 @@ QWidget *Form23::question()
     return card({}, row);
 }
 
-QWidget *Form23::panel()
-{
-    std::vector<Column> shown;
-    for (int column = 0; column < columns; ++column)
-        shown.push_back({u"Label11"_s, {}, columnWidth, Qt::AlignLeft, {}, column * rows});
-    m_wins = table(std::move(shown), rows);
-    m_wins->horizontalHeader()->hide();
-    m_wins->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    m_wins->setFixedSize(seenColumns * columnWidth + 2, m_wins->rowsHigh(rows));
-    m_count = new Label;
-    m_count->setObjectName(u"caption"_s);
-    const auto arrow = [this](const QString &name, const QString &sign, const QString &tip, double by) {
-        auto *made = button(name, sign, [this, by] { scroll(by); });
-        made->setToolTip(tip);
-        made->setFixedWidth(34);
-        return made;
-    };
-    auto *head = new QHBoxLayout;
-    head->addWidget(m_count);
-    head->addStretch(1);
-    head->addWidget(styled(u"Faire défiler la liste:"_s, "hint"));
-    head->addWidget(arrow(u"Command2"_s, u"<"_s, u"Vers le début de la liste"_s, columnStep));
-    head->addWidget(arrow(u"Command3"_s, u">"_s, u"Vers la fin de la liste"_s, -columnStep));
-    auto *layout = new QVBoxLayout;
-    layout->addLayout(head);
-    layout->addWidget(m_wins);
-    return card({}, layout);
-}
-
 // The search goes through the winners of each Grand Prix, so their screen, if it was open, is closed at the end.
 void Form23::ask()
 {
     const Waiting waiting(*this);
     const auto wins = standings::winsOfDriver(context.store, m_driver.text(), context.main.an.text());
-    for (int i = 0; i < standings::shownWins; ++i) {
-        const auto at = static_cast<std::size_t>(i);
-        m_wins->set(u"Label11", i, at < wins.size() ? qt(wins[at]) : QString());
-    }
+    showRaces(wins);
     m_count->setText(m_driver.empty() ? QString() : counted(wins.size()));
     context.screens.close(u"Form20"_s);
 }
@@ -123,16 +74,6 @@ void Form23::step(int by)
     m_number.set(standings::steppedDriver(m_number.text(), by, context.store.numbers()));
     m_driver.set(context.main.season().nom(m_number.text()));
     ask();
-}
-
-void Form23::scroll(double by)
-{
-    TwipRect place = m_panel->geometry();
-    if (place.left == (by > 0 ? atStart : atEnd))
-        return;
-    place.left += by;
-    m_panel->setGeometry(place);
-    m_wins->horizontalScrollBar()->setValue(static_cast<int>((atStart - place.left) / columnStep * columnWidth));
 }
 
 }

@@ -1,5 +1,6 @@
 // Form33, the races behind one number of the season statistics. A moment after it opened it asks which statistic is on
 // show; where none has races behind it, it closes again.
+#include "kinds/race_table.h"
 #include "results/main_record.h"
 #include "shell/look.h"
 #include "shell/screen.h"
@@ -77,11 +78,7 @@ void Form33::openRace(int row)
     const Screen *statistics = context.screens.find(statisticsScreen);
     if (race.isEmpty() || (statistics && statistics->text(u"Label2"_s) == u"pod"))
         return;
-    if (const Screen *opened = context.screens.open(raceScreen)) {
-        opened->setText(u"gp"_s, race);
-        opened->press(u"Command12"_s); // its slot, from which the race is loaded
-        opened->press(u"Command5"_s);
-    }
+    openGrandPrix(context, context.main.an.text(), race.toStdString());
 }
 
 }
