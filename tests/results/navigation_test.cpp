@@ -112,6 +112,7 @@ protected:
               '.',
               {[this](const std::string &path) { return present(path); },
                [this](const std::string &path) { return present(path); },
+               [this](const std::string &path) { return present(path); },
                {}}};
 };
 
@@ -162,11 +163,14 @@ TEST_F(Media, FilmBesideTheProgramIsNotedInTheSeason)
     for (const int slot : {4, 5, 6}) {
         desk.show(slot);
         found.push_back(desk.main.gp.text() + " " + desk.main.film.text() + " " + desk.main.a.text() + " " +
-                        local(filmPath(desk.main)));
+                        local(filmAtHand(desk.main)));
     }
     EXPECT_EQ(
         found,
-        (Lines{"Espagne   ~\\Espagne2005.avi", "Monaco vrai D:film.avi D:film.avi", "Europe   ~\\Europe2005.avi"}));
+        (Lines{"Espagne   ", "Monaco vrai D:film.avi ~\\Monaco2005.avi", "Europe   "}));
+    there = {"D:film.avi", "~\\Monaco2005.avi"};
+    desk.show(5);
+    EXPECT_EQ(filmAtHand(desk.main), "D:film.avi");
     EXPECT_EQ(changes(before, desk.keys("2005")),
               lines("vidMonaco2005: - > " + desk.main.folder() + "\\Monaco2005.avi"));
 }
