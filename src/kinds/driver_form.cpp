@@ -8,8 +8,8 @@
 namespace circuidex {
 
 DriverScreenBase::DriverScreenBase(Context &theContext, const QString &name, const QString &title,
-                                   results::DriverBoxes &boxes) :
-    Screen(theContext, name, title), m_main(theContext.main), m_boxes(boxes)
+                                   results::DriverBoxes &boxes)
+    : Screen(theContext, name, title), m_main(theContext.main), m_boxes(boxes)
 {
 }
 

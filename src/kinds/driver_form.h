@@ -1,6 +1,6 @@
 #pragma once
-// The driver screens: what Form2, for a new driver, and Form3, the profile, have in common. Boxes bound to the keys of a
-// driver slot, two pictures.
+// The driver screens: what Form2, for a new driver, and Form3, the profile, have in common. Boxes bound to the keys of
+// a driver slot, two pictures.
 #include "results/driver_screens.h"
 #include "shell/screens.h"
 

@@ -9,8 +9,8 @@ void showDriver(const MainRecord &main, DriverBoxes &boxes, DriverScreen screen)
 {
     const DriverRecord record = readDriver(main.season(), boxes.nopilot.text());
     boxes.show(record);
-    const DriverPictures pictures = driverPictures(
-        main, record, screen == DriverScreen::profile ? PicturesOf::profile : PicturesOf::choice);
+    const DriverPictures pictures =
+        driverPictures(main, record, screen == DriverScreen::profile ? PicturesOf::profile : PicturesOf::choice);
     boxes.picture1.set(pictures.photo);
     boxes.Image1.set(pictures.second);
 }

@@ -55,8 +55,9 @@ DriverPictures driverPictures(const MainRecord &main, const DriverRecord &record
 
 std::string teamPicture(const MainRecord &main, const std::string &team)
 {
-    return firstShown(main, {main.season().read(keys::N, keys::lblecuriE(team)),
-                             main.folder() + "\\Photos\\Voitures\\picto_" + team + ".jpg"});
+    return firstShown(main,
+                      {main.season().read(keys::N, keys::lblecuriE(team)),
+                       main.folder() + "\\Photos\\Voitures\\picto_" + team + ".jpg"});
 }
 
 }
