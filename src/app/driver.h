@@ -30,8 +30,10 @@ public:
     bool play(const std::string &path) override;
     void startProgram(const std::string &path) override;
     void openAddress(const std::string &address) override;
+    Room roomFor(const QWidget &) const override { return room; }
 
     QStringList calls;
+    Room room{0, 0, 1024, 768}; // of the display that the screens are made for
 };
 
 class Driver {
@@ -42,6 +44,7 @@ public:
     std::optional<QString> execute(const QString &line);
     bool ended() const { return m_ended; }
     Program &program() { return m_program; }
+    RecordingPlatform &platform() { return m_platform; }
 
 private:
     std::optional<QString> dispatch(const QString &command, const QString &arguments);

@@ -1,7 +1,7 @@
 #include "kinds/assistant.h"
 
+#include "kinds/name_search.h"
 #include "shell/look.h"
-#include "shell/text.h"
 
 #include <QBoxLayout>
 #include <QGridLayout>
@@ -26,7 +26,9 @@ Assistant::Assistant(Context &theContext, const QString &name, const QString &ti
     m_main(theContext.main), m_places(places)
 {
     layOut(question);
-    m_search->setFocus();
+    for (const Qt::Key enterKey : {Qt::Key_Return, Qt::Key_Enter})
+        shortcut(Qt::CTRL | enterKey, [this] { finish(); });
+    showPlace(1);
 }
 
 void Assistant::layOut(const QString &question)
@@ -39,12 +41,16 @@ void Assistant::layOut(const QString &question)
     ask->addStretch(1);
     m_search = add(u"Recherche"_s, new Edit);
     m_search->setPlaceholderText(u"Tapez le début d'un nom, puis Entrée"_s);
-    connect(m_search, &QLineEdit::textChanged, this, [this](const QString &typed) { narrow(typed); });
+    connect(m_search, &QLineEdit::textChanged, this, [this] { narrow(); });
     connect(m_search, &QLineEdit::returnPressed, this, [this] { enter(); });
+    m_search->onBackspaceInEmpty = [this] { takeBack(); };
+    m_hint = new Label;
+    m_hint->setObjectName(u"hint"_s);
     auto *left = new QVBoxLayout;
     left->setSpacing(look::gap);
     left->addLayout(ask);
     left->addWidget(m_search);
+    left->addWidget(m_hint);
     left->addWidget(names());
     left->addStretch(1);
     auto *both = new QHBoxLayout;
@@ -54,6 +60,7 @@ void Assistant::layOut(const QString &question)
     both->addWidget(sofar(), 2);
     auto *validateButton = button(u"Command1"_s, u"Valider"_s, [this] { validate(); });
     validateButton->makeMain();
+    validateButton->setToolTip(u"Enregistrer cette étape (Ctrl+Entrée)"_s);
     auto *skipButton = button(u"Command2"_s, u"Passer"_s, [this] { skip(); });
     skipButton->setToolTip(u"Continuer sans enregistrer cette étape"_s);
     auto *bottom = new QHBoxLayout;
@@ -113,48 +120,104 @@ void Assistant::choose(std::optional<int> nameIndex)
     if (!counting || place < 1 || place > m_places)
         return;
     const QString driver = nameIndex ? text(nameControl(), *nameIndex) : QString();
-    taken(place, nameIndex ? QString::number(*nameIndex + 1) : QString(), driver);
+    m_answers.push_back({place, nameIndex, taken(place, nameIndex ? QString::number(*nameIndex + 1) : QString(), driver)});
     if (nameIndex)
-        control(nameControl(), *nameIndex)->setTop(100000);
+        setFree(*nameIndex, false);
     m_sofar->set(u"choisi", place - 1, nameIndex ? driver : u"–"_s);
-    m_sofar->scrollTo(m_sofar->model().index(std::min(place, m_places - 1), 0));
-    m_counter->setText(place < m_places ? QString::number(place + 1) : finished);
+    showPlace(place + 1);
+}
+
+// A name taken stays where it was, faint and deaf, and is out of sight for whoever asks.
+void Assistant::setFree(int nameIndex, bool free)
+{
+    auto *name = static_cast<WidgetControl *>(control(nameControl(), nameIndex));
+    if (free)
+        name->putBack();
+    else
+        name->setTop(100000);
+    name->widget()->setEnabled(free);
+    name->widget()->setVisible(!name->text().isEmpty());
+}
+
+void Assistant::takeBack()
+{
+    if (m_answers.empty())
+        return;
+    const Answer last = std::move(m_answers.back());
+    m_answers.pop_back();
+    last.undo();
+    if (last.nameIndex)
+        setFree(*last.nameIndex, true);
+    m_sofar->set(u"choisi", last.place - 1, {});
+    showPlace(last.place);
+}
+
+// The place that is asked for next, ready to be answered.
+void Assistant::showPlace(int place)
+{
+    m_sofar->scrollTo(m_sofar->model().index(std::min(place, m_places) - 1, 0));
+    m_counter->setText(place <= m_places ? QString::number(place) : finished);
     m_search->clear();
     m_search->setFocus();
+    narrow();
 }
 
-// Names that don't hold what was typed fade; nothing moves.
-void Assistant::narrow(const QString &typed)
+QStringList Assistant::freeNames() const
 {
+    QStringList names;
     for (int i = 0; i < driverSlots; ++i) {
-        auto *name = static_cast<WidgetControl *>(control(nameControl(), i));
-        name->widget()->setEnabled(folded(name->text()).contains(folded(typed)));
+        const Control *name = control(nameControl(), i);
+        names << (name->inSight() ? name->text() : QString());
     }
+    return names;
 }
 
-// The first name that fits; with every place answered, the end of this stage.
+// "Aucun" comes behind all names that begin so.
+bool Assistant::meansNobody(const QString &typed) const
+{
+    const auto best = bestHit(freeNames(), typed);
+    return fitOf(u"Aucun"_s, typed) == Fit::beginning && !(best && best->chooses());
+}
+
+// Names that don't hold what was typed fade, the one that Enter takes is in colour; nothing moves.
+void Assistant::narrow()
+{
+    const QString typed = m_search->text();
+    const QStringList names = freeNames();
+    const auto best = bestHit(names, typed);
+    const bool nobody = meansNobody(typed), chooses = best && best->chooses();
+    for (int i = 0; i < driverSlots; ++i) {
+        Control *name = control(nameControl(), i);
+        const bool fits = name->inSight() && (typed.trimmed().isEmpty() || fitOf(names.at(i), typed));
+        name->setFore(fits ? std::nullopt : std::optional(look::faint));
+        name->setBack(chooses && best->index == i ? std::optional(look::chosen) : std::nullopt);
+    }
+    control(u"Text10"_s)->setBack(nobody ? std::optional(look::chosen) : std::nullopt);
+    m_hint->setText(m_counter->text() == finished ? u"Toutes les places ont leur réponse : Entrée valide"_s
+                    : typed.trimmed().isEmpty()   ? u"Ctrl+Entrée valide, Retour arrière reprend le dernier nom"_s
+                    : chooses || nobody           ? u"Entrée prend le nom en couleur"_s
+                    : best                        ? u"Aucun mot ne commence ainsi : Entrée ne prend personne"_s
+                                                  : u"Aucun nom libre ne contient ces lettres"_s);
+}
+
+// Letters that wait for their Enter get it; those that choose nobody keep the stage open.
+void Assistant::finish()
+{
+    if (m_counter->text() != finished && !m_search->text().isEmpty())
+        enter();
+    if (m_counter->text() == finished || m_search->text().isEmpty())
+        press(u"Command1"_s);
+}
+
+// The name in colour; with every place answered, the end of this stage.
 void Assistant::enter()
 {
-    const QString typed = folded(m_search->text().trimmed());
+    const QString typed = m_search->text();
     if (m_counter->text() == finished)
-        return validate();
-    if (typed.isEmpty())
-        return;
-    const auto fits = [&](auto matches) {
-        for (int i = 0; i < driverSlots; ++i) {
-            const Control *name = control(nameControl(), i);
-            if (!name->text().isEmpty() && name->inSight() && matches(folded(name->text()))) {
-                choose(i);
-                return true;
-            }
-        }
-        return false;
-    };
-    if (fits([&](const QString &name) { return name.startsWith(typed); }) ||
-        fits([&](const QString &name) { return name.contains(u' ' + typed); }) ||
-        fits([&](const QString &name) { return name.contains(typed); }))
-        return;
-    if (u"aucun"_s.startsWith(typed))
+        return press(u"Command1"_s);
+    if (const auto best = bestHit(freeNames(), typed); best && best->chooses())
+        choose(best->index);
+    else if (meansNobody(typed))
         choose(std::nullopt);
 }
 

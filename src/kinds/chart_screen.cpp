@@ -15,8 +15,6 @@ using namespace charts;
 
 namespace {
 
-const QColor levelColour(0xEE, 0xF0, 0xF3); // of the grid's level lines
-
 constexpr double scaleEdge = 600, captionEdge = 960; // twips left of the paper, for what names the heights
 constexpr double gap = 80, leader = 220; // of these, from such a caption to the paper
 constexpr double margin = 150; // twips around the rest
@@ -366,7 +364,7 @@ void ChartScreen::addEdgeCaptions(ChartPicture &picture) const
 
 void ChartScreen::addLevel(ChartPicture &picture, double y) const
 {
-    picture.grid.push_back(stroke({0, y, paper().width(), y, 1}, levelColour));
+    picture.grid.push_back(stroke({0, y, paper().width(), y, 1}, look::level));
 }
 
 void ChartScreen::addHeight(ChartPicture &picture, const QString &caption, double centre, double right) const

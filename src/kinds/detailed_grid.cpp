@@ -4,10 +4,8 @@
 #include "shell/look.h"
 
 #include <QBoxLayout>
-#include <QGuiApplication>
 #include <QHeaderView>
 #include <QPainter>
-#include <QScreen>
 #include <QStyledItemDelegate>
 
 #include <algorithm>
@@ -58,10 +56,9 @@ private:
 };
 
 // Rows as high as the display allows for both bands, between what can just be read and the usual height.
-int heightOfRows(int rows)
+int heightOfRows(int rows, int display)
 {
-    const int display = QGuiApplication::primaryScreen()->availableGeometry().height();
-    return std::clamp((display - 86) / (2 * rows), 13, look::rowHeight);
+    return std::clamp((display - 86) / (2 * rows), 12, look::rowHeight);
 }
 
 // "Grande bretagne" as "G. bretagne" where the whole name is too wide.
@@ -78,7 +75,7 @@ QString shortened(const QString &name, const QFontMetrics &metrics)
 DetailedGrid::DetailedGrid(Context &theContext, const QString &name, const QString &title, const DetailedGridKind &kind)
     : Screen(theContext, name, title)
 {
-    const int rowHeight = heightOfRows(kind.rows);
+    const int rowHeight = heightOfRows(kind.rows, room().height());
     for (int which : {0, 1})
         m_bands[static_cast<std::size_t>(which)] = band(kind, which, rowHeight);
     for (int race = 0; race < races; ++race)

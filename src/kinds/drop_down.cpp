@@ -3,12 +3,12 @@
 #include "results/main_record.h"
 #include "shell/look.h"
 #include "shell/screens.h"
+#include "shell/window_system.h"
 
 #include <QBoxLayout>
 #include <QFontMetrics>
 #include <QGuiApplication>
 #include <QKeyEvent>
-#include <QScreen>
 
 #include <algorithm>
 
@@ -60,6 +60,8 @@ DropDown::DropDown(Context &theContext, const QString &name, const QString &titl
     : MenuPage(theContext, name, title, Chrome::none), m_menu(menuNamed(name)),
       m_fond(control(u"Fond"_s))
 {
+    if (onWayland())
+        setWindowFlags(Qt::Popup | Qt::FramelessWindowHint);
     setWindowFlag(Qt::WindowStaysOnTopHint);
     setRowHeight(rowHeight);
     layout()->setContentsMargins(1, 1, 1, 1);
@@ -162,6 +164,12 @@ double DropDown::topOf(const DropDown &side) const
     return 0;
 }
 
+const QWidget *DropDown::owner() const
+{
+    const DropDown *parent = parentMenu();
+    return parent ? parent : Screen::owner();
+}
+
 void DropDown::standBesideParent()
 {
     const DropDown *parent = parentMenu();
@@ -173,7 +181,7 @@ void DropDown::standBesideParent()
 
 void DropDown::standBesideButton()
 {
-    const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+    const QRect room = Screen::room();
     const TwipRect display{room.x() * twipsPerPixel, room.y() * twipsPerPixel, room.width() * twipsPerPixel,
                            room.height() * twipsPerPixel};
     TwipRect beside = display;

@@ -14,6 +14,7 @@ public:
 protected:
     void closing() override;
     void keyPressEvent(QKeyEvent *event) override;
+    const QWidget *owner() const override;
 
 private:
     void layOut();

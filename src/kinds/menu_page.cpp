@@ -8,6 +8,7 @@
 #include <QFrame>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -17,6 +18,8 @@ MenuPage::MenuPage(Context &theContext, const QString &name, const QString &titl
     : Screen(theContext, name, title, chrome)
 {
     body()->setObjectName(u"menu"_s);
+    style()->unpolish(body()); // it has been dressed as an ordinary one
+    style()->polish(body());
     body()->setMouseTracking(true);
     hidden(u"Fond"_s).onHover = [this] { rest(); };
 }
@@ -54,8 +57,10 @@ Label *MenuPage::addEntry(QBoxLayout &into, const QString &control, const QStrin
     for (Label *part : parts) {
         part->setProperty("menu", reachable ? u"entry"_s : u"absent"_s);
         part->setFixedHeight(m_rowHeight);
-        if (!reachable)
+        if (!reachable) {
+            part->setToolTip(notYet);
             continue;
+        }
         part->setCursor(Qt::PointingHandCursor);
         part->onClick = choose;
         part->onHover = [this, line = m_lines.back().get()] { point(*line); };

@@ -1,9 +1,9 @@
 #include "kinds/picker.h"
 
+#include "kinds/name_search.h"
 #include "results/main_record.h"
 #include "results/team_list.h"
 #include "shell/look.h"
-#include "shell/text.h"
 #include "store/gp_list.h"
 
 #include <QBoxLayout>
@@ -24,25 +24,6 @@ QString formOf(PickList list)
         break;
     }
     return u"Form25"_s;
-}
-
-// What a search passes over.
-QColor faded()
-{
-    QColor colour = look::quiet;
-    colour.setAlphaF(.45F);
-    return colour;
-}
-
-// How well a name fits what was typed: 0 its beginning, 1 that of a further word, 2 inside a word; absent not at all.
-std::optional<int> fit(const QString &name, const QString &typed)
-{
-    const qsizetype at = folded(name).indexOf(typed);
-    if (name.isEmpty() || at < 0)
-        return std::nullopt;
-    if (at == 0)
-        return 0;
-    return folded(name).contains(u' ' + typed) || folded(name).contains(u'-' + typed) ? 1 : 2;
 }
 
 }
@@ -69,10 +50,7 @@ Picker::Picker(Context &theContext, const QString &name, const QString &title, S
     m_search->setPlaceholderText(u"Tapez un nom, puis Entrée"_s);
     m_search->setToolTip(u"Entrée choisit le nom en couleur, Échap ferme la liste"_s);
     connect(m_search, &QLineEdit::textChanged, this, [this] { narrow(); });
-    connect(m_search, &QLineEdit::returnPressed, this, [this] {
-        if (const auto found = bestFit())
-            pick(*found);
-    });
+    connect(m_search, &QLineEdit::returnPressed, this, [this] { enter(); });
     const int rows = (m_shape.count + m_shape.columns - 1) / m_shape.columns;
     m_list = table(columns(), rows);
     m_list->setAlternatingRowColors(false);
@@ -133,29 +111,30 @@ void Picker::showNames(const std::vector<std::string> &names)
     narrow();
 }
 
-std::optional<int> Picker::bestFit() const
+QStringList Picker::names() const
 {
-    const QString typed = folded(m_search->text().trimmed());
-    std::optional<int> best, bestRank;
-    for (int index = m_shape.first; index < m_shape.first + m_shape.count && !typed.isEmpty(); ++index) {
-        const auto rank = fit(nameAt(index), typed);
-        if (rank && (!bestRank || *rank < *bestRank)) {
-            best = index;
-            bestRank = rank;
-        }
-    }
-    return best;
+    QStringList names;
+    for (int i = 0; i < m_shape.count; ++i)
+        names << nameAt(m_shape.first + i);
+    return names;
+}
+
+void Picker::enter()
+{
+    if (const auto best = bestHit(names(), m_search->text()); best && best->chooses())
+        pick(m_shape.first + best->index);
 }
 
 void Picker::narrow()
 {
-    const QString typed = folded(m_search->text().trimmed());
-    const auto best = bestFit();
-    for (int index = m_shape.first; index < m_shape.first + m_shape.count; ++index) {
-        Cell *cell = m_list->cell(m_shape.array, index);
-        const bool fits = typed.isEmpty() || fit(cell->text(), typed);
-        cell->setFore(fits ? std::nullopt : std::optional(faded()));
-        cell->setBack(index == best ? std::optional(look::chosen) : std::nullopt);
+    const QString typed = m_search->text();
+    const auto best = bestHit(names(), typed);
+    for (int i = 0; i < m_shape.count; ++i) {
+        Cell *cell = m_list->cell(m_shape.array, m_shape.first + i);
+        const bool fits = typed.trimmed().isEmpty() || fitOf(cell->text(), typed);
+        const bool chosen = best && best->chooses() && best->index == i;
+        cell->setFore(fits ? std::nullopt : std::optional(look::faint));
+        cell->setBack(chosen ? std::optional(look::chosen) : std::nullopt);
     }
 }
 

@@ -47,8 +47,9 @@ private:
     QString nameAt(int index) const { return m_list->text(m_shape.array, index); }
     void serve(const Destination &to, int index);
     void give(const Destination &to, int index);
+    QStringList names() const;
     void narrow();
-    std::optional<int> bestFit() const;
+    void enter(); // takes the name in colour
 
     Shape m_shape;
     Field m_year;

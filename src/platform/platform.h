@@ -7,6 +7,10 @@ class QWidget;
 
 namespace circuidex {
 
+struct Room { // in pixels
+    int left, top, width, height;
+};
+
 class Platform {
 public:
     virtual ~Platform() = default;
@@ -17,6 +21,9 @@ public:
     virtual bool play(const std::string &path) = 0;
     virtual void startProgram(const std::string &path) = 0;
     virtual void openAddress(const std::string &address) = 0;
+
+    // What is free of panels on the display that a window stands on.
+    virtual Room roomFor(const QWidget &window) const = 0;
 };
 
 }

@@ -8,6 +8,7 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QProcess>
+#include <QScreen>
 #include <QStandardPaths>
 #include <QUrl>
 #include <QWidget>
@@ -58,6 +59,12 @@ void QtPlatform::startProgram(const std::string &path)
 void QtPlatform::openAddress(const std::string &address)
 {
     QDesktopServices::openUrl(QUrl(QString::fromStdString(address)));
+}
+
+Room QtPlatform::roomFor(const QWidget &window) const
+{
+    const QRect free = window.screen()->availableGeometry();
+    return {free.x(), free.y(), free.width(), free.height()};
 }
 
 }

@@ -13,6 +13,7 @@ public:
     bool play(const std::string &path) override;
     void startProgram(const std::string &path) override;
     void openAddress(const std::string &address) override;
+    Room roomFor(const QWidget &window) const override;
 };
 
 // One page with the picture of a screen, turned and scaled so that it fills the paper. An empty file name means the

@@ -1,14 +1,16 @@
 #include "results/driver_screens.h"
 
 #include "results/media_of_grand_prix.h"
+#include "results/navigation.h"
 #include "results/pictures.h"
 
 namespace circuidex::results {
 
-void showDriver(const MainRecord &main, DriverBoxes &boxes, DriverScreen screen)
+void showDriver(MainRecord &main, DriverBoxes &boxes, DriverScreen screen)
 {
     const DriverRecord record = readDriver(main.season(), boxes.nopilot.text());
     boxes.show(record);
+    main.said.set("");
     const DriverPictures pictures =
         driverPictures(main, record, screen == DriverScreen::profile ? PicturesOf::profile : PicturesOf::choice);
     boxes.picture1.set(pictures.photo);
@@ -25,6 +27,8 @@ bool storeShownDriver(MainRecord &main, DriverBoxes &boxes, DriverScreen screen)
     }
     boxes.show(whole);
     storeDriver(main.writableSeason(), boxes.nopilot.text(), whole, screen);
+    showNamesAnew(main);
+    main.said.set("Pilote n° " + boxes.nopilot.text() + " enregistré : " + boxes.box("nom").text());
     return true;
 }
 

@@ -6,7 +6,7 @@
 namespace circuidex::results {
 
 // The driver of the number in the boxes, with his pictures.
-void showDriver(const MainRecord &main, DriverBoxes &boxes, DriverScreen screen);
+void showDriver(MainRecord &main, DriverBoxes &boxes, DriverScreen screen);
 
 // Fills the defaults into empty boxes and stores them all. False, and the user is told, when a name can't be stored.
 bool storeShownDriver(MainRecord &main, DriverBoxes &boxes, DriverScreen screen);

@@ -35,6 +35,7 @@ public:
     Field Label11;         // the status line
     Field writesLost;      // the quiet line: what quietNotice() says
     std::string overwritten; // what the last action replaced unasked, and where its copy lies
+    Field said;            // the quiet line: what was last kept or refused; empty once something else is on show
     Field Image1, Labell;  // picture of the circuit: the file on show (empty: none), and the path it was asked by
     Field Image2, Label50; // picture of the Grand Prix
     Field a;               // path of the film

@@ -92,6 +92,35 @@ void previousSeason(MainRecord &main)
     changeSeason(main, -1);
 }
 
+void showSeason(MainRecord &main)
+{
+    showSlot(main);
+}
+
+void showCalendarAnew(MainRecord &main, const std::string &nameBefore)
+{
+    if (main.gp.text() != nameBefore)
+        return;
+    const Season season = main.season();
+    const std::string gpName = season.read(keys::gp, keys::namegp(main.Label40.text()));
+    if (gpName != nameBefore)
+        showSlot(main);
+    else if (!gpName.empty())
+        main.dat.set(season.read(keys::gp, keys::dategp(gpName)));
+}
+
+void showNamesAnew(MainRecord &main)
+{
+    const Season season = main.season();
+    const auto follow = [&](const Field &number, Field &name) {
+        if (!number.empty())
+            name.set(season.nom(number.text()));
+    };
+    for (int place = 1; place <= classifiedPlaces; ++place)
+        follow(main.number(place), main.name(place));
+    follow(main.Text39, main.Text9);
+}
+
 int firstFreeSlot(const Season &season)
 {
     int slot = 0;

@@ -16,6 +16,16 @@ void previousGrandPrix(MainRecord &main);
 void nextSeason(MainRecord &main);
 void previousSeason(MainRecord &main);
 
+// The season that was typed, at the same place in its calendar.
+void showSeason(MainRecord &main);
+
+// After the calendar was changed behind the screen: the slot on show, which bore that name before, under its new one. A
+// Grand Prix that was opened by its name stays, and where the name is the old one, all that was typed but the date.
+void showCalendarAnew(MainRecord &main, const std::string &nameBefore);
+
+// After drivers were changed behind the screen: their names beside the numbers as they stand.
+void showNamesAnew(MainRecord &main);
+
 // The first slot, counted from 0, whose Grand Prix isn't recorded; 20 when all are.
 int firstFreeSlot(const Season &season);
 

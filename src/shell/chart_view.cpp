@@ -207,7 +207,7 @@ void ChartView::paintBubble(QPainter &painter) const
     const QRectF box(
         QPointF(std::max(left, 1.0), std::clamp(at.y() - 14 - size.height(), 1.0, height() - size.height() - 1)), size);
     painter.setPen(QPen(look::line, 1));
-    painter.setBrush(QColor(255, 255, 255, 240));
+    painter.setBrush(look::bubble);
     painter.drawRoundedRect(box, 4, 4);
     painter.setPen(look::ink);
     painter.drawText(box, Qt::AlignCenter, m_pointedText);

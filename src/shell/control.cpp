@@ -49,12 +49,16 @@ void Control::doDoubleClick()
 
 void Control::setBack(std::optional<QColor> colour)
 {
+    if (m_back == colour)
+        return;
     m_back = colour;
     coloursChanged();
 }
 
 void Control::setFore(std::optional<QColor> colour)
 {
+    if (m_fore == colour)
+        return;
     m_fore = colour;
     coloursChanged();
 }
@@ -70,6 +74,12 @@ void Control::setTop(double twips)
     TwipRect rect = geometry();
     rect.top = twips;
     setGeometry(rect);
+}
+
+void Control::putBack()
+{
+    m_geometry.reset();
+    sightChanged();
 }
 
 bool Control::inSight() const

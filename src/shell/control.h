@@ -46,6 +46,7 @@ public:
     void setGeometry(const TwipRect &rect);
     // Far down means out of sight; back at an ordinary place it is seen again.
     void setTop(double twips);
+    void putBack(); // where the layout has it, after a place of its own
     bool inSight() const;
 
     QString tag;

@@ -1,5 +1,6 @@
 #include "shell/look.h"
 
+#include "shell/accessibility.h"
 #include "shell/text.h"
 #include "shell/widgets.h"
 
@@ -8,12 +9,52 @@
 #include <QPalette>
 #include <QStyleFactory>
 
+#include <algorithm>
+#include <cmath>
+
 namespace circuidex::look {
+
+namespace {
+
+double luminance(const QColor &colour)
+{
+    const auto linear = [](double part) { return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4); };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+
+QColor between(const QColor &from, const QColor &to, double way)
+{
+    const auto part = [way](int a, int b) { return static_cast<int>(std::lround(a + way * (b - a))); };
+    return {part(from.red(), to.red()), part(from.green(), to.green()), part(from.blue(), to.blue())};
+}
+
+}
+
+double contrast(const QColor &a, const QColor &b)
+{
+    const auto [darker, lighter] = std::minmax({luminance(a), luminance(b)});
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+QColor filled(const Skin &skin)
+{
+    const QColor main = colour(skin.main), edge = colour(skin.edge);
+    double way = 0;
+    while (way < 1 && contrast(between(main, edge, way), onSkin) < 4.5)
+        way += 0.05;
+    return between(main, edge, std::min(way, 1.0));
+}
+
+QGradientStops bar(const Skin &skin)
+{
+    return {{0, colour(skin.main).lighter(135)}, {0.25, filled(skin)}, {0.5, filled(skin)}, {1, colour(skin.edge)}};
+}
 
 void dress(QApplication &application)
 {
     QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
-    QFont font(u"Liberation Sans"_s);
+    QFont font;
+    font.setFamilies({u"Liberation Sans"_s, u"Arimo"_s, u"DejaVu Sans"_s}); // the first that the machine has
     font.setPixelSize(13); // 10 points on the display the screens are made for
     QApplication::setFont(font);
     QPalette palette;
@@ -27,6 +68,7 @@ void dress(QApplication &application)
     palette.setColor(QPalette::PlaceholderText, quiet);
     application.setPalette(palette);
     showTextPlainly(application);
+    makePressable();
 }
 
 QString styleSheet(const Skin &skin)
@@ -36,20 +78,22 @@ QString styleSheet(const Skin &skin)
 QToolTip { background:#FFFFFF; color:#1F2733; border:1px solid #D9DDE3; padding:4px; }
 #card { background:#FFFFFF; border:1px solid #D9DDE3; border-radius:6px; }
 #caption { font-weight:bold; font-size:12px; color:#3D4755; }
-#hint { color:#6B7482; font-size:12px; }
+#hint { color:#666F7D; font-size:12px; }
 #large { font-weight:bold; font-size:18px; }
 #winner { font-weight:bold; font-size:30px; }
 #figure { font-weight:bold; }
-#place { color:#6B7482; }
+#place { color:#666F7D; }
 #status { color:#1B7A3D; font-weight:bold; }
 #podiumname { font-weight:bold; font-size:15px; padding:4px 0; }
-#podiumstep { background:qlineargradient(x1:0,y1:0,x2:0,y2:1,stop:0 MAIN,stop:1 EDGE); color:#FFFFFF;
+#podiumstep { background:qlineargradient(x1:0,y1:0,x2:0,y2:1,stop:0 FILL,stop:1 EDGE); color:#FFFFFF;
     font-weight:bold; font-size:20px; border-top-left-radius:4px; border-top-right-radius:4px; margin:0 3px; }
 #lost { color:#B00020; }
 QLineEdit[title="true"] { font-weight:bold; }
+QLineEdit[refused="true"], QLineEdit[refused="true"]:focus { border:1px solid #B00020; background:#FFF0F0; }
 QLabel[command="true"] { color:#000000; padding:2px 0; margin:0 4px; border:0; border-bottom:1px solid #C9CFD8; }
 QLabel[command="true"]:focus { border-bottom:1px solid MAIN; }
 QLabel[command="true"]:hover { border-bottom:1px solid MAIN; }
+QLabel[command="true"]:disabled { color:#A0A7B2; border-bottom:1px dotted #D9DDE3; }
 QLabel[film="true"] { border:1px solid #C9CFD8; border-radius:4px; padding:4px; margin:0; }
 QLineEdit, QPlainTextEdit { background:#FFFFFF; border:1px solid #C9CFD8; border-radius:3px; padding:1px 4px;
     selection-background-color:#C0C0FF; selection-color:#1F2733; }
@@ -62,9 +106,9 @@ QPushButton:hover { background:#EEF1F5; border-color:#AEB7C4; }
 QPushButton:pressed { background:#E2E6EC; }
 QPushButton:focus { border:1px solid MAIN; }
 QPushButton:disabled { color:#A0A7B2; background:#F7F8FA; }
-QPushButton[main="true"] { background:MAIN; color:#FFFFFF; border:1px solid EDGE; font-weight:bold; }
+QPushButton[main="true"] { background:FILL; color:#FFFFFF; border:1px solid EDGE; font-weight:bold; }
 QPushButton[main="true"]:hover { background:EDGE; }
-QPushButton[quietly="true"] { text-align:left; }
+QPushButton[quietly="true"] { text-align:left; padding:2px 10px; }
 QPushButton[name="true"] { text-align:left; padding:2px 8px; }
 QPushButton[edge="true"] { border:0; border-left:1px solid #D9DDB8; border-radius:0; padding:0; font-weight:bold;
     color:#3D4755; background:#F3F6D3; }
@@ -76,7 +120,7 @@ QLabel[menu="absent"] { padding:0 10px; color:#A3A78C; }
 QLabel[menu="heading"] { padding:0 10px; font-weight:bold; color:#3D4755; }
 QLabel[menu="group"] { padding:9px 10px 2px 10px; font-weight:bold; color:#3D4755; border-bottom:1px solid #DDE1BD; }
 QLabel[menu="title"] { padding:2px 8px 0 8px; font-weight:bold; font-size:18px; }
-QLabel[menu="text"] { padding:0 10px; color:#6B7482; }
+QLabel[menu="text"] { padding:0 10px; color:#666F7D; }
 QTableView { background:#FFFFFF; alternate-background-color:#FAFBFC; border:1px solid #D9DDE3; border-radius:4px;
     gridline-color:#EDEFF2; selection-background-color:#E4E7FF; selection-color:#1F2733; }
 QTableView::item { padding:0 3px; border:0; }
@@ -92,6 +136,7 @@ QScrollBar::add-line, QScrollBar::sub-line { width:0; height:0; }
 )");
     return QString(sheet)
         .replace(QLatin1String("MAIN"), colour(skin.main).name())
+        .replace(QLatin1String("FILL"), filled(skin).name())
         .replace(QLatin1String("EDGE"), colour(skin.edge).name());
 }
 
@@ -105,9 +150,9 @@ QString legendSwatch(const QColor &colour)
     return u"background:%1; border:1px solid %2;"_s.arg(colour.name(), line.name());
 }
 
-QString modeGroup(const QColor &back)
+QString modeGroup(const QColor &behind)
 {
-    return u"#modes { background:%1; border-radius:6px; }"_s.arg(back.name());
+    return u"#modes { background:%1; border-radius:6px; }"_s.arg(behind.name());
 }
 
 QString narrowHeads()

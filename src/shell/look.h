@@ -5,6 +5,7 @@
 
 #include <QColor>
 #include <QMargins>
+#include <QGradient>
 #include <QString>
 
 class QApplication;
@@ -15,7 +16,8 @@ inline const QColor ground{0xF4, 0xF5, 0xF7};   // behind everything
 inline const QColor card{0xFF, 0xFF, 0xFF};     // groups of fields, tables
 inline const QColor line{0xD9, 0xDD, 0xE3};     // borders
 inline const QColor ink{0x1F, 0x27, 0x33};      // text
-inline const QColor quiet{0x6B, 0x74, 0x82};    // captions, hints
+inline const QColor quiet{0x66, 0x6F, 0x7D};    // captions, hints
+inline const QColor faint{0xBC, 0xC0, 0xC7};    // names that a search passes over
 inline const QColor stripe{0xFA, 0xFB, 0xFC};   // every second row
 inline const QColor menu{251, 254, 226};        // drop-downs and the list of all windows
 
@@ -33,11 +35,28 @@ inline const QColor onBar{255, 255, 255};       // text on the bars of ranked ta
 inline const QColor average{0, 0, 0};           // of a highlighted line
 inline const QColor pairBars[]{{255, 0, 0}, {0, 255, 0}, {0, 0, 255}, {255, 255, 0}}; // of two and two subjects
 
+inline const QColor bars{0, 0, 192};            // of ranked tables
+inline const QColor level{0xEE, 0xF0, 0xF3};    // the level lines of a chart
+inline const QColor bubble{255, 255, 255, 240}; // behind what a point of a chart says
+
+// On the skin's colour.
+inline const QColor onSkin{255, 255, 255};         // text and signs
+inline const QColor shine{255, 255, 255, 70};      // the bar's upper edge
+inline const QColor glass{255, 255, 255, 60};      // behind the signs of the bar
+inline const QColor glassHeld{255, 255, 255, 150}; // the same, held down
+
 inline constexpr int rowHeight = 22; // pixels
 inline constexpr int gap = 8;        // pixels, the grid that everything stands on
 inline constexpr QMargins margins{10, 8, 10, 10}; // of every screen, within its border
 
 inline QColor colour(const Colour &c) { return {c.red, c.green, c.blue}; }
+
+// How well one colour is read on another, from 1 to 21. Text needs 4.5.
+double contrast(const QColor &a, const QColor &b);
+// The skin's colour where white text stands on it: darkened towards its edge just as far as the text needs.
+QColor filled(const Skin &skin);
+// The title bar from top to bottom; its title stands in the middle half.
+QGradientStops bar(const Skin &skin);
 
 // Font, palette and plain text, once for the program.
 void dress(QApplication &application);
@@ -48,7 +67,7 @@ QString styleSheet(const Skin &skin);
 // The sheets of the few widgets that differ from the common one.
 QString swatch(const QColor &colour);      // a small bar that says which line is whose
 QString legendSwatch(const QColor &colour); // with the line of a card around it
-QString modeGroup(const QColor &ground);   // the ground of a group of buttons; the widget is named "modes"
+QString modeGroup(const QColor &behind);   // the ground of a group of buttons; the widget is named "modes"
 QString narrowHeads();                     // of a table whose heads are many and small
 
 }

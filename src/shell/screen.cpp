@@ -1,19 +1,25 @@
 #include "shell/screen.h"
 
 #include "platform/platform.h"
+#include "shell/accessibility.h"
 #include "shell/chrome.h"
+#include "shell/focus_ring.h"
 #include "shell/look.h"
+#include "shell/page.h"
 #include "shell/screens.h"
 #include "shell/tab_order.h"
 #include "shell/title_bar.h"
+#include "shell/window_system.h"
 
 #include <QCloseEvent>
 #include <QFrame>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QRadioButton>
+#include <QShortcut>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 namespace circuidex {
@@ -38,6 +44,14 @@ void wire(Control &control, QWidget *widget)
     }
 }
 
+// Where a window stands that would pass the edge of the display. To the left of it one is put away.
+QPoint wholeOn(const QRect &room, const QRect &window)
+{
+    const int lastLeft = room.right() + 1 - window.width(), lastTop = room.bottom() + 1 - window.height();
+    const int left = window.x() < 0 ? window.x() : std::max(room.x(), std::min(window.x(), lastLeft));
+    return {left, std::max(room.y(), std::min(window.y(), lastTop))};
+}
+
 }
 
 Screen::Screen(Context &theContext, const QString &name, const QString &title, Chrome chrome) :
@@ -59,13 +73,20 @@ Screen::Screen(Context &theContext, const QString &name, const QString &title, C
         connect(m_bar, &TitleBar::closeClicked, this, &QWidget::close);
         connect(m_bar, &TitleBar::minimiseClicked, this, &QWidget::showMinimized);
     }
-    m_body = new QWidget(this);
+    m_body = new QWidget;
     m_body->setObjectName(u"body"_s);
-    layout->addWidget(m_body, 1);
+    m_page = new Page(m_body, this);
+    const int barHeight = m_bar ? m_bar->height() : 0;
+    m_page->setRoom(room().size() - QSize(2, barHeight + 1));
+    layout->addWidget(m_page, 1);
+    m_ring = new FocusRing(m_body);
+    if (chrome != Chrome::none)
+        m_grips = std::make_unique<EdgeGrips>(*this);
     if (chrome == Chrome::standard)
         registerChrome();
     else if (m_bar)
         m_bar->setTitle(title);
+    shortcut(QKeySequence(u"Ctrl+P"_s), [this] { print(); });
 }
 
 Screen::~Screen()
@@ -177,10 +198,60 @@ void Screen::setPlace(double left, double top)
     m_left = left;
     m_top = top;
     m_outOfSight = left >= outOfSight || top >= outOfSight;
-    if (!m_outOfSight)
-        move(static_cast<int>(left / twipsPerPixel), static_cast<int>(top / twipsPerPixel));
+    if (!m_outOfSight) {
+        fitToDisplay();
+        const QPoint wanted(static_cast<int>(left / twipsPerPixel), static_cast<int>(top / twipsPerPixel));
+        const QPoint whole = wholeOn(room(), {wanted, size()});
+        if (whole.x() != wanted.x())
+            m_left = whole.x() * twipsPerPixel;
+        if (whole.y() != wanted.y())
+            m_top = whole.y() * twipsPerPixel;
+        if (onWayland() && windowType() == Qt::Popup)
+            hide(); // a menu takes its place when it comes up
+        move(whole);
+        attach(*this, owner());
+    }
     m_placedAt = pos();
     setVisible(!m_outOfSight);
+}
+
+QRect Screen::room() const
+{
+    const Room free = context.platform.roomFor(*this);
+    return {free.left, free.top, free.width, free.height};
+}
+
+// A main screen that is minimised or away would take its side screens along.
+const QWidget *Screen::owner() const
+{
+    const Screen *main = context.screens.find(u"Form1"_s);
+    return main != this && main && main->isVisible() && !main->isMinimized() ? main : nullptr;
+}
+
+// No larger than the display; what then has no room scrolls inside.
+void Screen::fitToDisplay()
+{
+    const QSize free = room().size();
+    if (!testAttribute(Qt::WA_Resized))
+        adjustSize();
+    QSize wanted = size().boundedTo(free);
+    if (wanted == size())
+        return;
+    const QSize around(2, 1 + (m_bar ? m_bar->height() : 0));
+    wanted = (wanted + m_page->barsFor(wanted - around)).boundedTo(free);
+    const bool fixed = minimumSize() == maximumSize();
+    setMinimumSize(minimumSize().boundedTo(wanted));
+    if (fixed)
+        setFixedSize(wanted);
+    else
+        resize(wanted);
+}
+
+void Screen::readyForKeyboard()
+{
+    nameControls(*m_body, title());
+    if (QWidget *first = orderTabs(*m_body); first && !focusWidget())
+        first->setFocus();
 }
 
 void Screen::present()
@@ -188,8 +259,11 @@ void Screen::present()
     if (m_outOfSight)
         return;
     if (!std::exchange(m_tabsOrdered, true))
-        if (QWidget *first = orderTabs(*m_body); first && !focusWidget())
-            first->setFocus();
+        readyForKeyboard();
+    if (!isVisible()) {
+        fitToDisplay();
+        attach(*this, owner());
+    }
     show();
     raise();
     activateWindow();
@@ -311,6 +385,28 @@ Table *Screen::table(std::vector<Column> columns, int rows)
     return m_tables.back();
 }
 
+Label *Screen::quietLine(Field &said)
+{
+    auto *made = add(u"avis"_s, new Label);
+    made->setObjectName(u"hint"_s);
+    made->setMinimumWidth(1); // a long one is cut off rather than widening its window
+    bind(made, said);
+    return made;
+}
+
+void Screen::shortcut(const QKeySequence &keys, std::function<void()> handler)
+{
+    connect(new QShortcut(keys, this), &QShortcut::activated, this, std::move(handler));
+}
+
+void Screen::leadsTo(QWidget &opener, const QString &screen) const
+{
+    if (context.screens.exists(screen))
+        return;
+    opener.setEnabled(false);
+    opener.setToolTip(notYet);
+}
+
 void Screen::listen(Field &field, Field::Listener listener)
 {
     field.listen(m_alive, std::move(listener));
@@ -367,10 +463,22 @@ void Screen::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape && windowFlags().testFlag(Qt::WindowStaysOnTopHint))
         close();
-    else if (event->key() == Qt::Key_P && event->modifiers() == Qt::ControlModifier)
-        print();
     else
         QWidget::keyPressEvent(event);
+}
+
+void Screen::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    if (m_grips)
+        m_grips->place();
+}
+
+bool Screen::focusNextPrevChild(bool next)
+{
+    const bool moved = QWidget::focusNextPrevChild(next);
+    m_ring->show(focusWidget());
+    return moved;
 }
 
 void Screen::paintEvent(QPaintEvent *)

@@ -5,14 +5,15 @@
 #include "shell/table.h"
 #include "shell/widgets.h"
 
+#include <QRect>
 #include <QWidget>
-
 
 #include <map>
 #include <memory>
 #include <set>
 
 class QHBoxLayout;
+class QKeySequence;
 class QRadioButton;
 class QVBoxLayout;
 
@@ -26,6 +27,8 @@ class Platform;
 class Screens;
 class Store;
 
+inline const QString notYet = u"Pas encore disponible"_s; // of what leads to a screen that the program lacks
+
 // What every screen works with.
 struct Context {
     Store &store;
@@ -36,6 +39,9 @@ struct Context {
     Skin skin = skins[0]; // the one that the next screen opened takes
 };
 
+class EdgeGrips;
+class FocusRing;
+class Page;
 class TitleBar;
 
 class Screen : public QWidget {
@@ -65,7 +71,7 @@ public:
     void setPlace(double left, double top);
     void putAway(double top = 50000) { setPlace(0, top); } // open, but not seen
     bool seen() const { return !m_outOfSight; }
-    void present(); // shows it in front, if it is in sight
+    void present(); // shows it in front, if it is in sight, and whole on the display
     virtual void comeBack() {} // after a screen that took its place
 
     bool waiting() const { return m_waiting > 0; }
@@ -79,6 +85,9 @@ protected:
 
     // The screen's own closing, once, by whatever road: keys are kept, openers told.
     virtual void closing() {}
+
+    QRect room() const; // of the display, free of panels, in pixels
+    virtual const QWidget *owner() const; // the window that it stays above; null for none
 
     QWidget *body() const { return m_body; }
     QVBoxLayout *page(); // the screen's layout from top to bottom, with the margins of all screens
@@ -103,6 +112,12 @@ protected:
     ShapeControl &shape(const QString &name, std::optional<int> index = std::nullopt); // a part of what is painted
     TimerControl &timer(const QString &name, int milliseconds, TimerControl::Kind kind, std::function<void()> fire);
     Table *table(std::vector<Column> columns, int rows);
+    Label *quietLine(Field &said); // "avis": says what was kept or refused, without a box
+
+    // Keys that work wherever the focus is in the window; its text fields keep the others.
+    void shortcut(const QKeySequence &keys, std::function<void()> handler);
+    // For what opens a screen, once its tip is set: while the program lacks the screen, it looks so and does nothing.
+    void leadsTo(QWidget &opener, const QString &screen) const;
 
     // Keeps a box and a field of the logic alike, in both directions.
     void bind(Edit *edit, Field &field);
@@ -114,15 +129,22 @@ protected:
     void closeEvent(QCloseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
 
 private:
+    void fitToDisplay();
+    void readyForKeyboard();
     void registerWidget(const QString &name, QWidget *widget, std::optional<int> index);
     void registerChrome();
     void keep(const QString &name, std::optional<int> index, std::unique_ptr<Control> control);
 
     QString m_name;
     QWidget *m_body;
+    Page *m_page;
     TitleBar *m_bar = nullptr;
+    FocusRing *m_ring;
+    std::unique_ptr<EdgeGrips> m_grips; // none for a menu
     std::map<QString, std::map<int, std::unique_ptr<Control>>> m_controls; // a single control has index -1
     std::vector<Table *> m_tables;
     std::shared_ptr<const int> m_alive = std::make_shared<const int>(0); // what listens for this screen ends with it

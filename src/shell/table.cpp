@@ -1,6 +1,7 @@
 #include "shell/table.h"
 
 #include "shell/look.h"
+#include "shell/widgets.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -81,6 +82,12 @@ TwipRect Cell::geometry() const
     const QPoint corner = m_table.viewport()->mapTo(m_table.window(), rect.topLeft());
     return {corner.x() * twipsPerPixel, corner.y() * twipsPerPixel, rect.width() * twipsPerPixel,
             rect.height() * twipsPerPixel};
+}
+
+void Cell::key(const QString &name)
+{
+    m_table.goTo(m_row, m_column);
+    sendKey(m_table, name);
 }
 
 void Cell::setBold(bool bold)
@@ -273,6 +280,11 @@ void Table::pressed(int row, int column, bool twice)
         handler(at.rowNames.value(row, at.name), row + at.firstIndex);
 }
 
+void Table::goTo(int row, int column)
+{
+    setCurrentIndex(m_model->index(row, column));
+}
+
 QString Table::asText() const
 {
     QStringList lines;
@@ -307,6 +319,9 @@ void Table::keyPressEvent(QKeyEvent *event)
     } else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && currentIndex().isValid() &&
                onPress) {
         pressed(currentIndex().row(), currentIndex().column(), false);
+    } else if (event->key() == Qt::Key_Delete && currentIndex().isValid() && onDelete) {
+        const Column &column = m_model->columns()[static_cast<std::size_t>(currentIndex().column())];
+        onDelete(column.name, currentIndex().row() + column.firstIndex);
     } else {
         QTableView::keyPressEvent(event);
     }

@@ -36,6 +36,7 @@ public:
     void setBold(bool bold);
     bool bold() const { return m_bold; }
     TwipRect geometry() const override;
+    void key(const QString &name) override;
 
 protected:
     void coloursChanged() override;
@@ -84,8 +85,8 @@ public:
     void setBack(QStringView name, int index, std::optional<QColor> colour);
     QString text(QStringView name, int index) const;
 
-    // A click or a double click on a cell; the index is the column's, and of a cell with a name of its own its row.
-    std::function<void(const QString &name, int index)> onPress, onDoubleClick;
+    // A click, a double click or the key Delete on a cell; the index is the column's, and of a cell with a name of its own its row.
+    std::function<void(const QString &name, int index)> onPress, onDoubleClick, onDelete;
 
     // All of it as text: a line a row, cells separated by tabs, titles first.
     QString asText() const;
@@ -95,6 +96,7 @@ public:
     CellModel &model() const { return *m_model; }
 
     void pressed(int row, int column, bool twice);
+    void goTo(int row, int column); // the current cell
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;

@@ -2,10 +2,12 @@
 
 #include "shell/chrome.h"
 #include "shell/look.h"
+#include "shell/window_system.h"
 
 #include <QLinearGradient>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QWindow>
 
 namespace circuidex {
 
@@ -19,9 +21,9 @@ constexpr int pixels(double twips)
 void drawButton(QPainter &painter, const QRect &rect, bool held, bool cross)
 {
     painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(255, 255, 255, held ? 150 : 60));
+    painter.setBrush(held ? look::glassHeld : look::glass);
     painter.drawRoundedRect(rect, 3, 3);
-    painter.setPen(QPen(Qt::white, 1.6, Qt::SolidLine, Qt::RoundCap));
+    painter.setPen(QPen(look::onSkin, 1.6, Qt::SolidLine, Qt::RoundCap));
     const QRectF mark = QRectF(rect).adjusted(4, 4, -4, -4);
     if (cross) {
         painter.drawLine(mark.topLeft(), mark.bottomRight());
@@ -66,18 +68,15 @@ void TitleBar::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     QLinearGradient bar(0, 0, 0, height());
-    const QColor main = look::colour(m_skin.main);
-    bar.setColorAt(0, main.lighter(135));
-    bar.setColorAt(0.45, main);
-    bar.setColorAt(1, look::colour(m_skin.edge));
+    bar.setStops(look::bar(m_skin));
     painter.fillRect(rect(), bar);
-    painter.setPen(QColor(255, 255, 255, 70));
+    painter.setPen(look::shine);
     painter.drawLine(0, 0, width(), 0);
     painter.setRenderHint(QPainter::Antialiasing);
     QFont bold = font();
     bold.setBold(true);
     painter.setFont(bold);
-    painter.setPen(Qt::white);
+    painter.setPen(look::onSkin);
     const int left = pixels(chrome::leftEnd);
     painter.drawText(QRect(left, 0, width() - left - 60, height()), Qt::AlignVCenter | Qt::AlignLeft, m_title);
     drawButton(painter, closeRect(), m_closeHeld, true);
@@ -91,15 +90,27 @@ void TitleBar::mousePressEvent(QMouseEvent *event)
         return;
     m_closeHeld = closeRect().adjusted(-4, -4, 4, 4).contains(event->pos());
     m_minimiseHeld = !m_closeHeld && minimiseRect().adjusted(-4, -4, 4, 4).contains(event->pos());
-    m_dragging = !m_closeHeld && !m_minimiseHeld;
+    m_dragging = !m_closeHeld && !m_minimiseHeld && !window()->isMaximized();
     m_noted = event->globalPosition().toPoint() - window()->pos();
     update();
 }
 
 void TitleBar::mouseMoveEvent(QMouseEvent *event)
 {
-    if (m_dragging)
+    if (!m_dragging)
+        return;
+    if (onWayland())
+        m_dragging = !window()->windowHandle()->startSystemMove(); // which takes the pointer from here on
+    else
         window()->move(event->globalPosition().toPoint() - m_noted);
+}
+
+void TitleBar::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    mousePressEvent(event); // of a button, if it is on one
+    if (!m_closeHeld && !m_minimiseHeld)
+        toggleMaximised(*window());
+    m_dragging = false;
 }
 
 void TitleBar::mouseReleaseEvent(QMouseEvent *event)

@@ -1,6 +1,6 @@
 #pragma once
 // The bar over every screen: a gradient of the skin, the title in white, a close button, and the handle by which the
-// window is dragged.
+// window is dragged and, where it can grow, maximised.
 #include "shell/skin.h"
 #include "shell/text.h"
 
@@ -29,6 +29,7 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override; // the whole display, and back
 
 private:
     QRect closeRect() const;

@@ -10,6 +10,7 @@
 #include <QMimeData>
 #include <QPainter>
 #include <QPainterPath>
+#include <QShortcut>
 #include <QStyle>
 
 #include <algorithm>
@@ -123,6 +124,26 @@ int keyNamed(const QString &name)
     return name.size() == 1 ? name.at(0).toUpper().unicode() : 0;
 }
 
+QShortcut *shortcutOf(const QWidget &widget, QKeyCombination pressed)
+{
+    const QKeySequence keys(QKeyCombination(pressed.keyboardModifiers() & ~Qt::KeypadModifier, pressed.key()));
+    for (QShortcut *each : widget.window()->findChildren<QShortcut *>())
+        if (each->key() == keys && each->isEnabled())
+            return each;
+    return nullptr;
+}
+
+// A field would take some keys for itself, as Ctrl+E for the end of its line. Where they mean something to the whole
+// window, they mean it in its fields too.
+bool leftToWindow(const QWidget &field, QEvent &event)
+{
+    if (event.type() != QEvent::ShortcutOverride ||
+        !shortcutOf(field, static_cast<const QKeyEvent &>(event).keyCombination()))
+        return false;
+    event.ignore();
+    return true;
+}
+
 // Makes a label plain when it is polished: for a tool tip that is before it gets its text, for those of Qt's own boxes
 // before they are laid out, which is when a picture would be looked for.
 class PlainText : public QObject {
@@ -172,15 +193,20 @@ void Label::leaveEvent(QEvent *event)
     run(onLeave);
 }
 
-void Label::keyPressEvent(QKeyEvent *event)
+Edit::Edit(QWidget *parent) : QLineEdit(parent) {}
+
+bool Edit::event(QEvent *event)
 {
-    if (onClick && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space))
-        run(onClick);
-    else
-        QLabel::keyPressEvent(event);
+    return leftToWindow(*this, *event) || QLineEdit::event(event);
 }
 
-Edit::Edit(QWidget *parent) : QLineEdit(parent) {}
+void Edit::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Backspace && text().isEmpty() && onBackspaceInEmpty)
+        run(onBackspaceInEmpty);
+    else
+        QLineEdit::keyPressEvent(event);
+}
 
 void Edit::mouseReleaseEvent(QMouseEvent *event)
 {
@@ -199,6 +225,11 @@ Remark::Remark(QWidget *parent) : QPlainTextEdit(parent)
 {
     setTabChangesFocus(true);
     connect(this, &QPlainTextEdit::textChanged, this, [this] { run(onEdited); });
+}
+
+bool Remark::event(QEvent *event)
+{
+    return leftToWindow(*this, *event) || QPlainTextEdit::event(event);
 }
 
 void Remark::keyPressEvent(QKeyEvent *event)
@@ -228,6 +259,41 @@ Button::Button(const QString &caption, QWidget *parent) : QPushButton(caption, p
 void Button::makeMain()
 {
     setProperty("main", true);
+}
+
+void Button::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        click();
+    else
+        QPushButton::keyPressEvent(event);
+}
+
+void setMark(QWidget &widget, const char *property, bool on)
+{
+    widget.setProperty(property, on);
+    widget.style()->unpolish(&widget);
+    widget.style()->polish(&widget);
+}
+
+void sendKey(QWidget &widget, const QString &name)
+{
+    constexpr QLatin1String withControl("Ctrl+");
+    const bool control = name.startsWith(withControl);
+    const QString plain = control ? name.mid(withControl.size()) : name;
+    const auto key = static_cast<Qt::Key>(keyNamed(plain));
+    if (key == 0)
+        return;
+    const QKeyCombination pressed(control ? Qt::ControlModifier : Qt::NoModifier, key);
+    if (QShortcut *meant = shortcutOf(widget, pressed)) {
+        emit meant->activated();
+        return;
+    }
+    const QString typed = name.size() == 1 ? name : QString();
+    QKeyEvent down(QEvent::KeyPress, key, pressed.keyboardModifiers(), typed);
+    QCoreApplication::sendEvent(&widget, &down);
+    QKeyEvent up(QEvent::KeyRelease, key, pressed.keyboardModifiers(), typed);
+    QCoreApplication::sendEvent(&widget, &up);
 }
 
 Picture::Picture(QWidget *parent) : Clickable(parent)
@@ -340,14 +406,8 @@ bool WidgetControl::enabled() const
 
 void WidgetControl::key(const QString &name)
 {
-    const int key = keyNamed(name);
-    if (key == 0 || !inSight())
-        return;
-    const QString typed = name.size() == 1 ? name : QString();
-    QKeyEvent down(QEvent::KeyPress, key, Qt::NoModifier, typed);
-    QCoreApplication::sendEvent(m_widget, &down);
-    QKeyEvent up(QEvent::KeyRelease, key, Qt::NoModifier, typed);
-    QCoreApplication::sendEvent(m_widget, &up);
+    if (inSight())
+        sendKey(*m_widget, name);
 }
 
 void WidgetControl::coloursChanged()

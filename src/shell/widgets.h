@@ -5,6 +5,7 @@
 
 #include <QFutureWatcher>
 #include <QImage>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -18,14 +19,28 @@ class QApplication;
 
 namespace circuidex {
 
-// A widget that is clicked and double-clicked; the release that ends a double click isn't a click of its own.
+// What a click and a double click do.
+struct Clicks {
+    std::function<void()> onClick, onDoubleClick;
+};
+
+// A widget that is clicked and double-clicked; the release that ends a double click isn't a click of its own. On the
+// keyboard these are Enter and Shift+Enter.
 template <class Base>
-class Clickable : public Base {
+class Clickable : public Base, public Clicks {
 public:
     using Base::Base;
-    std::function<void()> onClick, onDoubleClick;
 
 protected:
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+        const bool twice = enter && event->modifiers().testFlag(Qt::ShiftModifier);
+        if (const auto handler = twice ? onDoubleClick : onClick; handler && (enter || event->key() == Qt::Key_Space))
+            handler();
+        else
+            Base::keyPressEvent(event);
+    }
     void mouseReleaseEvent(QMouseEvent *event) override
     {
         const bool click = event->button() == Qt::LeftButton && this->rect().contains(event->pos()) && !m_afterDouble;
@@ -56,15 +71,17 @@ public:
 protected:
     void enterEvent(QEnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
 };
 
 class Edit : public QLineEdit {
 public:
     explicit Edit(QWidget *parent = nullptr);
     std::function<void()> onClick, onDoubleClick;
+    std::function<void()> onBackspaceInEmpty;
 
 protected:
+    bool event(QEvent *event) override; // leaves the window its shortcuts
+    void keyPressEvent(QKeyEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
 };
@@ -76,6 +93,7 @@ public:
     std::function<void()> onEdited;
 
 protected:
+    bool event(QEvent *event) override; // leaves the window its shortcuts
     void keyPressEvent(QKeyEvent *event) override;
     void insertFromMimeData(const QMimeData *source) override;
 };
@@ -90,7 +108,16 @@ class Button : public QPushButton {
 public:
     explicit Button(const QString &caption = {}, QWidget *parent = nullptr);
     void makeMain(); // the main action of its screen, in the skin's colour
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override; // Enter presses it, as Space does
 };
+
+// A yes or no that the style sheet tells apart, changed while the widget is on show.
+void setMark(QWidget &widget, const char *property, bool on);
+
+// A key by its name, as "Enter", "a" or "Ctrl+E", typed into a widget: its window's shortcuts come first.
+void sendKey(QWidget &widget, const QString &name);
 
 // What a blank frame is for: a light outline of it is drawn instead.
 enum class Outline { none, driver, car, circuit, race };

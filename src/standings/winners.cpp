@@ -9,7 +9,7 @@ namespace circuidex::standings {
 
 namespace {
 
-constexpr int blocks = 2; // of ten years, in which a driver's wins are looked for
+constexpr int blocks = searchedYears / yearsOfBlock; // of ten years, in which a driver's wins are looked for
 
 std::string podiumRow(const std::string &gpName, int place)
 {

@@ -9,6 +9,7 @@
 namespace circuidex::standings {
 
 inline constexpr int yearsOfBlock = 10; // of one Grand Prix, newest first
+inline constexpr int searchedYears = 2 * yearsOfBlock; // for the wins of a driver
 inline constexpr int searchedNames = 22; // of the all-time list: rows 0 to 21
 inline constexpr int shownWins = 140;
 

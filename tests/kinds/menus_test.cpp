@@ -257,7 +257,8 @@ TEST(Menus, SideScreensStandAtTheRightEdge)
             const TwipRect place = menus::besideParent(menus::find(side->name().toStdString())->standing,
                                                        parent->place(), own, parent->control(label)->geometry().top);
             EXPECT_NEAR(own.left, place.left, twipsPerPixel) << side->name().toStdString();
-            EXPECT_NEAR(own.top, place.top, twipsPerPixel) << side->name().toStdString();
+            EXPECT_NEAR(own.top, std::max(place.top, 0.0), twipsPerPixel) // never above the display
+                << side->name().toStdString();
             ++seen;
         }
     EXPECT_EQ(seen, 20); // one of the 19 has two drop-downs

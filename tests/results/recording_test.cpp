@@ -199,6 +199,7 @@ TEST(Recording, TakesOnlyNamesAndSeasonsThatTheFilesCarry)
         const Keys before = desk.keys("2005"), archive = desk.keys("ARCHIVES");
         desk.main.an.set(c.year);
         desk.enter(18, c.gpName, "5 - - - - - - -", "5");
+        desk.main.dat.set(desk.read("2005 [gp] dategp" + enteredName(c.gpName).name));
         EXPECT_EQ(recordGrandPrix(desk.main), Recording::refused) << c.gpName;
         EXPECT_EQ(changes(before, desk.keys("2005")), Lines{}) << c.gpName;
         EXPECT_EQ(changes(archive, desk.keys("ARCHIVES")), Lines{}) << c.gpName;

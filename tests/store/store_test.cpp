@@ -1,6 +1,7 @@
 #include "store/store.h"
 
 #include "store/temporary_folder.h"
+#include "store/text.h"
 #include "store/watched_calls.h"
 
 #include <gtest/gtest.h>

@@ -10,6 +10,8 @@
 #include <QBoxLayout>
 #include <QGridLayout>
 
+#include <vector>
+
 namespace circuidex::screens {
 
 namespace {
@@ -104,8 +106,8 @@ QWidget *Form1::selectionCard()
     gp->setProperty("title", true);
     auto *an = edit(u"an"_s, m_main.an, 70, u"Saison ; Entrée l'ouvre"_s);
     an->setAlignment(Qt::AlignCenter);
-    for (Edit *box : {gp, an})
-        connect(box, &QLineEdit::returnPressed, this, [this] { press(u"Command17"_s); });
+    connect(gp, &QLineEdit::returnPressed, this, [this] { press(u"Command17"_s); });
+    connect(an, &QLineEdit::returnPressed, this, [this] { results::showSeason(m_main); });
     auto *dat = edit(u"dat"_s, m_main.dat, 70, u"Date a laquelle se déroule le Grand-Prix"_s);
     dat->setAlignment(Qt::AlignCenter);
 
@@ -181,6 +183,14 @@ QWidget *Form1::resultCard()
         // A number typed by hand shows at once whose it is.
         connect(numberBox, &QLineEdit::textEdited, this,
                 [this, &nameField](const QString &typed) { nameField.set(m_main.season().nom(typed.toStdString())); });
+        connect(nameBox, &QLineEdit::returnPressed, this,
+                [this, nameBox, &numberField, &nameField] { nameTyped(nameBox, numberField, nameField); });
+        connect(nameBox, &QLineEdit::editingFinished, this, [this, nameBox, &numberField, &nameField] {
+            if (nameBox->isModified())
+                nameTyped(nameBox, numberField, nameField);
+        });
+        connect(nameBox, &QLineEdit::textEdited, this, [this] { m_main.said.set(""); });
+        listen(m_main.said, [nameBox](const std::string &) { setMark(*nameBox, "refused", false); });
     };
     auto &follow = timer(u"nompolelabel"_s, 250, TimerControl::Kind::standing,
                          [this] { m_main.Text9.set(m_main.season().nom(m_main.Text39.text())); });
@@ -213,6 +223,7 @@ QWidget *Form1::remarkCard()
     status->setObjectName(u"status"_s);
     bind(status, m_main.Label11);
     layout->addWidget(status);
+    layout->addWidget(quietLine(m_main.said));
     auto *lost = new Label;
     lost->setObjectName(u"lost"_s);
     lost->setWordWrap(true);
@@ -277,6 +288,7 @@ void Form1::addFilm(QVBoxLayout *layout)
     auto *load = command(u"Label20"_s, u"Télécharger des Vidéos"_s,
                          [this] { context.screens.open(u"Form96"_s); });
     load->setToolTip(u"Télécharger les vidéos des dernières courses"_s);
+    leadsTo(*load, u"Form96"_s);
     films->addWidget(load);
     films->addStretch(1);
     films->addWidget(
@@ -287,7 +299,7 @@ void Form1::addFilm(QVBoxLayout *layout)
 QWidget *Form1::grandPrixCommands()
 {
     auto *layout = new QVBoxLayout;
-    layout->setSpacing(5);
+    layout->setSpacing(3);
     const auto plain = [&](const QString &name, const QString &label, const QString &tip, std::function<void()> handler) {
         auto *made = button(name, label, std::move(handler));
         made->setToolTip(tip);
@@ -327,7 +339,7 @@ QWidget *Form1::grandPrixCommands()
 QWidget *Form1::windowCommands()
 {
     auto *layout = new QVBoxLayout;
-    layout->setSpacing(5);
+    layout->setSpacing(3);
     for (const QString &name :
          {u"Command2"_s, u"Command32"_s, u"Command20"_s, u"Command11"_s, u"Command31"_s, u"Command15"_s, u"Command33"_s, u"Command24"_s})
         layout->addWidget(sideButton(name));
@@ -336,27 +348,33 @@ QWidget *Form1::windowCommands()
 
 QWidget *Form1::footer()
 {
-    auto *grid = new QGridLayout;
-    grid->setVerticalSpacing(0);
-    int at = 0;
+    auto *rows = new QVBoxLayout;
+    rows->setSpacing(0);
+    std::vector<Label *> labels;
     for (const PlainOpening &row : plainLabels) {
-        auto *label = command(row.control, row.caption, [this, row] { context.screens.open(row.screen); });
-        label->setToolTip(row.tip);
-        grid->addWidget(label, at / 2, at % 2, Qt::AlignLeft);
-        ++at;
+        labels.push_back(command(row.control, row.caption, [this, row] { context.screens.open(row.screen); }));
+        labels.back()->setToolTip(row.tip);
+        leadsTo(*labels.back(), row.screen);
     }
-    auto *minimise = command(u"Label71"_s, u"Réduire"_s, [this] { showMinimized(); });
-    auto *leave = command(u"Label53"_s, u"Quitter"_s, [this] { close(); });
-    leave->setToolTip(u"Fermer Circuidex"_s);
-    grid->addWidget(minimise, at / 2, 0, Qt::AlignLeft);
-    grid->addWidget(leave, at / 2, 1, Qt::AlignLeft);
-    return card({}, grid);
+    labels.push_back(command(u"Label71"_s, u"Réduire"_s, [this] { showMinimized(); }));
+    labels.push_back(command(u"Label53"_s, u"Quitter"_s, [this] { close(); }));
+    labels.back()->setToolTip(u"Fermer Circuidex"_s);
+    auto next = labels.begin();
+    for (const int count : {2, 3, 3}) {
+        auto *row = new QHBoxLayout;
+        for (int i = 0; i < count; ++i)
+            row->addWidget(*next++);
+        row->addStretch(1);
+        rows->addLayout(row);
+    }
+    return card({}, rows);
 }
 
 QWidget *Form1::sideButton(const QString &name)
 {
     auto *made = button(name, qt(sideScreenOf(name.toStdString())->caption), [this, name] { pressToggle(name); });
     made->setProperty("quietly", true);
+    leadsTo(*made, qt(sideScreenOf(name.toStdString())->screen));
     return made;
 }
 

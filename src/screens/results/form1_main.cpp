@@ -2,6 +2,7 @@
 
 #include "platform/platform.h"
 #include "results/amending.h"
+#include "kinds/name_search.h"
 #include "kinds/picker.h"
 #include "results/media_of_grand_prix.h"
 #include "results/navigation.h"
@@ -11,9 +12,7 @@
 #include "shell/look.h"
 #include "statistics/season_statistics.h"
 
-#include <QGuiApplication>
 #include <QKeyEvent>
-#include <QScreen>
 
 namespace circuidex::screens {
 
@@ -22,8 +21,14 @@ Form1::Form1(Context &theContext, const QString &name, const QString &title)
 {
     setMouseTracking(true);
     registerHidden();
+    registerShortcuts();
     layOut();
     listen(m_main.gp, [this](const std::string &typed) { gpTyped(typed); });
+    for (Field *of : {&m_main.gp, &m_main.an})
+        listen(*of, [this](const std::string &) {
+            m_main.said.set("");
+            showAgeOfStatus();
+        });
     m_main.clearTotalsSoon = [this](const std::string &season) { clearTotalsSoon(qt(season)); };
     context.screens.onChange = [this](const QString &screen, bool open) { screenChanged(screen, open); };
     comeBack();
@@ -166,12 +171,18 @@ void Form1::afterResult()
 void Form1::record()
 {
     const Waiting waiting(*this);
-    if (results::recordGrandPrix(m_main) == results::Recording::done)
-        afterResult();
+    if (results::recordGrandPrix(m_main) != results::Recording::done)
+        return;
+    m_recordedGp = m_main.gp.text();
+    m_recordedSeason = m_main.an.text();
+    showAgeOfStatus();
+    afterResult();
 }
 
 void Form1::amend(bool byUser)
 {
+    if (byUser && !typedHolds())
+        return;
     const Waiting waiting(*this);
     const auto amendment = byUser ? results::Amendment::byUser : results::Amendment::byProgram;
     if (results::amendGrandPrix(m_main, amendment) == results::Recording::done)
@@ -183,6 +194,7 @@ void Form1::cancel()
 {
     const Waiting waiting(*this);
     results::cancelGrandPrix(m_main);
+    showAgeOfStatus();
 }
 
 // The grid first, unseen behind its assistant, then the result: Form49 leads on to Form40, which presses Command5.
@@ -239,38 +251,83 @@ void Form1::clearNewSeason()
 void Form1::comeBack()
 {
     setWindowState(Qt::WindowNoState);
+    resize(room().size().boundedTo(QSize(1400, 900)));
     setPlace(0, 0);
-    const QRect display = QGuiApplication::primaryScreen()->availableGeometry();
-    resize(QSize(1024, 768).expandedTo(QSize(std::min(display.width(), 1400), std::min(display.height(), 900))));
 }
 
+void Form1::registerShortcuts()
+{
+    const std::pair<QKeySequence, QString> presses[] = {
+        {Qt::Key_PageDown, u"Command8"_s},
+        {Qt::Key_PageUp, u"Command9"_s},
+        {Qt::CTRL | Qt::Key_PageDown, u"Command28"_s},
+        {Qt::CTRL | Qt::Key_PageUp, u"Command29"_s},
+        {Qt::Key_F5, u"Label12"_s},
+        {Qt::CTRL | Qt::Key_N, u"Label36"_s},
+        {Qt::CTRL | Qt::Key_E, u"Command26"_s},
+        {Qt::CTRL | Qt::Key_S, u"Label43"_s},
+        {Qt::CTRL | Qt::Key_G, u"Command30"_s},
+    };
+    for (const auto &[keys, pressed] : presses)
+        shortcut(keys, [this, pressed = pressed] {
+            if (typedHolds())
+                press(pressed);
+        });
+}
+
+// Outside the fields, where they move the text cursor.
 void Form1::keyPressEvent(QKeyEvent *event)
 {
-    const bool control = event->modifiers() == Qt::ControlModifier;
-    const auto pressed = [this](const QString &name) { press(name); };
-    switch (event->key()) {
-    case Qt::Key_PageDown:
-        return pressed(control ? u"Command28"_s : u"Command8"_s);
-    case Qt::Key_PageUp:
-        return pressed(control ? u"Command29"_s : u"Command9"_s);
-    case Qt::Key_Right:
-        return pressed(u"Command8"_s);
-    case Qt::Key_Left:
-        return pressed(u"Command9"_s);
-    case Qt::Key_F5:
-        return pressed(u"Label12"_s);
-    default:
-        break;
-    }
-    if (control && event->key() == Qt::Key_N)
-        return pressed(u"Label36"_s);
-    if (control && event->key() == Qt::Key_E)
-        return pressed(u"Command26"_s);
-    if (control && event->key() == Qt::Key_S)
-        return pressed(u"Label43"_s);
-    if (control && event->key() == Qt::Key_G)
-        return pressed(u"Command30"_s);
-    Screen::keyPressEvent(event);
+    if (event->key() == Qt::Key_Right)
+        press(u"Command8"_s);
+    else if (event->key() == Qt::Key_Left)
+        press(u"Command9"_s);
+    else
+        Screen::keyPressEvent(event);
+}
+
+// A name typed by hand finds its driver, and his number follows; an emptied box is nobody. A name that nobody bears, or
+// several, is refused.
+void Form1::nameTyped(Edit *box, Field &number, Field &name)
+{
+    const QString typed = box->text().trimmed();
+    box->setModified(false);
+    m_main.said.set("");
+    QStringList drivers;
+    for (int slot = 1; slot <= driverSlots; ++slot)
+        drivers << qt(m_main.season().nom(slot));
+    const auto found = onlyHit(drivers, typed);
+    if (typed.isEmpty() || found)
+        number.set(found ? std::to_string(*found + 1) : std::string());
+    name.set(m_main.season().nom(number.text()));
+    if (!typed.isEmpty() && !found)
+        refuse(box, typed);
+}
+
+void Form1::refuse(Edit *box, const QString &typed)
+{
+    m_main.said.set(u"« %1 » : aucun pilote, ou plusieurs, en %2"_s.arg(typed, qt(m_main.an.text())).toStdString());
+    setMark(*box, "refused", true);
+}
+
+// What acts on the race takes a name that is still being typed first; false when it is refused.
+bool Form1::typedHolds()
+{
+    auto *box = qobject_cast<QLineEdit *>(focusWidget());
+    if (!box || !box->isModified())
+        return true;
+    emit box->editingFinished();
+    return !box->property("refused").toBool();
+}
+
+// "Grand prix enregistré!" stays until the next recording; grey, it speaks of a race that isn't on show any more, or that
+// was cancelled.
+void Form1::showAgeOfStatus()
+{
+    const bool holds = m_main.gp.text() == m_recordedGp && m_main.an.text() == m_recordedSeason &&
+        results::hasResult(m_main.season(), m_recordedGp);
+    control(u"Label11"_s)->setFore(holds || m_main.Label11.empty() ? std::nullopt : std::optional(look::quiet));
+    static_cast<WidgetControl *>(control(u"Label11"_s))->widget()->setToolTip(qt(m_recordedGp + " " + m_recordedSeason).trimmed());
 }
 
 void Form1::closing()

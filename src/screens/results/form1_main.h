@@ -20,6 +20,7 @@ protected:
 
 private:
     void registerHidden();
+    void registerShortcuts();
     void layOut();
     QWidget *selectionCard();
     QWidget *raceNumber();
@@ -33,6 +34,10 @@ private:
     QWidget *footer();
 
     Edit *edit(const QString &name, Field &field, int width, const QString &tip);
+    void nameTyped(Edit *box, Field &number, Field &name);
+    void refuse(Edit *box, const QString &typed);
+    bool typedHolds();
+    void showAgeOfStatus();
     Label *pointedCommand(const QString &name, const QString &caption, std::function<void()> handler);
     void unpoint();
 
@@ -56,6 +61,7 @@ private:
 
     results::MainRecord &m_main;
     QStringList m_pointed;
+    std::string m_recordedGp, m_recordedSeason; // of which the status line speaks
     TimerControl *m_newSeason = nullptr, *m_records = nullptr, *m_lap = nullptr, *m_img = nullptr, *m_vid = nullptr;
 };
 

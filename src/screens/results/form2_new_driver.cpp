@@ -61,9 +61,12 @@ Form2::Form2(Context &theContext, const QString &name, const QString &title) :
     columns->addWidget(card({}, form), 5);
     columns->addWidget(card({}, pictures), 2);
     auto *foot = footRow(u"Label14"_s);
+    foot->insertWidget(1, quietLine(m_main.said), 1);
     foot->addWidget(command(u"Label11"_s, u"Annuler"_s, [this] { close(); }));
     auto *ok = new Button(u"OK"_s);
     ok->makeMain();
+    ok->setToolTip(u"Enregistrer ce pilote (Ctrl+S)"_s);
+    shortcut(u"Ctrl+S"_s, [this] { press(u"Label10"_s); });
     connect(ok, &QPushButton::clicked, this, [this] {
         results::storeShownDriver(m_main, m_boxes, results::DriverScreen::newDriver);
     });

@@ -3,6 +3,7 @@
 #include "kinds/picker.h"
 #include "results/calendar.h"
 #include "results/main_record.h"
+#include "results/navigation.h"
 #include "shell/look.h"
 #include "shell/screens.h"
 
@@ -63,7 +64,7 @@ Edit *Form34::box(const QString &array, int slot)
 QLayout *Form34::rows()
 {
     auto *grid = new QGridLayout;
-    grid->setVerticalSpacing(3);
+    grid->setVerticalSpacing(2);
     grid->setHorizontalSpacing(look::gap);
     m_heading = styled({}, "caption");
     grid->addWidget(m_heading, 0, 1);
@@ -105,12 +106,16 @@ void Form34::load()
 
 void Form34::store()
 {
+    const WritableSeason season = m_main.writableSeason();
+    const std::string shownBefore = season.read(keys::gp, keys::namegp(m_main.Label40.text()));
     results::Calendar calendar;
     for (std::size_t slot = 0; slot < calendar.size(); ++slot)
         calendar[slot] = {m_names[slot]->text().toStdString(), m_dates[slot]->text().toStdString()};
-    const std::string refusal = results::enterCalendar(m_main.writableSeason(), std::move(calendar));
+    const std::string refusal = results::enterCalendar(season, std::move(calendar));
     if (!refusal.empty())
         return context.dialogs.message(refusal);
+    results::showCalendarAnew(m_main, shownBefore);
+    m_main.said.set("Calendrier " + season.stem() + " enregistré");
     close();
 }
 

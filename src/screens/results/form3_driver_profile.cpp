@@ -75,8 +75,10 @@ QWidget *Form3::identityCard()
     connect(number, &QLineEdit::returnPressed, this, open);
     auto *back = button(u"Command8"_s, u"◀"_s, [this] { statistics::stepProfileInSeason(m_main, -1); });
     auto *on = button(u"Command7"_s, u"▶"_s, [this] { statistics::stepProfileInSeason(m_main, 1); });
-    back->setToolTip(u"Pilote précédent"_s);
-    on->setToolTip(u"Pilote suivant"_s);
+    back->setToolTip(u"Pilote précédent (Page préc.)"_s);
+    on->setToolTip(u"Pilote suivant (Page suiv.)"_s);
+    shortcut(Qt::Key_PageUp, [this] { press(u"Command8"_s); });
+    shortcut(Qt::Key_PageDown, [this] { press(u"Command7"_s); });
     auto *row = new QHBoxLayout;
     row->setSpacing(6);
     row->addWidget(back);
@@ -116,6 +118,7 @@ void Form3::compareButton(QGridLayout &grid, int row, const QString &name, const
             field->press(statistic);
     });
     made->setToolTip(u"Cliquez ici pour comparer ce pilote a l'ensemble du plateau"_s);
+    leadsTo(*made, u"Form69"_s);
     made->setFixedWidth(34);
     grid.addWidget(made, row, 2);
 }
@@ -180,10 +183,13 @@ QWidget *Form3::picturesCard()
 QLayout *Form3::foot()
 {
     auto *row = footRow(u"Label15"_s);
+    row->insertWidget(1, quietLine(m_main.said), 1);
     row->addWidget(command(u"Label11"_s, u"Annuler"_s, [this] { close(); }));
     row->addWidget(button(u"Command5"_s, u"Vider les champs"_s, [this] { results::emptyProfile(m_profile); }));
     auto *store = button(u"Command4"_s, u"Enregistrer modifications"_s, [this] { results::storeProfile(m_main); });
     store->makeMain();
+    store->setToolTip(u"Enregistrer ce pilote sous son numéro (Ctrl+S)"_s);
+    shortcut(u"Ctrl+S"_s, [this] { press(u"Command4"_s); });
     row->addWidget(store);
     return row;
 }

@@ -11,7 +11,7 @@ public:
     Form40(Context &context, const QString &name, const QString &title);
 
 protected:
-    void taken(int place, const QString &number, const QString &driver) override;
+    std::function<void()> taken(int place, const QString &number, const QString &driver) override;
     void validate() override;
     void skip() override;
     void closing() override;
@@ -23,11 +23,16 @@ Form40::Form40(Context &theContext, const QString &name, const QString &title) :
 {
 }
 
-void Form40::taken(int place, const QString &number, const QString &driver)
+std::function<void()> Form40::taken(int place, const QString &number, const QString &driver)
 {
+    const std::string before = m_main.number(place).text(), nameBefore = m_main.name(place).text();
     m_main.number(place).set(number.toStdString());
     if (!number.isEmpty())
         m_main.name(place).set(driver.toStdString());
+    return [this, place, before, nameBefore] {
+        m_main.number(place).set(before);
+        m_main.name(place).set(nameBefore);
+    };
 }
 
 void Form40::validate()

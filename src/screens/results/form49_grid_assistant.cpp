@@ -11,7 +11,7 @@ public:
     Form49(Context &context, const QString &name, const QString &title);
 
 protected:
-    void taken(int place, const QString &number, const QString &driver) override;
+    std::function<void()> taken(int place, const QString &number, const QString &driver) override;
     void validate() override;
     void skip() override;
     void closing() override;
@@ -24,14 +24,27 @@ Form49::Form49(Context &theContext, const QString &name, const QString &title) :
 }
 
 // The first of the grid has the pole too; with nobody there it stays as it was.
-void Form49::taken(int place, const QString &number, const QString &driver)
+std::function<void()> Form49::taken(int place, const QString &number, const QString &driver)
 {
+    const std::string pole = m_main.Text39.text(), poleName = m_main.Text9.text();
+    const auto onGrid = [this, place](const QString &name) {
+        if (const Screen *grid = context.screens.find(u"Form48"_s))
+            grid->setText(u"Text99"_s, name, place - 1);
+    };
+    const Screen *grid = context.screens.find(u"Form48"_s);
+    const QString before = grid ? grid->text(u"Text99"_s, place - 1) : QString();
     if (place == 1 && !number.isEmpty()) {
         m_main.Text39.set(number.toStdString());
         m_main.Text9.set(driver.toStdString());
     }
-    if (const Screen *grid = context.screens.find(u"Form48"_s))
-        grid->setText(u"Text99"_s, driver, place - 1);
+    onGrid(driver);
+    return [this, place, pole, poleName, onGrid, before] {
+        if (place == 1) {
+            m_main.Text39.set(pole);
+            m_main.Text9.set(poleName);
+        }
+        onGrid(before);
+    };
 }
 
 void Form49::validate()

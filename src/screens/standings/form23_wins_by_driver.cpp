@@ -16,7 +16,7 @@ static_assert(RaceList::rows * RaceList::columns == standings::shownWins);
 
 QString counted(std::size_t wins)
 {
-    return wins == 0 ? u"Aucune victoire"_s
+    return wins == 0 ? u"aucune victoire"_s
         : wins == 1  ? u"1 victoire"_s
                      : u"%1 victoires"_s.arg(wins);
 }
@@ -28,6 +28,7 @@ public:
 private:
     QWidget *question();
     void ask(); // Command1
+    QString searched(std::size_t wins) const;
     void step(int by);
 
     Field m_driver; // Text1
@@ -65,8 +66,18 @@ void Form23::ask()
     const Waiting waiting(*this);
     const auto wins = standings::winsOfDriver(context.store, m_driver.text(), context.main.an.text());
     showRaces(wins);
-    m_count->setText(m_driver.empty() ? QString() : counted(wins.size()));
+    m_count->setText(searched(wins.size()));
     context.screens.close(u"Form20"_s);
+}
+
+// Whose wins were counted in which years, whatever is typed from now on.
+QString Form23::searched(std::size_t wins) const
+{
+    const std::string last = context.main.an.text();
+    const auto first = context.store.numbers().difference(last, std::to_string(standings::searchedYears - 1));
+    if (m_driver.empty() || !first)
+        return {};
+    return u"%1, de %2 à %3 : %4"_s.arg(qt(m_driver.text()), qt(*first), qt(last), counted(wins));
 }
 
 void Form23::step(int by)

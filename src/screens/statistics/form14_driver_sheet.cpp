@@ -52,6 +52,7 @@ Form14::Form14(Context &theContext, const QString &name, const QString &title) :
                 field->press(qt(row.statistic));
         });
         compare->setToolTip(u"Cliquez ici pour comparer ce pilote a l'ensemble du plateau"_s);
+        leadsTo(*compare, u"Form69"_s);
         compare->setFixedWidth(34);
         grid->addWidget(caption, at, 0);
         grid->addWidget(value, at, 1);

@@ -14,7 +14,6 @@ namespace circuidex::screens {
 
 namespace {
 
-const QColor barColour(0, 0, 192);
 constexpr int barColumn = 3, nameWidth = 160, figureWidth = 64; // pixels, as the next
 constexpr int barWidth = static_cast<int>(statistics::fullBar / twipsPerPixel) + 12;
 const QString winsScreen = u"Form23"_s, racesScreen = u"Form33"_s;
@@ -33,7 +32,7 @@ public:
         area.setWidth(qRound(bar.width / twipsPerPixel));
         if (area.isEmpty())
             return;
-        painter->fillRect(area, barColour);
+        painter->fillRect(area, look::bars);
         const QString name =
             bar.caption.empty() ? QString() : qt(m_drawn.table.rows[static_cast<std::size_t>(index.row())].name);
         const QRect inside = area.adjusted(5, 0, -4, 0);
@@ -119,7 +118,7 @@ void Form32::registerHidden()
             hidden(array, {}, {}, i);
         Control &bar = hidden(
             u"graph"_s, {}, [this, i] { openRow(i); }, i);
-        bar.setBack(barColour);
+        bar.setBack(look::bars);
         bar.setFore(look::onBar);
     }
 }

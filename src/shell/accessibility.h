@@ -1,0 +1,15 @@
+#pragma once
+// What a screen reader says and presses. Boxes bear no caption of their own: the words before them do, so each box takes
+// its name from there. Labels and pictures that answer a click are buttons to it.
+#include <QString>
+
+class QWidget;
+
+namespace circuidex {
+
+void makePressable(); // once for the program
+
+// Names all that takes the keyboard in a screen and lets Tab reach its pictures; the title is for what stands alone.
+void nameControls(QWidget &body, const QString &title);
+
+}
