@@ -338,6 +338,19 @@ std::string readChampion(const Line &line, SampleChampion &champion)
     return {};
 }
 
+std::string readRecord(const Line &line, SampleRecord &record)
+{
+    if (line.word != "poles" && line.word != "victoires" && line.word != "points")
+        return unknownWord(line);
+    if (std::string wrong = shape(line, 2, 2); !wrong.empty())
+        return wrong;
+    const auto figure = number(line.fields[1], 0, 9999);
+    if (!figure)
+        return bad("number", line.fields[1]);
+    record = {std::string(line.word), line.text(0), *figure};
+    return {};
+}
+
 std::string readWin(const Line &line, SampleWin &win)
 {
     if (line.word != "gp")
@@ -391,6 +404,11 @@ std::optional<std::vector<SampleCareer>> parseSampleCareers(std::string_view tex
 std::optional<std::vector<SampleChampion>> parseSampleChampions(std::string_view text, std::string &error)
 {
     return rows<SampleChampion>(text, error, readChampion);
+}
+
+std::optional<std::vector<SampleRecord>> parseSampleRecords(std::string_view text, std::string &error)
+{
+    return rows<SampleRecord>(text, error, readRecord);
 }
 
 std::optional<std::vector<SampleWin>> parseSampleWins(std::string_view text, std::string &error)

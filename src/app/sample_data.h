@@ -55,6 +55,12 @@ struct SampleChampion {
     std::string constructors; // champion team, empty before there was one
 };
 
+// A row of an all-time list: "poles", "victoires" or "points".
+struct SampleRecord {
+    std::string list, name;
+    int figure = 0;
+};
+
 struct SampleWin {
     std::string year;
     int gp = 0; // from 0
@@ -68,6 +74,7 @@ struct SampleWin {
 std::optional<SampleSeason> parseSampleSeason(std::string_view text, std::string &error);
 std::optional<std::vector<SampleCareer>> parseSampleCareers(std::string_view text, std::string &error);
 std::optional<std::vector<SampleChampion>> parseSampleChampions(std::string_view text, std::string &error);
+std::optional<std::vector<SampleRecord>> parseSampleRecords(std::string_view text, std::string &error);
 std::optional<std::vector<SampleWin>> parseSampleWins(std::string_view text, std::string &error);
 
 }

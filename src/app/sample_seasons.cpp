@@ -47,6 +47,30 @@ T parsed(const std::string &path, std::optional<T> (*parse)(std::string_view, st
 // What a driver brings into a season, by his name.
 using Careers = std::map<std::string, SampleCareer>;
 
+// Behind row 21 of an all-time list lie the last candidates and older entries, which nothing compares: they may name a
+// driver twice.
+void dropLeftovers(Store &store)
+{
+    const WritableSeason archive(store, std::string(keys::ARCHIVES));
+    for (const statistics::Statistic &statistic : statistics::seasonStatistics)
+        for (int row = 22; statistic.allTime && row <= driverSlots; ++row)
+            for (const std::string_view prefix : {statistic.allTime->nameKey, statistic.allTime->figureKey})
+                archive.write(keys::records, keys::record(prefix, row), "");
+}
+
+void enterRecords(const WritableSeason &archive, const std::string &data)
+{
+    const std::map<std::string, std::string_view> modes{
+        {"poles", "t20pol"}, {"victoires", "t20vic"}, {"points", "t20pts"}};
+    std::map<std::string, int> rows;
+    for (const SampleRecord &record : parsed(data + "/records.txt", parseSampleRecords)) {
+        const statistics::AllTimeList list = *statistics::statisticNamed(modes.at(record.list))->allTime;
+        const int row = ++rows[record.list];
+        archive.write(keys::records, keys::record(list.nameKey, row), record.name);
+        archive.write(keys::records, keys::record(list.figureKey, row), std::to_string(record.figure));
+    }
+}
+
 void enterPast(Store &store, const std::string &data)
 {
     for (const SampleWin &win : parsed(data + "/vainqueurs.txt", parseSampleWins))
@@ -54,6 +78,7 @@ void enterPast(Store &store, const std::string &data)
     const WritableSeason archive(store, std::string(keys::ARCHIVES));
     for (const SampleChampion &champion : parsed(data + "/champions.txt", parseSampleChampions))
         archive.write(keys::GP, keys::champion(champion.year), champion.name);
+    enterRecords(archive, data);
 }
 
 // The careers after a season, with one more season behind each driver.
@@ -131,6 +156,7 @@ int main(int argc, char **argv)
         }
     }
     statistics::sortAllTimeLists(store); // the last newcomers' older entries go
+    dropLeftovers(store);
     store.setYearMarker("2005");
     store.settle();
     if (!faults.said.empty() || store.writesLost()) {

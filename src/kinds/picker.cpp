@@ -156,12 +156,10 @@ void Picker::serve(const Destination &to, int index)
     if (to.opens)
         context.screens.open(qt(to.screen));
     give(to, index);
-    for (const std::string_view button : to.buttons) {
-        if (button == again)
-            give(to, index);
-        else if (!button.empty())
-            pressOn(qt(to.screen), qt(button));
-    }
+    const Screen *target = context.screens.find(qt(to.screen));
+    for (const std::string_view button : to.buttons)
+        if (target && !button.empty())
+            target->press(qt(button));
 }
 
 // Number and name into the screen's controls, where it is open.
@@ -179,15 +177,6 @@ void Picker::give(const Destination &to, int index)
         target->setText(qt(to.number.name), number, to.number.index);
     if (name)
         name->setText(nameAt(index));
-}
-
-// "Form14.Command2" is on another screen than the one served.
-void Picker::pressOn(const QString &screen, const QString &button) const
-{
-    const bool elsewhere = button.contains(u'.');
-    const QString form = elsewhere ? button.section(u'.', 0, 0) : screen;
-    if (const Screen *target = context.screens.find(form))
-        target->press(elsewhere ? button.section(u'.', 1) : button);
 }
 
 }

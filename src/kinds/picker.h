@@ -47,7 +47,6 @@ private:
     QString nameAt(int index) const { return m_list->text(m_shape.array, index); }
     void serve(const Destination &to, int index);
     void give(const Destination &to, int index);
-    void pressOn(const QString &screen, const QString &button) const;
     QStringList names() const;
     void narrow();
     void enter(); // takes the name in colour

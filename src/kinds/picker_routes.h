@@ -18,9 +18,6 @@ enum class Mark { label2, tag };
 // tag of the control that takes the name.
 enum class NumberForm { slot, row, tagOfName };
 
-// Among the buttons of a route: number and name are handed over once more.
-inline constexpr std::string_view again = "=";
-
 // A row of the table. In the word, "#" stands for a number from first to last; in the controls it stands for the same
 // number, and "a|b|c" names one control for each number. A control without a name isn't written.
 struct Route {
@@ -31,7 +28,7 @@ struct Route {
     std::string_view screen;
     NumberForm form;
     std::string_view number, name;
-    std::array<std::string_view, 6> buttons = {}; // in order, "Form14.Command2" on another screen
+    std::array<std::string_view, 2> buttons = {}; // in order
     bool opens = false; // the screen is opened; otherwise only an open one is served
 };
 
@@ -45,7 +42,7 @@ struct Destination {
     std::string_view screen;
     NumberForm form;
     ControlName number, name;
-    std::array<std::string_view, 6> buttons;
+    std::array<std::string_view, 2> buttons;
     bool opens;
 };
 

@@ -81,8 +81,7 @@ QLayout *StandingsScreen::foot()
 
 void StandingsScreen::findFavourite()
 {
-    const std::string kept = m_season.read(keys::N, m_kind.numberKey);
-    m_number.set(kept.empty() ? "0" : kept);
+    m_number.set(standings::arrowsStand(m_season, m_kind.arrows));
     step(1);
     step(-1);
 }
@@ -124,7 +123,7 @@ void StandingsScreen::show()
 
 void StandingsScreen::closing()
 {
-    context.main.writableSeason().write(keys::N, m_kind.numberKey, m_number.text());
+    standings::keepFavourite(context.main.writableSeason(), m_kind.arrows, m_number.text());
 }
 
 void StandingsScreen::keyPressEvent(QKeyEvent *event)

@@ -2,8 +2,8 @@
 // The kind of the two championship tables: a ranked table with a favourite, against whom all rows are measured. He is
 // taken by a click on his row, with the arrows or from a list; the season's file remembers where the arrows stand.
 #include "kinds/ranked_screen.h"
+#include "standings/favourite.h"
 #include "standings/ranking.h"
-#include "store/season.h"
 
 namespace circuidex {
 
@@ -13,7 +13,7 @@ struct StandingsKind {
     QString list, word; // the list that "Liste" opens, and the reason told to it
     std::vector<Column> columns; // behind the rank
     int rows = 0;
-    std::string numberKey; // under which the season keeps the driver number that the arrows stand on
+    std::string_view arrows; // where the season remembers them: standings::driverArrows
 };
 
 class StandingsScreen : public RankedScreen {

@@ -4,6 +4,20 @@
 
 namespace circuidex::results {
 
+DriverRecord DriverBoxes::record() const
+{
+    DriverRecord record;
+    for (std::size_t i = 0; i < record.size(); ++i)
+        record[i] = boxes[i].text();
+    return record;
+}
+
+void DriverBoxes::show(const DriverRecord &record)
+{
+    for (std::size_t i = 0; i < record.size(); ++i)
+        boxes[i].set(record[i]);
+}
+
 DriverRecord readDriver(const Season &season, std::string_view number)
 {
     DriverRecord record;
@@ -59,18 +73,8 @@ std::string careerSeasons(const Season &season, std::string_view name)
 
 void storeCareerSeasons(const WritableSeason &season, std::string_view name, std::string_view seasons)
 {
-    if (!name.empty())
+    if (!name.empty() && careerSeasons(season, name) != seasons)
         season.write(keys::gp, keys::noo(name), seasons);
-}
-
-std::string defaultPhoto(std::string_view folder, std::string_view name)
-{
-    return std::string(folder) + "\\Photos\\Pilotes\\photo_" + std::string(name) + ".jpg";
-}
-
-std::string defaultTeamPicture(std::string_view folder, std::string_view team)
-{
-    return std::string(folder) + "\\Photos\\Voitures\\picto_" + std::string(team) + ".jpg";
 }
 
 }

@@ -1,7 +1,8 @@
 #pragma once
 // The record of a driver within a season: which box of the driver screens stands for which key, what an empty box becomes
-// when the driver is stored, and where his pictures lie. Team totals are never touched from here: points won stay with
+// when the driver is stored. Team totals are never touched from here: points won stay with
 // the team they were won for.
+#include "store/field.h"
 #include "store/season.h"
 
 #include <array>
@@ -37,6 +38,34 @@ inline constexpr std::size_t newDriverFields = 11;
 
 using DriverRecord = std::array<std::string, driverFields.size()>; // in the order of driverFields
 
+// The row of a key prefix that is there.
+constexpr std::size_t driverField(std::string_view prefix)
+{
+    std::size_t at = 0;
+    while (driverFields[at].prefix != prefix)
+        ++at;
+    return at;
+}
+
+// What a driver screen shows: the number, the boxes and two pictures.
+struct DriverBoxes {
+    Field nopilot;
+    std::array<Field, driverFields.size()> boxes; // in the order of driverFields
+    Field picture1, Image1;                       // the files on show; empty: blank
+
+    Field &box(std::string_view prefix) { return boxes[driverField(prefix)]; }
+    DriverRecord record() const;
+    void show(const DriverRecord &record);
+};
+
+// The driver on show in his profile and in the sheet of ratios beside it.
+struct DriverProfile : DriverBoxes {
+    Field lblecuriE, ecuriE; // his team's picture: the path stored, and the file on show
+    Field seasons;           // of his career
+    Field ratiosOf;          // the name that the sheet was worked out for
+    std::array<Field, 10> ratios;
+};
+
 DriverRecord readDriver(const Season &season, std::string_view number);
 
 enum class DriverScreen { newDriver, profile };
@@ -56,9 +85,5 @@ int firstFreeNumber(const Season &season);
 // Seasons of a driver's career, by his name; empty when nobody counted them.
 std::string careerSeasons(const Season &season, std::string_view name);
 void storeCareerSeasons(const WritableSeason &season, std::string_view name, std::string_view seasons); // not for an empty name
-
-// Where a driver's photo and a team's picture lie when no path is stored.
-std::string defaultPhoto(std::string_view folder, std::string_view name);
-std::string defaultTeamPicture(std::string_view folder, std::string_view team);
 
 }

@@ -1,6 +1,7 @@
 #pragma once
 // The record of the main screen: the Grand Prix and the season on show, and the hidden boxes that other screens read and
 // set. All that the program remembers between two clicks, apart from the files, stands here.
+#include "results/drivers.h"
 #include "results/race_fields.h"
 #include "store/names.h"
 #include "store/dialogs.h"
@@ -40,6 +41,7 @@ public:
     Field a;               // path of the film
     Field film;            // "vrai" while the video button is green: a film of this Grand Prix is at hand
     ByPlace<Field, classifiedPlaces> ptspilot; // the scale in use
+    DriverProfile profile;
     Field pol, vic, pts, lblrec; // candidates for the record lists: poles, wins and points, and the pole-sitter's name
 
     // The editor of the scale, while it is open: gives up its boxes as they stand and closes.

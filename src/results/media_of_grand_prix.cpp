@@ -10,11 +10,6 @@ namespace {
 const std::string pictureFilter = "Images (*.jpg *.jpeg *.png *.bmp *.gif *.webp);;Tous les fichiers (*)";
 const std::string filmFilter = "Vidéos (*.avi *.mpg *.mpeg *.wmv *.mp4 *.mkv);;Tous les fichiers (*)";
 
-std::string besideProgram(const MainRecord &main)
-{
-    return main.folder() + "\\" + main.gp.text() + main.an.text() + ".avi";
-}
-
 void keep(MainRecord &main, const std::string &key, const std::string &path)
 {
     WritableSeason(main.store, std::string(keys::galerie)).write(keys::gp, key, path);
@@ -104,15 +99,20 @@ void removeFilm(MainRecord &main)
 {
     keep(main, filmKey(main), "");
     main.film.set("");
-    const std::string file = main.surroundings.findFile(besideProgram(main));
+    const std::string file = main.surroundings.findFile(filmBesideProgram(main));
     if (!file.empty())
         main.surroundings.deleteFile(file);
+}
+
+std::string filmBesideProgram(const MainRecord &main)
+{
+    return main.folder() + "\\" + main.gp.text() + main.an.text() + ".avi";
 }
 
 std::string filmAtHand(const MainRecord &main)
 {
     const std::string kept = main.surroundings.findFilm(main.store.LireINI(keys::galerie, keys::gp, filmKey(main)));
-    return kept.empty() ? main.surroundings.findFilm(besideProgram(main)) : kept;
+    return kept.empty() ? main.surroundings.findFilm(filmBesideProgram(main)) : kept;
 }
 
 }

@@ -18,6 +18,9 @@ void removeCircuitPicture(MainRecord &main);
 void removeRacePicture(MainRecord &main);
 void removeFilm(MainRecord &main);
 
+// Where a film of the Grand Prix on show is looked for when nobody chose one.
+std::string filmBesideProgram(const MainRecord &main);
+
 // The film of the Grand Prix on show, where the gallery file says or else beside the program; empty when there is none to
 // be played.
 std::string filmAtHand(const MainRecord &main);

@@ -1,5 +1,7 @@
 #include "results/navigation.h"
 
+#include "results/media_of_grand_prix.h"
+#include "results/pictures.h"
 #include "store/names.h"
 
 #include <algorithm>
@@ -10,38 +12,21 @@ namespace {
 
 constexpr int lastSlot = gpSlots - 1;
 
-void showCircuitPicture(MainRecord &main)
+void showPictures(MainRecord &main)
 {
-    const std::string &gpName = main.gp.text();
-    main.Labell.set(main.store.LireINI(keys::galerie, keys::gp, keys::picgp(gpName)));
-    std::string shown = main.surroundings.findPicture(main.Labell.text());
-    if (shown.empty()) {
-        // The circuit of this one race bears the file name that an old code page gave it.
-        const std::string file = gpName == "Brésil" ? "Br‚sil" : gpName;
-        main.Labell.set(main.folder() + "\\Photos\\Circuits\\" + file + ".JPG");
-        shown = main.surroundings.findPicture(main.Labell.text());
-    }
-    main.Image1.set(gpName.empty() ? "" : shown);
-}
-
-void showRacePicture(MainRecord &main)
-{
-    const std::string &gpName = main.gp.text();
-    const std::string &year = main.an.text();
-    const std::string beside = main.folder() + "\\Photos\\Actu\\";
-    main.Label50.set(main.store.LireINI(keys::galerie, keys::gp, keys::img(gpName, year)));
-    if (gpName == "Brésil")
-        main.Label50.set(beside + "Br‚sil" + year + ".JPG");
-    if (main.Label50.empty())
-        main.Label50.set(beside + gpName + year + ".JPG");
-    main.Image2.set(gpName.empty() ? "" : main.surroundings.findPicture(main.Label50.text()));
+    const ShownPicture circuit = circuitPicture(main, main.gp.text());
+    main.Labell.set(circuit.path);
+    main.Image1.set(circuit.file);
+    const ShownPicture race = racePicture(main, main.gp.text(), main.an.text());
+    main.Label50.set(race.path);
+    main.Image2.set(race.file);
 }
 
 void showFilm(MainRecord &main)
 {
     const std::string key = keys::vid(main.gp.text(), main.an.text());
     main.a.set(main.store.LireINI(keys::galerie, keys::gp, key));
-    const std::string path = main.folder() + "\\" + main.gp.text() + main.an.text() + ".avi";
+    const std::string path = filmBesideProgram(main);
     const bool beside = !main.surroundings.findFile(path).empty();
     main.film.set(beside ? "vrai" : "");
     if (beside)
@@ -53,8 +38,7 @@ void show(MainRecord &main)
     const Season season = main.season();
     showResult(main, season);
     main.dat.set(season.read(keys::gp, keys::dategp(main.gp.text())));
-    showCircuitPicture(main);
-    showRacePicture(main);
+    showPictures(main);
     showFilm(main);
 }
 

@@ -2,6 +2,7 @@
 
 #include "results/drivers.h"
 #include "results/navigation.h"
+#include "results/pictures.h"
 #include "results/recording.h"
 
 namespace circuidex::results {
@@ -44,20 +45,14 @@ void leaveDriver(const Season &old, const WritableSeason &transit, const std::st
     transit.write(keys::N, team, old.read(keys::N, team));
 }
 
-// A main screen of its own walks through the calendar, since the path of a circuit's picture is the one it is shown by.
-// It looks for no film: finding one is noted in the season.
+// The path of a circuit's picture is the one by which the main screen shows it.
 void leaveCalendar(const MainRecord &main, const WritableSeason &transit)
 {
-    Surroundings pictures;
-    pictures.findPicture = main.surroundings.findPicture;
-    MainRecord walker(main.store, main.dialogs, std::move(pictures));
-    walker.an.set(main.an.text());
-    walker.Label40.set("-1");
     for (int slot = 0; slot < gpSlots; ++slot) {
-        nextGrandPrix(walker);
-        transit.write(keys::gp, keys::namegp(slot), walker.gp.text());
-        if (!walker.gp.empty())
-            transit.write(keys::gp, keys::picgp(walker.gp.text()), walker.Labell.text());
+        const std::string name = main.season().namegp(slot);
+        transit.write(keys::gp, keys::namegp(slot), name);
+        if (!name.empty())
+            transit.write(keys::gp, keys::picgp(name), circuitPicture(main, name).path);
     }
 }
 
@@ -67,9 +62,8 @@ void leaveCalendar(const MainRecord &main, const WritableSeason &transit)
 void arriveDriver(const Season &transit, const WritableSeason &fresh, const std::string &number)
 {
     DriverRecord record = readDriver(transit, number);
-    for (std::size_t i = 0; i < record.size(); ++i)
-        if (driverFields[i].prefix == "podiums" && record[i].empty())
-            record[i] = "0";
+    if (std::string &podiums = record[driverField("podiums")]; podiums.empty())
+        podiums = "0";
     storeDriver(fresh, number, record, DriverScreen::profile);
     const std::string name = fresh.nom(number), team = keys::lblecuriE(fresh.ecurie(number));
     if (name.empty())

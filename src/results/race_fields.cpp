@@ -77,6 +77,11 @@ std::vector<std::string> teams(const Season &season)
     return teamsNamed(season, 0, lastKeptSlot);
 }
 
+void clearTeamlessPoints(const WritableSeason &season)
+{
+    season.write(keys::N, keys::ptsecurie({}), "0");
+}
+
 void resetTeamPoints(const WritableSeason &season, std::string_view slot, std::string_view text)
 {
     for (const std::string &team : teams(season))

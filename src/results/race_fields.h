@@ -44,6 +44,9 @@ void countStarts(const WritableSeason &season, Count count);
 // numbers were taken stand behind them and count here.
 std::vector<std::string> teams(const Season &season);
 
+// What finishers without a team left behind, back to 0.
+void clearTeamlessPoints(const WritableSeason &season);
+
 // Puts one text into every team's points of a calendar slot.
 void resetTeamPoints(const WritableSeason &season, std::string_view slot, std::string_view text);
 

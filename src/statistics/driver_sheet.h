@@ -1,7 +1,8 @@
 #pragma once
 // The ratios of one driver's career: shares of wins, podiums and poles, points a race and a season. They are worked out
-// from the figures of his profile as they stand in its boxes.
-#include "store/number.h"
+// from the figures of his profile as they stand in its boxes. Profile and sheet show one driver: what steps from number
+// to number stands here too.
+#include "results/main_record.h"
 
 #include <array>
 #include <optional>
@@ -36,7 +37,18 @@ inline constexpr std::array<RatioRow, 10> ratioRows{{
     {6, "Nombre de Points par championnat:", "Command12", "Command16"},
 }};
 
-// By the index of Label10. Absent where a figure is missing or a division by zero: the row then keeps its text.
+// By the index of Label10. Absent where a figure is missing or a division by zero: the row is then empty.
 std::array<std::optional<std::string>, 10> driverRatios(const DriverFigures &figures, const Numbers &numbers);
+
+// Profile and sheet of the number on show, read anew. A career without a count begins with this season.
+void openProfile(results::MainRecord &main);
+void showRatios(results::MainRecord &main); // the sheet alone
+
+// So many numbers on or back. The seasons of the driver left are kept under his name.
+void stepProfile(results::MainRecord &main, int by);
+void stepProfileInSeason(results::MainRecord &main, int by); // by one; stops at the first and the last driver
+
+// A change of season: 24 drivers, from the one on show, have one season more.
+void countSeason(results::MainRecord &main);
 
 }

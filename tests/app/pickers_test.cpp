@@ -80,7 +80,7 @@ protected:
     QueuedDialogs dialogs;
     RecordingPlatform platform;
     results::MainRecord main{store, dialogs};
-    Screens screens{rowsWith({"Form1", "Form3", "Form8", "Form14", "Form20", "Form23", "Form34", "Form48", "Form60",
+    Screens screens{rowsWith({"Form1", "Form3", "Form8", "Form20", "Form23", "Form34", "Form48", "Form60",
                               "Form61", "Form78", "Form94"})};
     Context context{store, main, dialogs, platform, screens};
 };
@@ -96,6 +96,7 @@ TEST_F(PickersTest, OpenScreensAreServed)
     const Case cases[] = {
         {PickList::drivers, "class7", 8, "Form48", "Form48.Text99=Kimi Räikkönen tag 9"},
         {PickList::drivers, "n3", 8, "Form8", "Form8.Text5=9, Form8.Label16=Kimi Räikkönen, Form8.Command1"},
+        {PickList::drivers, "fr3", 25, "Form3", "Form3.nopilot=26, Form3.Command3"},
         {PickList::drivers, "resum", 4, "Form60", "Form60.no=4, Form60.Text1=Fernando Alonso, Form60.Command2"},
         {PickList::teams, "resecurie", 3, "Form61", "Form61.Text1=Renault, Form61.Command2"},
         {PickList::teams, "nobody", 3, "Form61", ""},
@@ -114,14 +115,6 @@ TEST_F(PickersTest, ClosedScreensStayClosed)
 {
     EXPECT_EQ(pick(PickList::drivers, "n3", 0) + pick(PickList::grandsPrix, "a1", 0), QString());
     EXPECT_TRUE(screens.openNames().isEmpty());
-}
-
-TEST_F(PickersTest, TheProfileStepsWithItsSheet)
-{
-    screens.open(QStringLiteral("Form3"));
-    screens.open(QStringLiteral("Form14"));
-    EXPECT_EQ(pick(PickList::drivers, "fr3", 25).toStdString(),
-              "Form3.nopilot=26, Form3.Command7, Form3.Command8, Form14.Command2, Form14.Command3, Form3.Command3");
 }
 
 // Without a word a driver's wins are shown, whether their screen was open or not.

@@ -56,7 +56,7 @@ TEST(PickerRoutes, OfADriver)
                      {"winner", "Form39 slot>Text40"},
                      {"class0", "Form48 slot>tag of Text99(0) name>Text99(0)"},
                      {"class25", "Form48 slot>tag of Text99(25) name>Text99(25)"},
-                     {"fr3", "Form3 slot>nopilot Command7 Command8 Form14.Command2 Form14.Command3 = Command3"},
+                     {"fr3", "Form3 slot>nopilot Command3"},
                      {"resum", "Form60 row>no name>Text1 Command2"},
                      {"n1", "Form8 slot>Text1 name>Label3 Command1"},
                      {"n3", "Form8 slot>Text5 name>Label16 Command1"},

@@ -16,14 +16,6 @@ using namespace circuidex::test;
 
 namespace {
 
-std::string &field(DriverRecord &record, std::string_view prefix)
-{
-    std::size_t at = 0;
-    while (driverFields[at].prefix != prefix)
-        ++at;
-    return record[at];
-}
-
 // Two seasons in a folder that was empty, as one user would live through them.
 class TwoSeasons : public testing::Test {
 protected:
@@ -59,10 +51,10 @@ protected:
             known[season().nom(number)] = readDriver(season(), std::to_string(number));
         for (const SampleDriver &driver : sample.drivers) {
             DriverRecord record = known[driver.name];
-            field(record, "nom") = driver.name;
-            field(record, "ecurie") = driver.team;
-            field(record, "age") = driver.birth;
-            field(record, "natio") = driver.nationality;
+            record[driverField("nom")] = driver.name;
+            record[driverField("ecurie")] = driver.team;
+            record[driverField("age")] = driver.birth;
+            record[driverField("natio")] = driver.nationality;
             storeDriver(season(), std::to_string(driver.slot), completed(record, DriverScreen::profile),
                         DriverScreen::profile);
             if (careerSeasons(season(), driver.name).empty())

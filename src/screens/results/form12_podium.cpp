@@ -1,5 +1,5 @@
 // Form12, the podium: the first three of a Grand Prix with their pictures, and a walk through the podiums of the season.
-#include "results/main_record.h"
+#include "results/pictures.h"
 #include "shell/look.h"
 #include "shell/screens.h"
 
@@ -106,25 +106,13 @@ QWidget *Form12::step(int column, int blockHeight)
 
 void Form12::fill(int column)
 {
-    const Season season = m_main.season();
-    const std::string number = text(numberLabels[column]).toStdString();
-    const std::string driver = season.nom(number);
-    const std::string team = season.ecurie(number);
-    const auto find = [this](const std::string &stored) { return m_main.surroundings.findPicture(stored); };
-    const auto show = [this, column](const QString &name, const std::string &path) {
-        setText(name, qt(path), column);
-    };
-    setText(nameLabels[column], qt(driver));
-    std::string photo = find(season.driver("path", number));
-    if (photo.empty())
-        photo = find(m_main.folder() + "\\Photos\\Pilotes\\photo_" + driver + ".jpg");
-    std::string car = find(season.read(keys::N, keys::lblecuriE(team)));
-    if (car.empty())
-        car = find(m_main.folder() + "\\Photos\\Voitures\\picto_" + team + ".jpg");
-    show(u"picture1"_s, photo);
-    show(u"Image1"_s, find(season.driver("pi", number)));
-    m_second[static_cast<std::size_t>(column)]->setVisible(!text(u"Image1"_s, column).isEmpty());
-    show(u"ecuriE"_s, car);
+    const results::DriverRecord driver = results::readDriver(m_main.season(), text(numberLabels[column]).toStdString());
+    const results::DriverPictures pictures = results::driverPictures(m_main, driver, results::PicturesOf::podium);
+    setText(nameLabels[column], qt(driver[results::driverField("nom")]));
+    setText(u"picture1"_s, qt(pictures.photo), column);
+    setText(u"Image1"_s, qt(pictures.second), column);
+    m_second[static_cast<std::size_t>(column)]->setVisible(!pictures.second.empty());
+    setText(u"ecuriE"_s, qt(results::teamPicture(m_main, driver[results::driverField("ecurie")])), column);
     if (column == 0)
         setText(u"Image2"_s, qt(m_main.Image1.text()));
 }

@@ -81,27 +81,26 @@ Label *Form1::pointedCommand(const QString &name, const QString &caption, std::f
     return label;
 }
 
-// The pointer is over the background: all command labels are black again.
 QWidget *Form1::selectionCard()
 {
     auto *grid = new QGridLayout;
     grid->setVerticalSpacing(6);
-    auto *previous = button(u"Command9"_s, u"◀"_s, [this] {
-        const Waiting waiting(*this);
-        results::previousGrandPrix(m_main);
-    });
-    previous->setToolTip(u"Grand Prix précédent (Page préc.)"_s);
-    auto *next = button(u"Command8"_s, u"▶"_s, [this] {
-        const Waiting waiting(*this);
-        results::nextGrandPrix(m_main);
-    });
-    next->setToolTip(u"Grand Prix suivant (Page suiv.)"_s);
-    auto *yearBack = button(u"Command29"_s, u"◀"_s, [this] { results::previousSeason(m_main); });
-    yearBack->setToolTip(u"Saison précédente (Ctrl+Page préc.)"_s);
-    auto *yearOn = button(u"Command28"_s, u"▶"_s, [this] { results::nextSeason(m_main); });
-    yearOn->setToolTip(u"Saison suivante (Ctrl+Page suiv.)"_s);
-    for (QPushButton *arrow : {previous, next, yearBack, yearOn})
-        arrow->setFixedWidth(34);
+    const auto arrow = [this](const QString &name, const QString &caption, void (*go)(results::MainRecord &),
+                              const QString &tip) {
+        auto *made = button(name, caption, [this, go] {
+            const Waiting waiting(*this);
+            go(m_main);
+        });
+        made->setToolTip(tip);
+        made->setFixedWidth(34);
+        return made;
+    };
+    auto *previous =
+        arrow(u"Command9"_s, u"◀"_s, results::previousGrandPrix, u"Grand Prix précédent (Page préc.)"_s);
+    auto *next = arrow(u"Command8"_s, u"▶"_s, results::nextGrandPrix, u"Grand Prix suivant (Page suiv.)"_s);
+    auto *yearBack =
+        arrow(u"Command29"_s, u"◀"_s, results::previousSeason, u"Saison précédente (Ctrl+Page préc.)"_s);
+    auto *yearOn = arrow(u"Command28"_s, u"▶"_s, results::nextSeason, u"Saison suivante (Ctrl+Page suiv.)"_s);
 
     auto *gp = edit(u"gp"_s, m_main.gp, 0, u"Nom du Grand Prix ; Entrée l'ouvre"_s);
     gp->setProperty("title", true);
@@ -111,18 +110,6 @@ QWidget *Form1::selectionCard()
     connect(an, &QLineEdit::returnPressed, this, [this] { results::showSeason(m_main); });
     auto *dat = edit(u"dat"_s, m_main.dat, 70, u"Date a laquelle se déroule le Grand-Prix"_s);
     dat->setAlignment(Qt::AlignCenter);
-
-    auto *number = add(u"Label13"_s, new Label);
-    number->setObjectName(u"large"_s);
-    number->setAlignment(Qt::AlignCenter);
-    number->setFixedWidth(34);
-    number->setToolTip(u"Numéro de la course dans la saison"_s);
-    auto &follow = timer(u"Timer2"_s, 30, TimerControl::Kind::standing, [this, number] {
-        const auto shown = m_main.store.numbers().sum(m_main.Label40.text(), "1");
-        number->setText(qt(shown.value_or("")));
-    });
-    listen(m_main.Label40, [&follow](const std::string &) { follow.kick(); });
-    follow.kick();
 
     auto *season = new QHBoxLayout;
     season->addWidget(caption(u"Ouvrir la Saison"_s));
@@ -135,9 +122,33 @@ QWidget *Form1::selectionCard()
     auto *race = new QHBoxLayout;
     race->addWidget(caption(u"Grand Prix:"_s));
     race->addWidget(previous);
-    race->addWidget(number);
+    race->addWidget(raceNumber());
     race->addWidget(gp, 1);
     race->addWidget(next);
+    grid->addLayout(season, 0, 0);
+    grid->addLayout(race, 1, 0);
+    grid->addLayout(selectionCommands(), 2, 0);
+    return card(u"Selection du GP:"_s, grid);
+}
+
+QWidget *Form1::raceNumber()
+{
+    auto *number = add(u"Label13"_s, new Label);
+    number->setObjectName(u"large"_s);
+    number->setAlignment(Qt::AlignCenter);
+    number->setFixedWidth(34);
+    number->setToolTip(u"Numéro de la course dans la saison"_s);
+    auto &follow = timer(u"Timer2"_s, 30, TimerControl::Kind::standing, [this, number] {
+        const auto shown = m_main.store.numbers().sum(m_main.Label40.text(), "1");
+        number->setText(qt(shown.value_or("")));
+    });
+    listen(m_main.Label40, [&follow](const std::string &) { follow.kick(); });
+    follow.kick();
+    return number;
+}
+
+QLayout *Form1::selectionCommands()
+{
     auto *commands = new QHBoxLayout;
     auto *open =
         pointedCommand(u"Label12"_s, u"Ouvrir le GP"_s, [this] { results::showGrandPrix(m_main); });
@@ -151,10 +162,7 @@ QWidget *Form1::selectionCard()
     commands->addWidget(fresh, 0, Qt::AlignVCenter);
     commands->addStretch(1);
     commands->addWidget(sideButton(u"Command16"_s));
-    grid->addLayout(season, 0, 0);
-    grid->addLayout(race, 1, 0);
-    grid->addLayout(commands, 2, 0);
-    return card(u"Selection du GP:"_s, grid);
+    return commands;
 }
 
 QWidget *Form1::resultCard()
@@ -253,6 +261,12 @@ QWidget *Form1::picturesCard()
     layout->addWidget(
         command(u"Label67"_s, u"Supprimer la photo"_s, [this] { results::removeRacePicture(m_main); }),
         0, Qt::AlignRight);
+    addFilm(layout);
+    return card({}, layout);
+}
+
+void Form1::addFilm(QVBoxLayout *layout)
+{
     auto *film = add(u"Label52"_s, new Label(u"Insérer ou Visionner une Vidéo"_s));
     film->makeCommand();
     film->setProperty("film", true);
@@ -280,7 +294,6 @@ QWidget *Form1::picturesCard()
     films->addWidget(
         command(u"Label64"_s, u"Supprimer la vidéo"_s, [this] { results::removeFilm(m_main); }));
     layout->addLayout(films);
-    return card({}, layout);
 }
 
 QWidget *Form1::grandPrixCommands()
@@ -364,7 +377,5 @@ QWidget *Form1::sideButton(const QString &name)
     leadsTo(*made, qt(sideScreenOf(name.toStdString())->screen));
     return made;
 }
-
-// Opens the side screen of a button, or closes it. A menu first closes the other five.
 
 }

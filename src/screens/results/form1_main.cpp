@@ -114,8 +114,8 @@ void Form1::mouseMoveEvent(QMouseEvent *event)
 void Form1::pressToggle(const QString &name)
 {
     const SideScreen &side = *sideScreenOf(name.toStdString());
-    if (name == u"Command4") // what finishers without a team left behind
-        m_main.writableSeason().write(keys::N, "ptsecurie", "0");
+    if (name == u"Command4")
+        results::clearTeamlessPoints(m_main.writableSeason());
     if (side.menu)
         for (const SideScreen &other : sideScreens)
             if (other.menu && &other != &side)

@@ -23,9 +23,12 @@ private:
     void registerShortcuts();
     void layOut();
     QWidget *selectionCard();
+    QWidget *raceNumber();
+    QLayout *selectionCommands();
     QWidget *resultCard();
     QWidget *remarkCard();
     QWidget *picturesCard();
+    void addFilm(QVBoxLayout *layout);
     QWidget *grandPrixCommands();
     QWidget *windowCommands();
     QWidget *footer();

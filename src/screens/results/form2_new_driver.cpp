@@ -17,23 +17,21 @@ public:
 private:
     void step(double by);
     void walkTeams(double by);
+
+    results::DriverBoxes m_boxes;
 };
 
 Form2::Form2(Context &theContext, const QString &name, const QString &title) :
-    DriverScreenBase(theContext, name, title, results::DriverScreen::newDriver)
+    DriverScreenBase(theContext, name, title, m_boxes)
 {
     hidden(u"Label19"_s, u"0"_s);
-    m_number.set(std::to_string(results::firstFreeNumber(season())));
+    m_boxes.nopilot.set(std::to_string(results::firstFreeNumber(m_main.season())));
     auto *form = new QGridLayout;
     form->setVerticalSpacing(6);
-    auto *number = add(u"nopilot"_s, new Edit);
-    number->setFixedWidth(50);
-    number->setAlignment(Qt::AlignRight);
-    bind(number, m_number);
     auto *numberRow = new QHBoxLayout;
     numberRow->setSpacing(6);
     numberRow->addWidget(command(u"Label17"_s, u"<"_s, [this] { step(-1); }));
-    numberRow->addWidget(number);
+    numberRow->addWidget(numberBox(50));
     numberRow->addWidget(command(u"Label16"_s, u">"_s, [this] { step(1); }));
     numberRow->addStretch(1);
     form->addWidget(styled(u"N° du pilote:"_s, "hint"), 0, 0);
@@ -57,8 +55,8 @@ Form2::Form2(Context &theContext, const QString &name, const QString &title) :
     form->setColumnStretch(1, 1);
 
     auto *pictures = new QVBoxLayout;
-    pictures->addWidget(picture(u"picture1"_s, u"Label21"_s, "path", Outline::driver), 1);
-    pictures->addWidget(picture(u"Image1"_s, u"Label22"_s, "pi", Outline::car), 1);
+    pictures->addWidget(picture(u"picture1"_s, m_boxes.picture1, "path", Outline::driver), 1);
+    pictures->addWidget(picture(u"Image1"_s, m_boxes.Image1, "pi", Outline::car), 1);
     auto *columns = new QHBoxLayout;
     columns->addWidget(card({}, form), 5);
     columns->addWidget(card({}, pictures), 2);
@@ -69,7 +67,9 @@ Form2::Form2(Context &theContext, const QString &name, const QString &title) :
     ok->makeMain();
     ok->setToolTip(u"Enregistrer ce pilote (Ctrl+S)"_s);
     shortcut(u"Ctrl+S"_s, [this] { press(u"Label10"_s); });
-    connect(ok, &QPushButton::clicked, this, [this] { store(); });
+    connect(ok, &QPushButton::clicked, this, [this] {
+        results::storeShownDriver(m_main, m_boxes, results::DriverScreen::newDriver);
+    });
     add(u"Label10"_s, ok);
     foot->addWidget(ok);
     auto *layout = page();
@@ -81,8 +81,8 @@ Form2::Form2(Context &theContext, const QString &name, const QString &title) :
 
 void Form2::step(double by)
 {
-    m_number.set(context.store.numbers().stepped(m_number.text(), by));
-    readFields();
+    m_boxes.nopilot.set(context.store.numbers().stepped(m_boxes.nopilot.text(), by));
+    results::showDriver(m_main, m_boxes, results::DriverScreen::newDriver);
 }
 
 // Saves typing a team's name: the teams of the slots, one after the other.
@@ -90,7 +90,7 @@ void Form2::walkTeams(double by)
 {
     const auto at = context.store.numbers().value(text(u"Label19"_s).toStdString());
     setText(u"Label19"_s, qt(context.store.numbers().text(at.value_or(0) + by)));
-    setText(u"Text8"_s, qt(season().ecurie(text(u"Label19"_s).toStdString())));
+    setText(u"Text8"_s, qt(m_main.season().ecurie(text(u"Label19"_s).toStdString())));
 }
 
 }

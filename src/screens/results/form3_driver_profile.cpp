@@ -2,9 +2,9 @@
 // Form14, which moves with it. Emptying the fields and storing them puts a new driver into the slot.
 #include "kinds/driver_form.h"
 #include "kinds/picker.h"
-#include "results/media_of_grand_prix.h"
 #include "shell/look.h"
 #include "shell/screens.h"
+#include "statistics/driver_sheet.h"
 
 #include <QBoxLayout>
 #include <QGridLayout>
@@ -23,7 +23,6 @@ public:
 protected:
     void closing() override;
     void moveEvent(QMoveEvent *event) override;
-    void showPictures() override;
 
 private:
     QWidget *identityCard();
@@ -32,28 +31,22 @@ private:
     QLayout *foot();
     void compareButton(QGridLayout &grid, int row, const QString &name, const QString &statistic);
 
-    void step(const char *stop, const char *beside, const QString &sheetButton);
-    void open();
-    void read();
-    void emptyFields();
-    void storeAll();
-    void fillBlankPictures();
     void placeSheet();
-    Screen *sheet() const;
     void showTeamLarge();
-    void chooseTeamPicture();
 
-    Field m_seasons; // Text10
+    results::DriverProfile &m_profile;
     TimerControl *m_click = nullptr;
 };
 
 Form3::Form3(Context &theContext, const QString &name, const QString &title) :
-    DriverScreenBase(theContext, name, title, results::DriverScreen::profile)
+    DriverScreenBase(theContext, name, title, theContext.main.profile), m_profile(theContext.main.profile)
 {
-    m_number.set("1");
-    hidden(u"Label25"_s, m_seasons);
-    hidden(u"lblecuriE"_s);
-    hidden(u"Command1"_s, {}, [this] { read(); });
+    m_profile.nopilot.set("1");
+    statistics::openProfile(m_main);
+    hidden(u"Label25"_s, m_profile.seasons);
+    hidden(u"lblecuriE"_s, m_profile.lblecuriE);
+    hidden(u"Command1"_s, {}, [this] { results::readProfile(m_main); });
+    listen(m_profile.seasons, [this](const std::string &) { results::keepSeasons(m_main); });
     m_click = &timer(u"dblclik"_s, 0, TimerControl::Kind::once, [this] { showTeamLarge(); });
     auto *columns = new QHBoxLayout;
     columns->setSpacing(look::gap);
@@ -70,26 +63,18 @@ Form3::Form3(Context &theContext, const QString &name, const QString &title) :
     layout->addWidget(note);
     layout->addLayout(foot());
     resize(600, 620);
-    read();
     context.screens.open(u"Form14"_s);
-    listen(m_seasons, [this](const std::string &seasons) {
-        if (Screen *ratios = sheet())
-            ratios->setText(u"Text1"_s, qt(seasons));
-    });
-    open();
     placeSheet();
 }
 
 QWidget *Form3::identityCard()
 {
-    auto *number = add(u"nopilot"_s, new Edit);
-    number->setFixedWidth(44);
-    number->setAlignment(Qt::AlignRight);
+    const auto open = [this] { statistics::openProfile(m_main); };
+    auto *number = numberBox(44);
     number->setToolTip(u"N° du pilote ; Entrée l'ouvre"_s);
-    bind(number, m_number);
-    connect(number, &QLineEdit::returnPressed, this, [this] { open(); });
-    auto *back = button(u"Command8"_s, u"◀"_s, [this] { step("1", "2", u"Command3"_s); });
-    auto *on = button(u"Command7"_s, u"▶"_s, [this] { step("26", "25", u"Command2"_s); });
+    connect(number, &QLineEdit::returnPressed, this, open);
+    auto *back = button(u"Command8"_s, u"◀"_s, [this] { statistics::stepProfileInSeason(m_main, -1); });
+    auto *on = button(u"Command7"_s, u"▶"_s, [this] { statistics::stepProfileInSeason(m_main, 1); });
     back->setToolTip(u"Pilote précédent (Page préc.)"_s);
     on->setToolTip(u"Pilote suivant (Page suiv.)"_s);
     shortcut(Qt::Key_PageUp, [this] { press(u"Command8"_s); });
@@ -99,7 +84,7 @@ QWidget *Form3::identityCard()
     row->addWidget(back);
     row->addWidget(number);
     row->addWidget(on);
-    row->addWidget(button(u"Command3"_s, u"Ouvrir"_s, [this] { open(); }));
+    row->addWidget(button(u"Command3"_s, u"Ouvrir"_s, open));
     row->addWidget(button(u"Command2"_s, u"Liste"_s, [this] {
         openPicker(context.screens, PickList::drivers, u"fr3"_s);
     }));
@@ -162,7 +147,7 @@ QWidget *Form3::figuresCard()
     auto *seasons = add(u"Text10"_s, new Edit);
     seasons->setFixedWidth(44);
     seasons->setAlignment(Qt::AlignRight);
-    bind(seasons, m_seasons);
+    bind(seasons, m_profile.seasons);
     auto *sentence = new QHBoxLayout;
     sentence->setSpacing(6);
     sentence->addWidget(styled(u"Ce pilote a éfféctué"_s, "hint"));
@@ -172,7 +157,7 @@ QWidget *Form3::figuresCard()
     grid->addLayout(sentence, at, 0, 1, 2);
     compareButton(*grid, at++, u"Command15"_s, u"Command7"_s);
     grid->addWidget(styled(u"Champion du monde:"_s, "hint"), at++, 0, 1, 3);
-    grid->addWidget(add(u"Text3"_s, new Edit), at, 0, 1, 3); // room for seven titles and more
+    grid->addWidget(box(u"Text3"_s), at, 0, 1, 3); // room for seven titles and more
     grid->setColumnStretch(1, 1);
     return card({}, grid);
 }
@@ -183,10 +168,14 @@ QWidget *Form3::picturesCard()
     team->setOutline(Outline::car);
     team->setToolTip(u"Clic = Agrandissement - Double-clic = Insertion d'une image"_s);
     team->onClick = [this] { m_click->start(250); };
-    team->onDoubleClick = [this] { chooseTeamPicture(); };
+    team->onDoubleClick = [this] {
+        m_click->stop();
+        results::chooseTeamPicture(m_main);
+    };
+    bind(team, m_profile.ecuriE);
     auto *layout = new QVBoxLayout;
-    layout->addWidget(picture(u"picture1"_s, u"Label21"_s, "path", Outline::driver), 4);
-    layout->addWidget(picture(u"Image1"_s, u"Label22"_s, "pi", Outline::driver), 4);
+    layout->addWidget(picture(u"picture1"_s, m_profile.picture1, "path", Outline::driver), 4);
+    layout->addWidget(picture(u"Image1"_s, m_profile.Image1, "pi", Outline::driver), 4);
     layout->addWidget(team, 2);
     return card({}, layout);
 }
@@ -196,8 +185,8 @@ QLayout *Form3::foot()
     auto *row = footRow(u"Label15"_s);
     row->insertWidget(1, quietLine(m_main.said), 9);
     row->addWidget(command(u"Label11"_s, u"Annuler"_s, [this] { close(); }));
-    row->addWidget(button(u"Command5"_s, u"Vider les champs"_s, [this] { emptyFields(); }));
-    auto *store = button(u"Command4"_s, u"Enregistrer modifications"_s, [this] { storeAll(); });
+    row->addWidget(button(u"Command5"_s, u"Vider les champs"_s, [this] { results::emptyProfile(m_profile); }));
+    auto *store = button(u"Command4"_s, u"Enregistrer modifications"_s, [this] { results::storeProfile(m_main); });
     store->makeMain();
     store->setToolTip(u"Enregistrer ce pilote sous son numéro (Ctrl+S)"_s);
     shortcut(u"Ctrl+S"_s, [this] { press(u"Command4"_s); });
@@ -205,87 +194,10 @@ QLayout *Form3::foot()
     return row;
 }
 
-Screen *Form3::sheet() const
-{
-    return context.screens.find(u"Form14"_s);
-}
-
-// One number on or back through the sheet, which keeps the seasons of the driver left.
-void Form3::step(const char *stop, const char *beside, const QString &sheetButton)
-{
-    if (m_number.text() == stop)
-        m_number.set(beside);
-    if (Screen *ratios = sheet())
-        ratios->press(sheetButton);
-    open();
-}
-
-// The number on show anew: fields, sheet, seasons and pictures.
-void Form3::open()
-{
-    read();
-    if (Screen *ratios = sheet()) {
-        for (int row = 0; row < 10; ++row) // a ratio that can't be worked out leaves its row empty
-            ratios->setText(u"Label10"_s, {}, row);
-        ratios->press(u"Actualiser"_s);
-        m_seasons.set(ratios->text(u"Text1"_s).toStdString());
-    }
-    fillBlankPictures();
-}
-
-void Form3::read()
-{
-    readFields();
-    if (text(u"Text12"_s).isEmpty())
-        setText(u"Text12"_s, u"http://"_s);
-}
-
-void Form3::showPictures()
-{
-    DriverScreenBase::showPictures();
-    const std::string team = text(u"Text8"_s).toStdString();
-    setText(u"lblecuriE"_s, qt(season().read(keys::N, keys::lblecuriE(team))));
-    setText(u"ecuriE"_s, qt(findPicture(text(u"lblecuriE"_s).toStdString())));
-    if (text(u"picture1"_s).isEmpty())
-        setText(u"picture1"_s,
-                qt(findPicture(results::defaultPhoto(m_main.folder(), text(u"Text1"_s).toStdString()))));
-}
-
-void Form3::fillBlankPictures()
-{
-    const auto fill = [this](const QString &control, const std::string &stored) {
-        if (text(control).isEmpty())
-            setText(control, qt(findPicture(stored)));
-    };
-    const std::string anybody = m_main.folder() + "\\photos\\Pilotes\\photo_XXX.jpg";
-    fill(u"picture1"_s, anybody);
-    fill(u"Image1"_s, anybody);
-    fill(u"ecuriE"_s, results::defaultTeamPicture(m_main.folder(), text(u"Text8"_s).toStdString()));
-}
-
-// Number, address and pictures stay; the name goes first, so that the seasons of the driver who leaves stay his.
-void Form3::emptyFields()
-{
-    setText(u"Text1"_s, {});
-    for (const results::DriverField &field : results::driverFields)
-        if (field.control != "Text12" && !field.control.starts_with("Label"))
-            setText(qt(field.control), {});
-    m_seasons.set("");
-}
-
-void Form3::storeAll()
-{
-    if (!store())
-        return;
-    if (m_seasons.empty())
-        m_seasons.set("1");
-    results::storeCareerSeasons(writableSeason(), text(u"Text1"_s).toStdString(), m_seasons.text());
-}
-
 void Form3::placeSheet()
 {
-    if (Screen *ratios = sheet())
-        ratios->setPlace((x() + width()) * twipsPerPixel, y() * twipsPerPixel);
+    if (Screen *sheet = context.screens.find(u"Form14"_s))
+        sheet->setPlace((x() + width()) * twipsPerPixel, y() * twipsPerPixel);
 }
 
 void Form3::moveEvent(QMoveEvent *event)
@@ -299,20 +211,6 @@ void Form3::showTeamLarge()
     const QString path = text(u"ecuriE"_s);
     if (const Screen *viewer = path.isEmpty() ? nullptr : context.screens.open(u"Form16"_s))
         viewer->setText(u"Image1"_s, path);
-}
-
-void Form3::chooseTeamPicture()
-{
-    m_click->stop();
-    const EnteredName team = enteredName(text(u"Text8"_s).toStdString());
-    if (!team.fits())
-        return context.dialogs.message(team.refusal);
-    const auto chosen = results::choosePictureFile(context.dialogs, "Image");
-    if (!chosen)
-        return;
-    writableSeason().write(keys::N, keys::lblecuriE(team.name), *chosen);
-    setText(u"lblecuriE"_s, qt(*chosen));
-    setText(u"ecuriE"_s, qt(findPicture(*chosen)));
 }
 
 void Form3::closing()

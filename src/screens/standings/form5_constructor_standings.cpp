@@ -9,8 +9,6 @@ namespace circuidex::screens {
 
 namespace {
 
-constexpr std::string_view favouriteKey = "ecuriesauvegardee";
-
 StandingsKind kind()
 {
     return {
@@ -26,7 +24,7 @@ StandingsKind kind()
           u"Ecart en point(s) par rapport à l'écurie séléctionnée: pour selectionner une écurie, cliquez "
                          "dessus"_s}},
         standings::teamRows,
-        "nopilott2"};
+        standings::teamArrows};
 }
 
 class Form5 : public StandingsScreen {
@@ -45,7 +43,7 @@ private:
 Form5::Form5(Context &theContext, const QString &name, const QString &title)
     : StandingsScreen(theContext, name, title, kind())
 {
-    m_favourite.set(season().read(keys::N, favouriteKey));
+    m_favourite.set(season().read(keys::N, standings::favouriteTeam));
     findFavourite();
     registerHidden();
     fill(standings::constructorStandings(season(), m_favourite.text()));
@@ -78,7 +76,7 @@ std::string Form5::nameAt(const std::string &number) const
 void Form5::closing()
 {
     StandingsScreen::closing();
-    context.main.writableSeason().write(keys::N, favouriteKey, m_favourite.text());
+    standings::keepFavourite(context.main.writableSeason(), standings::favouriteTeam, m_favourite.text());
 }
 
 }

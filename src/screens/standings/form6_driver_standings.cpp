@@ -23,7 +23,7 @@ StandingsKind kind()
           u"Ecart en point(s) par rapport au pilote séléctionné: pour selectionner un pilote, cliquez "
                          "dessus"_s}},
         driverSlots,
-        "nopilott"};
+        standings::driverArrows};
 }
 
 class Form6 : public StandingsScreen {
