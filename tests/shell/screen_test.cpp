@@ -88,6 +88,7 @@ TEST_F(ScreenTest, TakesANameStillBeingTypedBeforeItAmends)
     auto *winner = static_cast<QLineEdit *>(static_cast<WidgetControl *>(main.control(u"Text31"_s))->widget());
     const auto typeAndStore = [&](const char *name) {
         main.activateWindow();
+        QApplication::processEvents(); // the window becomes the active one
         winner->setFocus();
         winner->selectAll();
         QTest::keyClicks(winner, QString::fromLatin1(name));
