@@ -287,9 +287,12 @@ void Screen::dress()
     update();
 }
 
+// A page that scrolls is printed whole, without the bar over it.
 void Screen::print()
 {
-    context.platform.print(*this, m_name.toStdString());
+    const QSize seen = m_page->viewport()->size();
+    const bool scrolls = m_body->height() > seen.height() || m_body->width() > seen.width();
+    context.platform.print(scrolls ? *m_body : static_cast<QWidget &>(*this), m_name.toStdString());
 }
 
 QVBoxLayout *Screen::page()
