@@ -94,6 +94,16 @@ Table *RaceTable::raceTable(const QString &gpTitle, std::vector<Column> columns)
     return m_races;
 }
 
+Table *RaceTable::wideTable(const QString &gpTitle, std::vector<Column> columns)
+{
+    Table *made = raceTable(gpTitle, std::move(columns));
+    made->setStyleSheet(look::narrowHeads());
+    made->setAlternatingRowColors(false);
+    made->setTitleLines(2);
+    made->setFixedHeight(made->rowsHigh(gpSlots));
+    return made;
+}
+
 void RaceTable::setRace(int row, const std::string &gpName, const std::string &year)
 {
     m_year = year;

@@ -34,6 +34,8 @@ public:
 protected:
     // A row for each slot of the calendar: its number, `Label6` for the Grand Prix, and the columns given.
     Table *raceTable(const QString &gpTitle, std::vector<Column> columns);
+    // The same for many narrow columns that have colours of their own: small heads in two lines.
+    Table *wideTable(const QString &gpTitle, std::vector<Column> columns);
     // The name in a row, of the season that opening it will lead to.
     void setRace(int row, const std::string &gpName, const std::string &year);
 

@@ -79,11 +79,7 @@ QWidget *TeamTable::answer()
         columns.push_back({name, title, figureWidth, Qt::AlignRight});
         columns.back().back = look::gain;
     }
-    m_table = raceTable(u"Nom du Grand-Prix:"_s, std::move(columns));
-    m_table->setStyleSheet(look::narrowHeads());
-    m_table->setAlternatingRowColors(false);
-    m_table->setTitleLines(2);
-    m_table->setFixedHeight(m_table->rowsHigh(gpSlots));
+    m_table = wideTable(u"Nom du Grand-Prix:"_s, std::move(columns));
     return m_table;
 }
 

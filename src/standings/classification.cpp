@@ -82,10 +82,10 @@ SeasonWinners LaggingYear::open(Store &store, Stage stage, std::string_view plac
     return holders;
 }
 
-void LaggingYear::step(std::string_view by, const Numbers &numbers)
+void LaggingYear::step(int by, const Numbers &numbers)
 {
     for (Field *year : {&typed, &shown})
-        year->set(numbers.sum(year->text(), by).value_or(year->text()));
+        year->set(numbers.stepped(year->text(), by));
 }
 
 std::optional<PlaceList> racesAtPlace(Store &store, const PlaceQuestion &question)

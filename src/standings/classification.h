@@ -34,7 +34,7 @@ struct LaggingYear {
     SeasonWinners open(Store &store, Stage stage, std::string_view place);
 
     // One year on ("1") or back ("-1"), without a lag. A text that is no number stays.
-    void step(std::string_view by, const Numbers &numbers);
+    void step(int by, const Numbers &numbers);
 
     Field typed, shown;
 };

@@ -102,7 +102,7 @@ TEST_F(Classification, FollowsATypedYearWithALag)
         const SeasonWinners holders = year.open(desk.store, Stage::finish, "2");
         return holders.races[0].gp + "|" + holders.races[0].winner + "|" + holders.champion;
     };
-    const auto stepped = [&](const char *by) {
+    const auto stepped = [&](int by) {
         year.step(by, desk.store.numbers());
         return opened();
     };
@@ -118,12 +118,12 @@ TEST_F(Classification, FollowsATypedYearWithALag)
     }
     year.typed.set("2003");
     opened();
-    EXPECT_EQ(stepped("1"), "Australie|Rubens Barrichello|Michael Schumacher");
+    EXPECT_EQ(stepped(1), "Australie|Rubens Barrichello|Michael Schumacher");
     EXPECT_EQ(year.shown.text(), "2004");
-    EXPECT_EQ(stepped("-1"), "Australie|Juan Pablo Montoya|Michael Schumacher");
+    EXPECT_EQ(stepped(-1), "Australie|Juan Pablo Montoya|Michael Schumacher");
     year.typed.set("abc");
     opened();
-    stepped("1");
+    stepped(1);
     EXPECT_EQ(year.typed.text(), "abc");
 }
 

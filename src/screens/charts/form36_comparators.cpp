@@ -163,11 +163,7 @@ QWidget *Comparator::answer()
     for (std::size_t block = 0; block < 3; ++block)
         for (const Subject &subject : subjects)
             columns.push_back({subject.columns[block], {}, figureWidth, Qt::AlignRight});
-    m_table = raceTable(u"Nom du Grand-Prix:"_s, std::move(columns));
-    m_table->setStyleSheet(look::narrowHeads());
-    m_table->setAlternatingRowColors(false);
-    m_table->setTitleLines(2);
-    m_table->setFixedHeight(m_table->rowsHigh(gpSlots));
+    m_table = wideTable(u"Nom du Grand-Prix:"_s, std::move(columns));
     auto *made = new QWidget;
     auto *layout = new QVBoxLayout(made);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -1,9 +1,9 @@
 #include "screens/results/form1_main.h"
 
-#include "platform/platform.h"
-#include "results/amending.h"
 #include "kinds/name_search.h"
 #include "kinds/picker.h"
+#include "platform/platform.h"
+#include "results/amending.h"
 #include "results/media_of_grand_prix.h"
 #include "results/navigation.h"
 #include "results/new_season.h"

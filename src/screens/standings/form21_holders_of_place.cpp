@@ -32,7 +32,7 @@ private:
     void addPlace(QBoxLayout &row);
     void ask(); // Command1
     void stepPlace(int by, int end);
-    void stepYear(const char *by);
+    void stepYear(int by);
 
     HoldersKind m_kind;
     standings::LaggingYear m_year; // Text2 and Label2
@@ -63,9 +63,9 @@ QWidget *HoldersOfPlace::question()
     });
     arrows(*row, year,
            {m_kind.yearBack.toString(), u"Saison précédente"_s, m_kind.winners ? Qt::Key_PageUp : Qt::Key_Left,
-            [this] { stepYear("-1"); }},
+            [this] { stepYear(-1); }},
            {m_kind.yearOn.toString(), u"Saison suivante"_s, m_kind.winners ? Qt::Key_PageDown : Qt::Key_Right,
-            [this] { stepYear("1"); }});
+            [this] { stepYear(1); }});
     row->addWidget(mainButton(u"Command1"_s, u"Ouvrir"_s, u"Montrer cette saison (Entrée)"_s, [this] { ask(); }));
     row->addStretch(1);
     auto *champion = add(u"Label5"_s, new Label);
@@ -108,7 +108,7 @@ void HoldersOfPlace::stepPlace(int by, int end)
     ask();
 }
 
-void HoldersOfPlace::stepYear(const char *by)
+void HoldersOfPlace::stepYear(int by)
 {
     m_year.step(by, context.store.numbers());
     ask();
