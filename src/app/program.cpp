@@ -6,11 +6,7 @@
 #include "platform/qt_pictures.h"
 
 #include <QAbstractEventDispatcher>
-#include <QCoreApplication>
-#include <QDir>
-#include <QFileInfo>
 #include <QLocale>
-#include <QStandardPaths>
 #include <QTimer>
 
 #include <algorithm>
@@ -110,17 +106,6 @@ Opening openingOf(const FolderLock &lock, Dialogs &dialogs)
         dialogs.question("Circuidex est déjà ouvert sur ce dossier. Deux programmes qui écrivent dans les mêmes "
                          "fichiers se gêneraient.\n\nL'ouvrir en lecture seule, sans rien y changer ?");
     return look ? Opening::readOnly : Opening::refused;
-}
-
-std::filesystem::path programFolder()
-{
-    const QString beside = QCoreApplication::applicationDirPath();
-    if (QFileInfo(beside).isWritable())
-        return beside.toStdString();
-    const QString own =
-        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/Circuidex"_s;
-    QDir().mkpath(own);
-    return own.toStdString();
 }
 
 Numbers userNumbers()
