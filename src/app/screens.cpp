@@ -36,6 +36,8 @@
     screen(form61)                \
     screen(form70)                \
     screen(form75)                \
+    screen(form78)                \
+    screen(form80)                \
     screen(form100)               \
     screen(menuScreens)
 

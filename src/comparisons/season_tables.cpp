@@ -3,6 +3,7 @@
 #include "results/scale.h"
 #include "results/team_list.h"
 #include "standings/race_places.h"
+#include "store/names.h"
 
 #include <algorithm>
 #include <cmath>
@@ -28,6 +29,13 @@ double teamPoints(const Season &season, std::string_view team, int slot)
     return season.numbers().value(notedPoints(season, team, slot)).value_or(0);
 }
 
+// Where the sum would be no number any more, it stays.
+void add(double &sum, double points)
+{
+    if (std::isfinite(sum + points))
+        sum += points;
+}
+
 // Only what the season's own file says: neither the year before nor the usual scale stands in.
 OwnScale ownScale(const Season &season)
 {
@@ -51,7 +59,7 @@ double driverPoints(const Finishers &names, const OwnScale &scale, std::string_v
     double points = 0;
     for (int place = 1; place <= classifiedPlaces && !driver.empty(); ++place)
         if (names[place] == driver) {
-            points += scale[place];
+            add(points, scale[place]);
             if (sum == Sum::upToRace)
                 break;
         }
@@ -70,7 +78,9 @@ void fillColumn(std::vector<SeasonRow> &rows, std::size_t column, const Season &
 {
     double points = 0;
     for (int slot = 0; SeasonRow & row : rows) {
-        points = (sum == Sum::upToRace ? points : 0) + pointsAt(slot);
+        if (sum == Sum::ofRace)
+            points = 0;
+        add(points, pointsAt(slot));
         row.points[column] = notedPoints(season, whoHolds, slot++).empty() ? notHeld : season.numbers().text(points);
     }
 }
@@ -85,19 +95,10 @@ std::vector<SeasonRow> numberedRaces()
 
 }
 
-Years yearsUpTo(std::string_view year, const Numbers &numbers)
-{
-    Years years;
-    for (std::size_t column = 0; column < currentSeason; ++column)
-        years[column] = numbers.difference(year, std::to_string(currentSeason - column)).value_or("");
-    years[currentSeason] = year;
-    return years;
-}
-
 Seasons seasonsUpTo(const Store &store, std::string_view year)
 {
-    const Years years = yearsUpTo(year, store.numbers());
-    return {Season(store, years[0]), Season(store, years[1]), Season(store, years[2]), Season(store, years[3])};
+    const auto before = [&](int years) { return Season(store, seasonStem(store.numbers().stepped(year, -years))); };
+    return {before(3), before(2), before(1), before(0)};
 }
 
 std::vector<SeasonRow> teamField(const Seasons &seasons, int races)
@@ -105,10 +106,10 @@ std::vector<SeasonRow> teamField(const Seasons &seasons, int races)
     std::vector<SeasonRow> rows;
     for (std::string &team : results::teamList(seasons[currentSeason])) {
         SeasonRow row{std::move(team), {}};
-        for (std::size_t column = 0; column < comparedSeasons; ++column) {
+        for (std::size_t column = 0; column < seasonsCompared; ++column) {
             double points = 0;
             for (int slot = 0; slot < std::max(searched(races), 1); ++slot)
-                points += teamPoints(seasons[column], row.head, slot);
+                add(points, teamPoints(seasons[column], row.head, slot));
             row.points[column] = seasons[column].numbers().text(points);
         }
         rows.push_back(std::move(row));
@@ -121,16 +122,15 @@ std::vector<SeasonRow> driverField(const Seasons &seasons, int races)
     std::vector<SeasonRow> rows(driverSlots);
     for (int number = 1; SeasonRow & row : rows)
         row.head = seasons[currentSeason].nom(number++);
-    for (std::size_t column = 0; column < comparedSeasons; ++column) {
+    for (std::size_t column = 0; column < seasonsCompared; ++column) {
         const Season &season = seasons[column];
         const auto scale = ownScale(season);
         std::array<double, driverSlots> points{};
-        for (int slot = 0; slot < searched(races); ++slot)
-            for (int place = 1; const std::string &name : finishers(season, slot)) {
-                for (std::size_t i = 0; i < rows.size(); ++i)
-                    points[i] += rows[i].head == name ? scale[place] : 0;
-                ++place;
-            }
+        for (int slot = 0; slot < searched(races); ++slot) {
+            const Finishers names = finishers(season, slot);
+            for (std::size_t i = 0; i < rows.size(); ++i)
+                add(points[i], driverPoints(names, scale, rows[i].head, Sum::ofRace));
+        }
         for (std::size_t i = 0; i < rows.size(); ++i)
             rows[i].points[column] = rows[i].head.empty() ? std::string() : season.numbers().text(points[i]);
     }
@@ -160,7 +160,7 @@ Differences differences(const Points &points, std::size_t reference, const Numbe
 {
     Differences cells;
     const auto from = numbers.value(points[reference]);
-    for (std::size_t column = 0; column < comparedSeasons; ++column) {
+    for (std::size_t column = 0; column < seasonsCompared; ++column) {
         const auto to = numbers.value(points[column]);
         if (!from || !to)
             cells[column].text = from ? points[column] : points[reference];

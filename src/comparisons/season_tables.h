@@ -3,6 +3,7 @@
 // far each season is from one taken as the reference. Seasons are matched by the place of a race in the calendar,
 // whatever circuit that was, drivers and teams by their names. Each season's points follow its own scale, as its file
 // holds it; a season without a file has none.
+#include "comparisons/season_heads.h"
 #include "standings/tone.h"
 #include "store/season.h"
 
@@ -12,18 +13,13 @@
 
 namespace circuidex::comparisons {
 
-inline constexpr std::size_t comparedSeasons = 4;
-inline constexpr std::size_t currentSeason = comparedSeasons - 1; // the last one
+inline constexpr std::size_t currentSeason = seasonsCompared - 1; // the last one
 
-// Oldest first. A year that is no number stands alone: the seasons before it have no year and no file.
-using Years = std::array<std::string, comparedSeasons>;
-Years yearsUpTo(std::string_view year, const Numbers &numbers);
-
-using Seasons = std::array<Season, comparedSeasons>;
-Seasons seasonsUpTo(const Store &store, std::string_view year);
+using Seasons = std::array<Season, seasonsCompared>;
+Seasons seasonsUpTo(const Store &store, std::string_view year); // oldest first
 
 // Points as text, by season; "-" for a race that the season hasn't held, empty in a row without a head.
-using Points = std::array<std::string, comparedSeasons>;
+using Points = std::array<std::string, seasonsCompared>;
 inline constexpr std::string_view notHeld = "-";
 
 struct SeasonRow {
@@ -45,7 +41,7 @@ std::vector<SeasonRow> driverRaces(const Seasons &seasons, std::string_view driv
 
 // The reference by its own points, "12 pts"; of each other season what the reference has more, "+ 3", or less, "- 3".
 // What isn't held can't be compared, and nothing can with a reference that isn't.
-using Differences = std::array<standings::Toned, comparedSeasons>;
+using Differences = std::array<standings::Toned, seasonsCompared>;
 Differences differences(const Points &points, std::size_t reference, const Numbers &numbers);
 
 inline constexpr int racesSearched = 22; // slots 0 to 21 of the calendar: two more than it has
