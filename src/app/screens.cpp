@@ -39,6 +39,8 @@
     screen(form62)                \
     screen(form70)                \
     screen(form75)                \
+    screen(form78)                \
+    screen(form80)                \
     screen(form93)                \
     screen(form100)               \
     screen(menuScreens)
