@@ -111,7 +111,7 @@ std::vector<Hostile> hostileArchives()
         {"no archive", "PK\3\4 rien", "abîmée"},
         {"cut", good.substr(0, good.size() / 2), "abîmée"},
         {"wrong checksum", changed(zipOf(season, "zip:compression=store"), "nogp=1", "nogp=9"), "abîmée"},
-        {"nothing in it", zipOf({}), "vide"},
+        {"nothing in it", zipOf({{"Photos", "", AE_IFDIR}}), "vide"},
         {"extractor's own", beside({".circuidex-numeros", "x"}), "réserve"},
         {"copies", beside({"sauvegardes/f12005.ini", "x"}), "réserve"},
         {"other archive", beside({"photos.zip", "x"}), "réserve"},
