@@ -160,8 +160,7 @@ void QtDownload::dropReply()
     if (!m_reply)
         return;
     m_reply->disconnect(this);
-    m_reply->abort();
-    m_reply->deleteLater();
+    m_reply->deleteLater(); // which ends it, too
     m_reply = nullptr;
 }
 

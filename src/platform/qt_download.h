@@ -19,8 +19,8 @@ public:
     explicit QtDownload(std::chrono::milliseconds mostSilence = online::mostSilence, QObject *parent = nullptr);
     ~QtDownload() override;
 
-    // Begins and answers at once; `ended` follows, always from the event loop. A transfer that runs is cancelled before.
-    // With the flag it goes on where an earlier one of the same source stopped.
+    // Begins and answers at once; `ended` follows from the event loop. A transfer that still runs is cancelled, and
+    // ended, before. With the flag it goes on where an earlier one of the same source stopped.
     void StartDownload(const QString &source, const QString &destination, bool flag);
 
     // Ends a running transfer; nothing happens without one.

@@ -6,8 +6,8 @@
 // killed right before one of its system calls or in the middle of a write, at places spread over the whole work; then
 // the program ZIP itself is killed as often at moments spread over its running time, and every other time killed again
 // while it ends the work. After each kill every file must be the old or the new one, whole, and a new one of an archive
-// only when all of that archive was unpacked. A last undisturbed run must end with all new, the archives gone, copies of
-// what was replaced, and nothing lying about.
+// only when all of that archive was unpacked. A last undisturbed run must end with all new, the archives gone, copies
+// of what was replaced, and nothing lying about.
 #include "online/archives.h"
 #include "online/unpacking.h"
 #include "store/temporary_folder.h"
@@ -42,12 +42,17 @@ std::string bytesOf(unsigned seed, std::size_t size)
     return bytes;
 }
 
-const Files before{{"f12005.ini", "[gp]\r\nnogp=" + bytesOf(1, 30'000)}, {"f1ARCHIVES.ini", "[GP]\r\na=" + bytesOf(2, 15'000)},
-                   {"A1.txt", "mon article"}, {"photos/Circuits/Monaco.jpg", bytesOf(3, 90'000)}};
-const Files results{{"f12005.ini", "[gp]\r\nnogp=" + bytesOf(4, 31'000)}, {"f12006.ini", "[gp]\r\nnogp=" + bytesOf(5, 30'000)},
+const Files before{{"f12005.ini", "[gp]\r\nnogp=" + bytesOf(1, 30'000)},
+                   {"f1ARCHIVES.ini", "[GP]\r\na=" + bytesOf(2, 15'000)},
+                   {"A1.txt", "mon article"},
+                   {"photos/Circuits/Monaco.jpg", bytesOf(3, 90'000)}};
+const Files results{{"f12005.ini", "[gp]\r\nnogp=" + bytesOf(4, 31'000)},
+                    {"f12006.ini", "[gp]\r\nnogp=" + bytesOf(5, 30'000)},
                     {"f1ARCHIVES.ini", "[GP]\r\na=" + bytesOf(6, 16'000)}};
-const Files pictures{{"photos/Circuits/Monaco.jpg", bytesOf(7, 200'000)}, {"photos/Actu/a.jpg", bytesOf(8, 150'000)},
-                     {"photos/Pilotes/b.jpg", bytesOf(9, 10'000)}, {"descriptions/Monaco.txt", "texte"}};
+const Files pictures{{"photos/Circuits/Monaco.jpg", bytesOf(7, 200'000)},
+                     {"photos/Actu/a.jpg", bytesOf(8, 150'000)},
+                     {"photos/Pilotes/b.jpg", bytesOf(9, 10'000)},
+                     {"descriptions/Monaco.txt", "texte"}};
 
 std::string packed(const Files &files)
 {
@@ -176,7 +181,8 @@ void killAtCall(const Workshop &folder, std::size_t last, Trial &trial)
 }
 
 // The program itself, killed after so long; never when it ends before. How long it took.
-std::chrono::microseconds runFor(const Workshop &folder, const std::string &zip, std::chrono::microseconds time, Trial &trial)
+std::chrono::microseconds runFor(const Workshop &folder, const std::string &zip, std::chrono::microseconds time,
+                                 Trial &trial)
 {
     std::string words[] = {zip, "--no-restart", "--folder", folder.path().string()};
     char *const list[] = {words[0].data(), words[1].data(), words[2].data(), words[3].data(), nullptr};

@@ -109,12 +109,18 @@ TEST(Transfer, FailsWithoutAFile)
 TEST(Transfer, FollowsToAddressesOfTheWebOnly)
 {
     const char *const cases[][3] = {
-        {"http://a/b/c?d", "e.zip", "http://a/b/e.zip"},  {"http://a", "e.zip", "http://a/e.zip"},
-        {"http://a/b/", "/e.zip", "http://a/e.zip"},      {"https://a/b", "//c/d", "https://c/d"},
-        {"http://a/b", "https://c/d", "https://c/d"},     {"http://a/b", "e?u=http://x", "http://a/e?u=http://x"},
-        {"http://a/b", "é 1", "http://a/%C3%A9%201"},     {"https://a/b", "http://a/b", "-"},
-        {"https://a/b", "HTTP://a/b", "-"},               {"http://a/b", "ftp://a/b", "-"},
-        {"http://a/b", "", "-"},                          {"http://a/b", "/c\r\nd", "-"},
+        {"http://a/b/c?d", "e.zip", "http://a/b/e.zip"},
+        {"http://a", "e.zip", "http://a/e.zip"},
+        {"http://a/b/", "/e.zip", "http://a/e.zip"},
+        {"https://a/b", "//c/d", "https://c/d"},
+        {"http://a/b", "https://c/d", "https://c/d"},
+        {"http://a/b", "e?u=http://x", "http://a/e?u=http://x"},
+        {"http://a/b", "é 1", "http://a/%C3%A9%201"},
+        {"https://a/b", "http://a/b", "-"},
+        {"https://a/b", "HTTP://a/b", "-"},
+        {"http://a/b", "ftp://a/b", "-"},
+        {"http://a/b", "", "-"},
+        {"http://a/b", "/c\r\nd", "-"},
     };
     for (const auto &[from, location, to] : cases)
         EXPECT_EQ(redirected(from, location).value_or("-"), to) << from << " " << location;
@@ -126,8 +132,8 @@ TEST(Transfer, TakesFilmNamesOnly)
 {
     for (const char *name : {"Monaco2005.avi", "Saint-Marin 2005.AVI", "Brésil2004.mkv"})
         EXPECT_TRUE(filmPlace("/p", name)) << name;
-    for (const char *name : {"../a.avi", "a/b.avi", "a\\b.avi", "c:a.avi", "/a.avi", "circuidex", "f12005.ini", "", ".avi",
-                             ".a.avi", "nul.avi", "a.avi ", "serveurs.ini", "Photos.zip"})
+    for (const char *name : {"../a.avi", "a/b.avi", "a\\b.avi", "c:a.avi", "/a.avi", "circuidex", "f12005.ini", "",
+                             ".avi", ".a.avi", "nul.avi", "a.avi ", "serveurs.ini", "Photos.zip"})
         EXPECT_FALSE(filmPlace("/p", name)) << name;
 }
 
@@ -141,7 +147,8 @@ TEST(Transfer, TellsSpeedAndTimeLeft)
     EXPECT_EQ(transfer.status(), "1,5 Mo sur 3,0 Mo, 512 Ko/s, encore 3 s");
     EXPECT_EQ(transfer.progress().third, 512 << 10);
     EXPECT_EQ(sizeText(999) + " " + sizeText(12.4 * 1024) + " " + sizeText(5e9), "999 octets 12 Ko 4,7 Go");
-    EXPECT_EQ(durationText(59.1) + ", " + durationText(3599) + ", " + durationText(3900), "1 min 00 s, 59 min 59 s, 1 h 05 min");
+    EXPECT_EQ(durationText(59.1) + ", " + durationText(3599) + ", " + durationText(3900),
+              "1 min 00 s, 59 min 59 s, 1 h 05 min");
 }
 
 TEST(UpdateRun, FetchesInItsOrder)

@@ -162,12 +162,13 @@ TEST(Unpacking, PutsDataInPlaceAndKeepsWhatItReplaces)
     layDown(folder / "F12006.INI", "[gp]\r\nnogp=1\r\n");
     layDown(folder / "A1.txt", "mon article");
     fs::create_directories(folder / "photos/Circuits");
-    layDown(folder / "miseajour.zip", zipOf({{"./f12006.ini", "[gp]\r\nnogp=2\r\n", AE_IFREG, 0755},
-                                             {"a1.TXT", "autre"},
-                                             {"Année", " 2006 \r\n"}}));
-    layDown(folder / "Photos.zip", zipOf({{"Photos", "", AE_IFDIR},
-                                          {"Photos\\Circuits\\Monaco.jpg", "image"},
-                                          {"Photos/Actu/Räikkönen.jpg", "image"}}));
+    layDown(
+        folder / "miseajour.zip",
+        zipOf({{"./f12006.ini", "[gp]\r\nnogp=2\r\n", AE_IFREG, 0755}, {"a1.TXT", "autre"}, {"Année", " 2006 \r\n"}}));
+    layDown(folder / "Photos.zip",
+            zipOf({{"Photos", "", AE_IFDIR},
+                   {"Photos\\Circuits\\Monaco.jpg", "image"},
+                   {"Photos/Actu/Räikkönen.jpg", "image"}}));
     EXPECT_EQ(unpackAll(folder.path()), std::vector<std::string>());
     std::map<std::string, std::string> files = filesOf(folder.path());
     std::vector<std::string> kept;
@@ -179,11 +180,12 @@ TEST(Unpacking, PutsDataInPlaceAndKeepsWhatItReplaces)
     });
     std::sort(kept.begin(), kept.end());
     EXPECT_EQ(kept, (std::vector<std::string>{"[gp]\r\nnogp=1\r\n", "mon article"}));
-    EXPECT_EQ(files, (std::map<std::string, std::string>{{"F12006.INI", "[gp]\r\nnogp=2\r\n"},
-                                                        {"A1.txt", "autre"},
-                                                        {"Année", " 2006 \r\n"},
-                                                        {"photos/Circuits/Monaco.jpg", "image"},
-                                                        {"photos/Actu/Räikkönen.jpg", "image"}}));
+    EXPECT_EQ(files,
+              (std::map<std::string, std::string>{{"F12006.INI", "[gp]\r\nnogp=2\r\n"},
+                                                  {"A1.txt", "autre"},
+                                                  {"Année", " 2006 \r\n"},
+                                                  {"photos/Circuits/Monaco.jpg", "image"},
+                                                  {"photos/Actu/Räikkönen.jpg", "image"}}));
     EXPECT_EQ(fs::status(folder / "F12006.INI").permissions() & fs::perms::owner_exec, fs::perms::none);
 }
 
@@ -192,8 +194,8 @@ TEST(Unpacking, ReplacesTheProgramWhenSignedAndNeverByAnOlderOne)
     const TemporaryFolder folder;
     layDown(folder / "serveurs.ini", serversWith(ours));
     const auto edition = [&](std::uint64_t number) {
-        layDown(folder / "Circuidex.zip", signedWith(ours, "Circuidex.zip", number,
-                                                     {{"circuidex", std::to_string(number), AE_IFREG, 0755}}));
+        layDown(folder / "Circuidex.zip",
+                signedWith(ours, "Circuidex.zip", number, {{"circuidex", std::to_string(number), AE_IFREG, 0755}}));
         return unpackAll(folder.path()).size();
     };
     EXPECT_EQ(edition(20), 0u);
