@@ -37,6 +37,7 @@
     screen(form70)                \
     screen(form75)                \
     screen(form100)               \
+    screen(frmmain)               \
     screen(menuScreens)
 
 namespace circuidex {
