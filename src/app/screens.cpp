@@ -45,6 +45,7 @@
     screen(form80)                \
     screen(form93)                \
     screen(form100)               \
+    screen(frmmain)               \
     screen(menuScreens)
 
 namespace circuidex {
