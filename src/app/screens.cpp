@@ -34,8 +34,11 @@
     screen(form59)                \
     screen(form60)                \
     screen(form61)                \
+    screen(form68)                \
+    screen(form69)                \
     screen(form70)                \
     screen(form75)                \
+    screen(form94)                \
     screen(form100)               \
     screen(menuScreens)
 
