@@ -90,7 +90,8 @@ bool describeCircuits(const Store &store, const std::string &data)
     for (const SampleCircuit &circuit : parsed(data + "/circuits.txt", parseSampleCircuits)) {
         const std::string name = circuit.race == "Brésil" ? "bresil" : circuit.race;
         disk::Stamp after;
-        kept = kept && disk::replace(folder + "/" + name + ".txt", toCodePage(sampleDescription(circuit)), false, after);
+        kept =
+            kept && disk::replace(folder + "/" + name + ".txt", toCodePage(sampleDescription(circuit)), false, after);
     }
     return kept;
 }

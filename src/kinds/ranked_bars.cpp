@@ -32,8 +32,7 @@ public:
         if (area.isEmpty())
             return;
         painter->fillRect(area, look::bars);
-        const QString name =
-            bar.caption.empty() ? QString() : index.siblingAtColumn(nameColumn).data().toString();
+        const QString name = bar.caption.empty() ? QString() : index.siblingAtColumn(nameColumn).data().toString();
         const QRect inside = area.adjusted(5, 0, -4, 0);
         painter->save();
         painter->setPen(Qt::white);
@@ -125,10 +124,9 @@ QWidget *RankedBars::buttons(const ModeGroup &group, Coloured coloured)
 
 Table *RankedBars::makeRows()
 {
-    m_table = rankedTable({{u"Text3"_s, {}, nameWidth},
-                           {u"Text4"_s, u"Nombre"_s, figureWidth, Qt::AlignRight},
-                           {barArray, {}, barWidth}},
-                          driverSlots, [this](int row) { openRow(row); });
+    m_table = rankedTable(
+        {{u"Text3"_s, {}, nameWidth}, {u"Text4"_s, u"Nombre"_s, figureWidth, Qt::AlignRight}, {barArray, {}, barWidth}},
+        driverSlots, [this](int row) { openRow(row); });
     m_table->setItemDelegateForColumn(barColumn, new BarDelegate(m_bars, m_table));
     m_table->setColumnWidth(0, rankWidth);
     m_table->setFixedWidth(rankWidth + nameWidth + figureWidth + barWidth + 2);

@@ -9,9 +9,9 @@ namespace circuidex::statistics {
 
 inline constexpr int yearsAtCircuit = 10;
 
-// The description of a circuit, a file beside the program. It is read item by item, and an item ends at a line end or at
-// a comma; each stands behind a line break (CR LF), so that the text begins with an empty line. Empty without a file,
-// and for one that is no text. At most the first 64 KB are taken.
+// The description of a circuit, a file beside the program. It is read item by item, and an item ends at a line end or
+// at a comma; each stands behind a line break (CR LF), so that the text begins with an empty line. Empty without a
+// file, and for one that is no text. At most the first 64 KB are taken.
 std::string circuitDescription(const results::MainRecord &main, const std::string &gpName);
 
 // The items of such a file, its bytes in the code page of the data files, as they are shown.

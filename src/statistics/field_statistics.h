@@ -22,21 +22,27 @@ inline constexpr std::string_view seasonsKey = "noo", teamKey = "ptsecurie"; // 
 
 // In the order of their buttons.
 inline constexpr std::array<FieldStatistic, 16> fieldStatistics{{
-    {"Command8", "Classement Pilote", "Nombre de points dans le championnat pilote", FieldGroup::championships, "nbpts"},
-    {"Command10", "Classement Constructeur", "Nombre de points dans le championnat constructeur", FieldGroup::championships, teamKey},
+    {"Command8", "Classement Pilote", "Nombre de points dans le championnat pilote", FieldGroup::championships,
+     "nbpts"},
+    {"Command10", "Classement Constructeur", "Nombre de points dans le championnat constructeur",
+     FieldGroup::championships, teamKey},
     {"Command2", "Nombre de Grands-Prix", "Nombre de GP disputés", FieldGroup::careers, "nbgp"},
     {"Command3", "Nombre de Points Total", "Nombre de points total", FieldGroup::careers, "ptstot"},
     {"Command4", "Nombre de Victoires", "Nombre de victoires", FieldGroup::careers, "vic"},
     {"Command5", "Nombre de Podiums", "Nombre de podiums", FieldGroup::careers, "podiums"},
     {"Command6", "Nombre de Poles", "Nombre de poles", FieldGroup::careers, "pol"},
     {"Command7", "Nombre de Saisons en F1", "Nombre de saisons en F1", FieldGroup::careers, seasonsKey},
-    {"Command18", "Nombre de Points par GP", "Nombre de points par Grand-Prix", FieldGroup::careers, "ptstot", Per::race},
+    {"Command18", "Nombre de Points par GP", "Nombre de points par Grand-Prix", FieldGroup::careers, "ptstot",
+     Per::race},
     {"Command11", "Pourcentage de Victoires", "Pourcentage de Victoires", FieldGroup::shares, "vic", Per::hundredRaces},
     {"Command12", "Pourcentage de Poles", "Pourcentage de Poles", FieldGroup::shares, "pol", Per::hundredRaces},
     {"Command13", "Pourcentage de Podiums", "Pourcentage de Podiums", FieldGroup::shares, "podiums", Per::hundredRaces},
-    {"Command14", "Victoires par Saison", "Nombre de Victoires par Championnat", FieldGroup::perSeason, "vic", Per::season},
-    {"Command15", "Podiums par Saison", "Nombre de Podiums par Championnat", FieldGroup::perSeason, "podiums", Per::season},
-    {"Command16", "Points par Saison", "Nombre de Points par Championnat", FieldGroup::perSeason, "ptstot", Per::season},
+    {"Command14", "Victoires par Saison", "Nombre de Victoires par Championnat", FieldGroup::perSeason, "vic",
+     Per::season},
+    {"Command15", "Podiums par Saison", "Nombre de Podiums par Championnat", FieldGroup::perSeason, "podiums",
+     Per::season},
+    {"Command16", "Points par Saison", "Nombre de Points par Championnat", FieldGroup::perSeason, "ptstot",
+     Per::season},
     {"Command17", "Poles par Saison", "Nombre de Poles par Championnat", FieldGroup::perSeason, "pol", Per::season},
 }};
 

@@ -120,7 +120,7 @@ void Form32::openRow(int row)
 ScreenRows form32()
 {
     return {screenRow<Form32>(u"Form32"_s, u"Statistiques de la Saison"_s,
-                           [](Screen &screen) { screen.press(u"Command17"_s); })};
+                              [](Screen &screen) { screen.press(u"Command17"_s); })};
 }
 
 }

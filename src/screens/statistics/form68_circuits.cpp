@@ -1,5 +1,5 @@
-// Form68, what a circuit is like: date, picture and description of a Grand Prix of the season, and who won it in the last
-// ten years.
+// Form68, what a circuit is like: date, picture and description of a Grand Prix of the season, and who won it in the
+// last ten years.
 #include "kinds/lookup_screen.h"
 #include "kinds/picker.h"
 #include "results/main_record.h"

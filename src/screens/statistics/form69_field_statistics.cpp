@@ -1,5 +1,5 @@
-// Form69, the statistics of the field: at the press of a button all drivers, or all teams, by one figure of sixteen. The
-// driver's profile and the sheet beside it lead here to compare him with the others.
+// Form69, the statistics of the field: at the press of a button all drivers, or all teams, by one figure of sixteen.
+// The driver's profile and the sheet beside it lead here to compare him with the others.
 #include "kinds/ranked_bars.h"
 #include "results/main_record.h"
 #include "shell/look.h"

@@ -50,7 +50,8 @@ QWidget *Form94::question()
     auto *row = new QHBoxLayout;
     row->setSpacing(6);
     box(*row, u"Pilote:"_s, u"nomecurie"_s, m_driver, 190, [this] { ask(); });
-    row->addWidget(list(u"Command4"_s, [this] { openPicker(context.screens, PickList::drivers, u"pilotcompaan94"_s); }));
+    row->addWidget(
+        list(u"Command4"_s, [this] { openPicker(context.screens, PickList::drivers, u"pilotcompaan94"_s); }));
     row->addSpacing(look::gap);
     row->addWidget(styled(u"Ecurie:"_s, "hint"));
     auto *team = add(u"nompilote"_s, new Label);
@@ -63,24 +64,26 @@ QWidget *Form94::question()
     races->setToolTip(u"Choisir un Grand Prix dans la liste"_s);
     row->addWidget(races);
     row->addStretch(1);
-    row->addWidget(mainButton(u"Command1"_s, u"Ouvrir"_s, u"Montrer les dix dernières saisons (Entrée)"_s,
-                              [this] { ask(); }));
+    row->addWidget(
+        mainButton(u"Command1"_s, u"Ouvrir"_s, u"Montrer les dix dernières saisons (Entrée)"_s, [this] { ask(); }));
     return card({}, row);
 }
 
 QLayout *Form94::tables()
 {
     const auto ofYears = [this](const QString &caption, const QString &figure, int firstIndex) {
-        return tableCard(caption, {{u"Label5"_s, u"Année"_s, yearWidth, Qt::AlignHCenter, {}, firstIndex},
-                                   {u"Label6"_s, figure, figureWidth, Qt::AlignRight, {}, firstIndex}});
+        return tableCard(caption,
+                         {{u"Label5"_s, u"Année"_s, yearWidth, Qt::AlignHCenter, {}, firstIndex},
+                          {u"Label6"_s, figure, figureWidth, Qt::AlignRight, {}, firstIndex}});
     };
     auto *row = new QHBoxLayout;
     row->setSpacing(look::gap);
     row->addWidget(ofYears(u"Position sur la grille de départ:"_s, u"Place"_s, 0));
     row->addWidget(ofYears(u"Classement à l'arrivée:"_s, u"Place"_s, rows));
     row->addWidget(ofYears(u"Points marqués par l'écurie:"_s, u"Points"_s, 2 * rows));
-    row->addWidget(tableCard(u"Les 10 derniers vainqueurs:"_s, {{u"Label11"_s, u"Année"_s, yearWidth, Qt::AlignHCenter},
-                                                                {u"Label12"_s, u"Vainqueur"_s, winnerWidth}}));
+    row->addWidget(tableCard(
+        u"Les 10 derniers vainqueurs:"_s,
+        {{u"Label11"_s, u"Année"_s, yearWidth, Qt::AlignHCenter}, {u"Label12"_s, u"Vainqueur"_s, winnerWidth}}));
     return row;
 }
 
