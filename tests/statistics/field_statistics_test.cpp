@@ -10,16 +10,12 @@ using namespace circuidex::test;
 
 namespace {
 
-const FieldStatistic &named(std::string_view button)
-{
-    return *std::find_if(fieldStatistics.begin(), fieldStatistics.end(),
-                         [=](const auto &s) { return s.button == button; });
-}
-
 // The rows that hold anything, "Name value".
 std::string rowsOf(const Season &season, std::string_view button, std::size_t most = driverSlots)
 {
-    const RankedField field = rankField(fieldEntries(season, named(button)), season.numbers());
+    const auto of =
+        std::find_if(fieldStatistics.begin(), fieldStatistics.end(), [=](const auto &s) { return s.button == button; });
+    const RankedField field = rankField(fieldEntries(season, *of), season.numbers());
     std::string text;
     for (std::size_t row = 0; row < most; ++row)
         if (const auto &[name, value, team, gap, favourite] = field.rows[row]; !(name + value).empty())
@@ -53,59 +49,35 @@ TEST(FieldStatistics, LeadersOf2004)
         EXPECT_EQ(rowsOf(Season(desk.store, "2004"), button, 3), rows) << button;
 }
 
-class Field : public testing::Test {
-protected:
-    // "Name | team | points | wins | races", by number.
-    void drivers(std::initializer_list<const char *> lines)
-    {
-        int number = 0;
-        for (const char *line : lines) {
-            const Lines values = split(line, '|');
-            ++number;
-            for (std::size_t i = 0; i < values.size(); ++i)
-                desk.write("2005 [N°] " + prefixes[i] + std::to_string(number) + "=" + values[i]);
-        }
-    }
-    std::string rows(std::string_view button) { return rowsOf(desk.main.season(), button); }
-
+// Drivers by number, "Name | team | points | wins | races", keys of section N° besides, and the rows of a figure.
+TEST(FieldStatistics, WhoStandsInWhichRow)
+{
+    const Lines shares{"Neuf|A|0|0|0", "Un|A|0|1|8", "Nul|B|0|0|", "Deux|B|0|2|8", "Texte|B|0|1|x"};
+    const struct {
+        Lines drivers, keys;
+        const char *button, *rows;
+    } cases[] = {
+        // level ones in the order of their numbers
+        {{"Un|A|5", "Mot|A|loin", "Deux|B|9", "Trois|B|5"}, {}, "Command8", "Deux 9, Un 5, Trois 5, Mot loin"},
+        // who has no value keeps no row from the others; the last such name of all is seen behind them
+        {shares, {}, "Command11", "Deux 25,0, Un 12,5"},
+        {shares, {"nom26=Dernier"}, "Command11", "Deux 25,0, Un 12,5, Dernier "},
+        {shares, {}, "Command14", ""}, // nobody's seasons are counted
+        {{"Un|Zonda", "Deux|Alfa", "Trois|Zonda", "Quatre|Aucune", "Cinq|", "Six|Alfa", "Sept|Bert"},
+         {"ptsecurieZonda=7", "ptsecurieAlfa=7", "ptsecurieAucune=2", "ptsecurieBert=70"},
+         "Command10",
+         "Bert 70, Zonda 7, Alfa 7, Aucune 2"},
+    };
     const Lines prefixes{"nom", "ecurie", "nbpts", "vic", "nbgp"};
-    Desk desk{Desk::empty, ','};
-};
-
-TEST_F(Field, ALevelDriverStandsBehindTheLowerNumber)
-{
-    drivers({"Un|A|5", "Deux|A|9", "Trois|B|5", "Quatre|B|9"});
-    EXPECT_EQ(rows("Command8"), "Deux 9, Quatre 9, Un 5, Trois 5");
-}
-
-// Who has no value keeps no row from the others, and the empty numbers behind him leave no name of his either.
-TEST_F(Field, WithoutRacesThereIsNoShare)
-{
-    drivers({"Neuf|A|0|0|0", "Un|A|0|1|8", "Nul|B|0|0|", "Deux|B|0|2|8", "Texte|B|0|1|x"});
-    EXPECT_EQ(rows("Command11"), "Deux 25,0, Un 12,5");
-    EXPECT_EQ(rows("Command14"), ""); // nobody's seasons are counted
-    desk.write("2005 [gp] nooUn=2");
-    EXPECT_EQ(rows("Command14"), "Un 0,5");
-    for (int number = 6; number <= driverSlots; ++number)
-        desk.write("2005 [N°] nom" + std::to_string(number) + "=P" + std::to_string(number));
-    EXPECT_EQ(rows("Command11"), "Deux 25,0, Un 12,5, P26 ");
-}
-
-TEST_F(Field, TeamsStandOnceEach)
-{
-    drivers({"Un|Zonda", "Deux|Alfa", "Trois|Zonda", "Quatre|Aucune", "Cinq|", "Six|Alfa", "Sept|Bert"});
-    for (const char *team : {"Zonda=7", "Alfa=7", "Aucune=2", "Bert=70"})
-        desk.write(std::string("2005 [N°] ptsecurie") + team);
-    EXPECT_EQ(rows("Command10"), "Bert 70, Zonda 7, Alfa 7, Aucune 2"); // level ones by their first drivers
-    const RankedField field = rankField(fieldEntries(desk.main.season(), named("Command10")), Numbers(','));
-    EXPECT_NEAR(field.bars[1].width, 805.5, 1e-6);
-    EXPECT_EQ(field.bars[1].caption, "Zonda");
-}
-
-TEST_F(Field, AWordForAFigureStandsBehindTheNumbers)
-{
-    drivers({"Mot|A|beaucoup", "Un|A|1", "Moins|A|-3"});
-    EXPECT_EQ(rows("Command8"), "Un 1, Moins -3, Mot beaucoup");
+    for (const auto &c : cases) {
+        Desk desk(Desk::empty, ',');
+        for (std::size_t number = 1; number <= c.drivers.size(); ++number)
+            for (std::size_t i = 0; const std::string &value : split(c.drivers[number - 1], '|'))
+                desk.write("2005 [N°] " + prefixes[i++] + std::to_string(number) + "=" + value);
+        for (const std::string &key : c.keys)
+            desk.write("2005 [N°] " + key);
+        EXPECT_EQ(rowsOf(desk.main.season(), c.button), c.rows);
+    }
 }
 
 }
