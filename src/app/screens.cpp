@@ -39,11 +39,14 @@
     screen(form60)                \
     screen(form61)                \
     screen(form62)                \
+    screen(form68)                \
+    screen(form69)                \
     screen(form70)                \
     screen(form75)                \
     screen(form78)                \
     screen(form80)                \
     screen(form93)                \
+    screen(form94)                \
     screen(form100)               \
     screen(frmmain)               \
     screen(menuScreens)

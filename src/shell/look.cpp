@@ -154,7 +154,7 @@ QString legendSwatch(const QColor &colour)
 
 QString modeGroup(const QColor &behind)
 {
-    return u"#modes { background:%1; border-radius:6px; }"_s.arg(behind.name());
+    return u"#modes { background:%1; border-radius:6px; } #modes QPushButton { padding:3px 5px; }"_s.arg(behind.name());
 }
 
 QString narrowHeads()
