@@ -130,6 +130,9 @@ QTableView::item:selected { background:#E4E7FF; color:#1F2733; }
 QHeaderView { background:#FFFFFF; }
 QHeaderView::section { background:#F4F5F7; color:#3D4755; border:0; border-bottom:1px solid #D9DDE3; padding:3px 6px;
     font-weight:bold; font-size:12px; }
+QProgressBar { background:#EEF0F3; border:1px solid #D9DDE3; border-radius:4px; min-height:18px; max-height:18px;
+    text-align:center; }
+QProgressBar::chunk { background:#C0C0FF; border-radius:3px; }
 QScrollBar:vertical { background:transparent; width:10px; margin:0; }
 QScrollBar::handle:vertical { background:#C9CFD8; border-radius:5px; min-height:24px; }
 QScrollBar:horizontal { background:transparent; height:10px; margin:0; }
