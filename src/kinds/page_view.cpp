@@ -213,6 +213,12 @@ QString forum(const Context &context, const QString &page)
     return updateServer(context, u"/forum/"_s + page);
 }
 
+void fetchNotice(const Context &context, const QString &path, QObject *owner)
+{
+    if (const QUrl address(updateServer(context, path)); isPageAddress(address))
+        fetchPage(address, owner, [](const FetchedPage &) {});
+}
+
 void openPage(const Context &context, const QString &address, const QString &server)
 {
     const Screen *page = context.screens.open(u"Form97"_s);
