@@ -32,6 +32,7 @@
     screen(form39)                \
     screen(form40)                \
     screen(form42)                \
+    screen(form46)                \
     screen(form48)                \
     screen(form49)                \
     screen(form50)                \
@@ -39,6 +40,7 @@
     screen(form60)                \
     screen(form61)                \
     screen(form62)                \
+    screen(form67)                \
     screen(form68)                \
     screen(form69)                \
     screen(form70)                \
@@ -47,6 +49,8 @@
     screen(form80)                \
     screen(form93)                \
     screen(form94)                \
+    screen(form96)                \
+    screen(form98)                \
     screen(form100)               \
     screen(frmmain)               \
     screen(menuScreens)
