@@ -36,7 +36,9 @@
     screen(form61)                \
     screen(form70)                \
     screen(form75)                \
+    screen(form85)                \
     screen(form100)               \
+    screen(form101)               \
     screen(menuScreens)
 
 namespace circuidex {

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace circuidex {
 
@@ -20,6 +21,7 @@ namespace {
 constexpr int captionPixels = 11, headPixels = 56; // captions' font, title and legend of a picture
 constexpr int pictureScale = 2;
 constexpr double reach = 28; // pixels from the pointer to what it points at
+constexpr double nameGap = 14, nameApart = 13; // pixels from a line to its name, and from name to name
 
 // From twips to where they are painted. What lies absurdly far off stays within what painters can count.
 class Scaling {
@@ -109,6 +111,29 @@ bool inside(const TwipRect &r, const ChartPoint &p)
     return p.x >= r.left && p.x <= r.left + r.width && p.y >= r.top && p.y <= r.top + r.height;
 }
 
+// The names of the lines, level with their ends or, where these lie close together, as near to them as there is room.
+void paintNames(QPainter &painter, const std::vector<ChartStroke> &lines, const Scaling &scaled, const QRectF &paper,
+                double right)
+{
+    std::vector<const ChartStroke *> named;
+    std::vector<double> heights;
+    for (const ChartStroke &line : lines)
+        if (!line.name.isEmpty() && line.points.size() > 1) {
+            named.push_back(&line);
+            heights.push_back(std::clamp(scaled(line.points.back()).y(), paper.top(), paper.bottom()));
+        }
+    const std::vector<double> places = spread(heights, nameApart, paper.top(), paper.bottom());
+    for (std::size_t i = 0; i < named.size(); ++i) {
+        const QPointF end(scaled(named[i]->points.back()).x() + 2, heights[i]);
+        const QRectF box(end.x() + nameGap, places[i] - nameApart / 2, right - end.x() - nameGap, nameApart);
+        painter.setPen(QPen(named[i]->colour, 1));
+        painter.drawLine(end, QPointF(box.left() - 2, places[i]));
+        painter.setPen(look::ink);
+        const QString shown = painter.fontMetrics().elidedText(named[i]->name, Qt::ElideRight, int(box.width()));
+        painter.drawText(box, int(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextDontClip, shown);
+    }
+}
+
 QFont pixelFont(const QFont &font, int pixels, bool bold = false)
 {
     QFont sized(font);
@@ -129,6 +154,32 @@ void paintLegend(QPainter &painter, const std::vector<ChartLegend> &legend, QPoi
     }
 }
 
+}
+
+// Heights less the distances between them need only stay in their order: of neighbours out of order each gets the mean.
+std::vector<double> spread(const std::vector<double> &wanted, double apart, double first, double last)
+{
+    struct Block {
+        double sum;
+        std::size_t count;
+        double mean() const { return sum / double(count); }
+    };
+    std::vector<std::size_t> order(wanted.size());
+    std::iota(order.begin(), order.end(), 0);
+    std::stable_sort(order.begin(), order.end(), [&](auto a, auto b) { return wanted[a] < wanted[b]; });
+    std::vector<Block> blocks;
+    for (std::size_t i = 0; i < order.size(); ++i) {
+        Block block{wanted[order[i]] - double(i) * apart, 1};
+        for (; !blocks.empty() && blocks.back().mean() > block.mean(); blocks.pop_back())
+            block = {block.sum + blocks.back().sum, block.count + blocks.back().count};
+        blocks.push_back(block);
+    }
+    const double highest = std::max(first, last - apart * (double(wanted.size()) - 1));
+    std::vector<double> places(wanted.size());
+    for (std::size_t i = 0; const Block &block : blocks)
+        for (const std::size_t end = i + block.count; i < end; ++i)
+            places[order[i]] = std::clamp(block.mean(), first, highest) + double(i) * apart;
+    return places;
 }
 
 ChartView::ChartView(QWidget *parent) : QWidget(parent)
@@ -176,6 +227,8 @@ void ChartView::paint(QPainter &painter, const QRectF &target) const
         painter.drawPolyline(inWholePixels(path(axis, scaled)));
     }
     painter.setFont(font());
+    painter.setRenderHint(QPainter::Antialiasing);
+    paintNames(painter, m_picture.lines, scaled, scaled(m_picture.paper), target.right());
     painter.setPen(look::quiet);
     for (const ChartText &text : m_picture.texts)
         painter.drawText(scaled(text.place), int(text.align) | Qt::TextDontClip, text.text);

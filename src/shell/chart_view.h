@@ -22,6 +22,7 @@ struct ChartStroke {
     std::vector<ChartPoint> points;
     QColor colour;
     int width = 1; // pixels
+    QString name = {}; // stands beside the end of the line
 };
 
 struct ChartBlock {
@@ -54,6 +55,10 @@ struct ChartPicture {
     QString title; // of a picture for other programs
     std::vector<ChartLegend> legend;
 };
+
+// Where captions stand that would lie at the wanted heights but for each other: as near to them as the distance allows,
+// in their order, all from the first to the last height as far as there is room.
+std::vector<double> spread(const std::vector<double> &wanted, double apart, double first, double last);
 
 class ChartView : public QWidget {
     Q_OBJECT
