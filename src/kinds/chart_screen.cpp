@@ -16,7 +16,7 @@ using namespace charts;
 
 namespace {
 
-constexpr double scaleEdge = 600, captionEdge = 960; // twips left of the paper, for what names the heights
+constexpr double scaleEdge = 600, captionEdge = 1080; // twips left of the paper, for what names the heights
 constexpr double gap = 80, leader = 220; // of these, from such a caption to the paper
 constexpr double margin = 150; // twips around the rest
 constexpr double nameRoom = 1800; // twips right of the paper, for the names of the lines
@@ -429,12 +429,10 @@ void ChartScreen::addPaper(ChartPicture &picture) const
         picture.texts.push_back({captionPlace(p, slot), u"GP%1"_s.arg(slot + 1), Qt::AlignCenter,
                                  [this, slot] { return qt(season().namegp(slot)); }});
     picture.axes.push_back(stroke(levelLine(p, p.bottom), look::quiet));
-    if (const Control *zero = control(u"Line100"_s))
-        picture.grid.push_back(stroke(*zero->line(), *zero->fore()));
     picture.axes.push_back(stroke({0, p.top, 0, p.bottom, 1}, look::line));
 }
 
-// What a height means, where that depends on the scale.
+// What a height means, where that depends on the scale or the axis has round figures; over all levels that of zero.
 void ChartScreen::addScale(ChartPicture &picture) const
 {
     const Numbers &numbers = context.store.numbers();
@@ -442,6 +440,8 @@ void ChartScreen::addScale(ChartPicture &picture) const
         addLevel(picture, tick.y);
         addHeight(picture, qt(numbers.text(tick.value)) + qt(m_chart.instance().axis), tick.y, gap);
     }
+    if (const Control *zero = control(u"Line100"_s))
+        picture.grid.push_back(stroke(*zero->line(), *zero->fore()));
 }
 
 void ChartScreen::addEdgeCaptions(ChartPicture &picture) const

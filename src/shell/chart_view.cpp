@@ -346,18 +346,32 @@ void ChartView::point(std::optional<Spot> spot)
     update();
 }
 
-// Along a line to the next Grand Prix, or to the next line at the same one. From nowhere, the first point in sight.
+// The first in sight of the first line that has one.
+std::optional<ChartView::Spot> ChartView::first() const
+{
+    for (int line = 0; line < int(m_picture.lines.size()); ++line)
+        for (int point = 0; point < int(m_picture.lines[std::size_t(line)].points.size()); ++point)
+            if (seen({line, point}))
+                return Spot{line, point};
+    return std::nullopt;
+}
+
+// Along a line to the next Grand Prix, or to the next line at the same one.
 std::optional<ChartView::Spot> ChartView::stepped(int key) const
 {
+    if (!m_pointed)
+        return first();
     const bool along = key == Qt::Key_Left || key == Qt::Key_Right;
     const int by = key == Qt::Key_Left || key == Qt::Key_Up ? -1 : 1;
-    Spot spot = m_pointed.value_or(Spot{0, -1});
+    Spot spot = *m_pointed;
     for (;;) {
-        (along || !m_pointed ? spot.point : spot.line) += m_pointed ? by : 1;
-        if (spot.line < 0 || spot.line >= int(m_picture.lines.size()) || spot.point < 0 ||
-            spot.point >= int(m_picture.lines[std::size_t(spot.line)].points.size()))
+        (along ? spot.point : spot.line) += by;
+        if (spot.line < 0 || spot.line >= int(m_picture.lines.size()) || spot.point < 0)
             return m_pointed;
-        if (seen(spot))
+        const bool there = spot.point < int(m_picture.lines[std::size_t(spot.line)].points.size());
+        if (!there && along)
+            return m_pointed;
+        if (there && seen(spot))
             return spot;
     }
 }

@@ -97,6 +97,7 @@ private:
     bool seen(const Spot &spot) const;
     std::optional<Spot> nearest(const QPointF &pointer) const;
     void point(std::optional<Spot> spot);
+    std::optional<Spot> first() const;
     std::optional<Spot> stepped(int key) const;
 
     ChartPicture m_picture;
