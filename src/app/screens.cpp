@@ -45,9 +45,11 @@
     screen(form75)                \
     screen(form78)                \
     screen(form80)                \
+    screen(form85)                \
     screen(form93)                \
     screen(form94)                \
     screen(form100)               \
+    screen(form101)               \
     screen(frmmain)               \
     screen(menuScreens)
 
