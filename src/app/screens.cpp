@@ -31,11 +31,15 @@
     screen(form48)                \
     screen(form49)                \
     screen(form50)                \
+    screen(form51)                \
     screen(form59)                \
     screen(form60)                \
     screen(form61)                \
     screen(form70)                \
+    screen(form72)                \
     screen(form75)                \
+    screen(form89)                \
+    screen(form91)                \
     screen(form100)               \
     screen(menuScreens)
 
