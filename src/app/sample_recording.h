@@ -14,4 +14,7 @@ void enterSampleCalendar(const WritableSeason &season, const SampleSeason &sampl
 // The race of a slot, with the changes of team that happened before it and its grid, into the season that is open.
 void recordSampleRace(results::MainRecord &main, const SampleSeason &sample, int slot);
 
+// The first four of the championships as the subjects of each chart of one season, as its user would leave it.
+void chooseSampleSubjects(const WritableSeason &season);
+
 }

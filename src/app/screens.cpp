@@ -43,10 +43,12 @@
     screen(form75)                \
     screen(form78)                \
     screen(form80)                \
+    screen(form85)                \
     screen(form89)                \
     screen(form91)                \
     screen(form93)                \
     screen(form100)               \
+    screen(form101)               \
     screen(menuScreens)
 
 namespace circuidex {

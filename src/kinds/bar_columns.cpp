@@ -111,12 +111,17 @@ QLayout *BarColumns::heads()
     auto *row = new QHBoxLayout;
     row->setSpacing(6);
     row->addWidget(styled(u"Légende:"_s, "hint"));
-    for (const ColumnsOfSeason &season : m_kind.seasons) {
+    SeasonKey::Heads names;
+    SeasonKey::Colours colours;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const ColumnsOfSeason &season = m_kind.seasons[i];
         auto *head = add(season.head, new Label);
         head->setContentsMargins(8, 2, 8, 2);
-        control(season.head)->setBack(season.finishColours.front());
         row->addWidget(head);
+        names[i] = {season.head};
+        colours[i] = season.finishColours.front();
     }
+    m_key.emplace(*this, names, colours);
     return row;
 }
 
@@ -308,8 +313,10 @@ void BarColumns::tell() const
             column.bar.control->tag =
                 QString::number(block->stage == Stage::grid ? counts.grid[place] : counts.finish[place]);
         }
-    for (std::size_t i = 0; i < m_kind.seasons.size() && !single(); ++i)
-        control(m_kind.seasons[i].head)->setText(u"Saison "_s + qt(m_years[i]));
+    if (m_key)
+        m_key->show(context.store, m_year.text(),
+                    m_kind.counted == Counted::team ? comparisons::SubjectKind::team : comparisons::SubjectKind::driver,
+                    m_subject.text());
     m_lastRace->setText(lastRace());
 }
 

@@ -5,6 +5,7 @@
 #include "charts/bar_fit.h"
 #include "kinds/bar_display.h"
 #include "kinds/picker_routes.h"
+#include "kinds/season_key.h"
 
 namespace circuidex {
 
@@ -86,6 +87,7 @@ private:
     double m_stripLeft; // twips
     Direction m_back{}, m_on{};
     QLabel *m_lastRace = nullptr;
+    std::optional<SeasonKey> m_key; // none to a single season
 };
 
 }
