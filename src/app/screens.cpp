@@ -35,6 +35,7 @@
     screen(form48)                \
     screen(form49)                \
     screen(form50)                \
+    screen(form51)                \
     screen(form59)                \
     screen(form60)                \
     screen(form61)                \
@@ -42,10 +43,13 @@
     screen(form68)                \
     screen(form69)                \
     screen(form70)                \
+    screen(form72)                \
     screen(form75)                \
     screen(form78)                \
     screen(form80)                \
     screen(form85)                \
+    screen(form89)                \
+    screen(form91)                \
     screen(form93)                \
     screen(form94)                \
     screen(form100)               \
