@@ -451,6 +451,35 @@ TEST_F(StoreTest, YearMarkerIsOneLineAndReplacesTheFile)
     EXPECT_TRUE(store.writesLost());
 }
 
+// Held, a file takes all that is written meanwhile or nothing; a write refused before the last one takes the others along.
+TEST_F(StoreTest, HeldFileIsWrittenAsAWhole)
+{
+    write("k", "1");
+    store.hold("2005");
+    write("k", "2");
+    write("j", "3");
+    store.settle();
+    EXPECT_EQ(content(file()), one);
+    EXPECT_EQ(read("k") + read("j"), "23");
+    EXPECT_TRUE(store.release("2005"));
+    EXPECT_EQ(content(file()), "[N\xB0]\r\nk=2\r\nj=3\r\n");
+    for (const bool atOnce : {true, false}) { // the first write can't be taken, or the file not be written
+        store.hold("2005");
+        {
+            bool first = true;
+            const WatchedCalls watched([&](const WatchedCalls::Call &call) {
+                return (atOnce ? first : call.name == "write") ? EIO : 0;
+            });
+            store.newMoment();
+            write("k", "4");
+            first = false;
+            write("j", "5");
+            EXPECT_FALSE(store.release("2005"));
+        }
+        EXPECT_EQ(read("k") + read("j"), "23") << atOnce;
+    }
+}
+
 // A large file is written once an action; until then it is the one before the action, and reads show the new values.
 TEST_F(StoreTest, LargeFileIsWrittenAsAWholeAtTheEndOfAnAction)
 {
