@@ -4,6 +4,7 @@
 #include "platform/file_lookup.h"
 #include "platform/film_file.h"
 #include "platform/qt_pictures.h"
+#include "results/simulation.h"
 
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
@@ -58,6 +59,7 @@ void Program::start()
     for (const std::string &stem : {m_store.yearMarker(), std::string("ARCHIVES"), std::string("galerie")})
         m_store.LireINI(stem, {}, {}); // a damaged one is asked about before the first screen writes to it
     offerCopies();
+    results::forgetUnrecorded(m_store);
     m_screens.open(u"Form1"_s);
 }
 
