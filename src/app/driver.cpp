@@ -126,8 +126,9 @@ bool QueuedDialogs::question(const std::string &text)
     return answer.compare(u"oui", Qt::CaseInsensitive) == 0 || answer.compare(u"yes", Qt::CaseInsensitive) == 0;
 }
 
-std::optional<std::string> QueuedDialogs::chooseFile(const std::string &, const std::string &)
+std::optional<std::string> QueuedDialogs::chooseFile(const std::string &title, const std::string &, const std::string &preset)
 {
+    asked << QString::fromStdString(title + '\n' + preset);
     if (answers.empty())
         return std::nullopt;
     const QString answer = answers.front();
@@ -137,7 +138,7 @@ std::optional<std::string> QueuedDialogs::chooseFile(const std::string &, const 
 
 std::optional<std::string> QueuedDialogs::chooseNewFile(const std::string &title, const std::string &filter)
 {
-    return chooseFile(title, filter);
+    return chooseFile(title, filter, {});
 }
 
 void RecordingPlatform::print(QWidget &, const std::string &name)
@@ -206,6 +207,8 @@ std::optional<QString> Driver::dispatch(const QString &command, const QString &a
     }
     if (command == u"messages")
         return list(std::exchange(m_dialogs.shown, {}));
+    if (command == u"asked")
+        return list(std::exchange(m_dialogs.asked, {}));
     if (command == u"calls")
         return list(std::exchange(m_platform.calls, {}));
     if (command == u"answer") {

@@ -2,16 +2,11 @@
 
 #include "app/screens.h"
 #include "platform/file_lookup.h"
-#include "platform/film_file.h"
 #include "platform/qt_pictures.h"
 #include "results/simulation.h"
 
 #include <QAbstractEventDispatcher>
-#include <QCoreApplication>
-#include <QDir>
-#include <QFileInfo>
 #include <QLocale>
-#include <QStandardPaths>
 #include <QTimer>
 
 #include <algorithm>
@@ -29,10 +24,6 @@ results::Surroundings surroundings(const Store &store, const std::filesystem::pa
     machine.findPicture = [folder](const std::string &stored) {
         std::string found = findFile(folder, stored);
         return canShowPicture(QString::fromStdString(found)) ? found : std::string();
-    };
-    machine.findFilm = [folder](const std::string &stored) {
-        std::string found = findFile(folder, stored);
-        return isFilm(found) ? found : std::string();
     };
     machine.deleteFile = [&store](const std::string &path) {
         std::error_code ignored; // a file that can't be deleted stays
@@ -112,17 +103,6 @@ Opening openingOf(const FolderLock &lock, Dialogs &dialogs)
         dialogs.question("Circuidex est déjà ouvert sur ce dossier. Deux programmes qui écrivent dans les mêmes "
                          "fichiers se gêneraient.\n\nL'ouvrir en lecture seule, sans rien y changer ?");
     return look ? Opening::readOnly : Opening::refused;
-}
-
-std::filesystem::path programFolder()
-{
-    const QString beside = QCoreApplication::applicationDirPath();
-    if (QFileInfo(beside).isWritable())
-        return beside.toStdString();
-    const QString own =
-        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/Circuidex"_s;
-    QDir().mkpath(own);
-    return own.toStdString();
 }
 
 Numbers userNumbers()

@@ -1,7 +1,8 @@
 // Makes the sample program folder: records the real results of data/ race by race through the program's own recording,
-// careers and past winners included. 2005 lacks its last race, so that a newcomer has a real one to record.
+// careers and past winners included. 2005 lacks its last race, so that a newcomer has a real one to record. With 2006, what
+// an update brings a year later: all four seasons complete.
 //
-//     sample-seasons DATA FOLDER
+//     sample-seasons DATA FOLDER [2006]
 #include "app/sample_recording.h"
 #include "statistics/season_statistics.h"
 #include "store/archive.h"
@@ -20,7 +21,7 @@ class Faults : public Dialogs {
 public:
     void message(const std::string &text) override { said += text + "\n"; }
     bool question(const std::string &) override { return false; }
-    std::optional<std::string> chooseFile(const std::string &, const std::string &) override { return std::nullopt; }
+    std::optional<std::string> chooseFile(const std::string &, const std::string &, const std::string &) override { return std::nullopt; }
     std::string said;
 };
 
@@ -124,8 +125,9 @@ void crown(const WritableSeason &season, const SampleSeason &sample, Careers &ca
 
 int main(int argc, char **argv)
 {
-    if (argc != 3) {
-        std::fputs("usage: sample-seasons DATA FOLDER\n", stderr);
+    const bool yearLater = argc == 4 && std::string_view(argv[3]) == "2006";
+    if (argc != 3 && !yearLater) {
+        std::fputs("usage: sample-seasons DATA FOLDER [2006]\n", stderr);
         return 2;
     }
     const std::string data = argv[1];
@@ -135,7 +137,10 @@ int main(int argc, char **argv)
     Careers careers;
     for (const SampleCareer &career : parsed(data + "/carrieres.txt", parseSampleCareers))
         careers[career.name] = career;
-    for (const std::string year : {"2003", "2004", "2005"}) {
+    std::vector<std::string> years{"2003", "2004", "2005"};
+    if (yearLater)
+        years.push_back("2006");
+    for (const std::string &year : years) {
         const SampleSeason sample = parsed(data + "/" + year + ".saison", parseSampleSeason);
         results::MainRecord main(store, faults);
         main.an.set(year);
@@ -144,7 +149,7 @@ int main(int argc, char **argv)
         for (const SampleDriver &driver : sample.drivers)
             enterSampleDriver(season, driver, careers[driver.name]);
         enterSampleCalendar(season, sample);
-        const bool complete = year != "2005";
+        const bool complete = yearLater || year != "2005";
         const int races = static_cast<int>(sample.races.size()) - (complete ? 0 : 1);
         for (int slot = 0; slot < races; ++slot) {
             recordSampleRace(main, sample, slot);
@@ -157,7 +162,7 @@ int main(int argc, char **argv)
     }
     statistics::sortAllTimeLists(store); // the last newcomers' older entries go
     dropLeftovers(store);
-    store.setYearMarker("2005");
+    store.setYearMarker(years.back());
     store.settle();
     if (!faults.said.empty() || store.writesLost()) {
         std::fprintf(stderr, "the sample seasons are not whole: %s\n", faults.said.c_str());

@@ -13,12 +13,14 @@
     screen(form11)                \
     screen(form12)                \
     screen(form14)                \
+    screen(form19)                \
     screen(form20)                \
     screen(form21)                \
     screen(form23)                \
     screen(form24)                \
     screen(form25)                \
     screen(form26)                \
+    screen(form27)                \
     screen(form30)                \
     screen(form31)                \
     screen(form32)                \
@@ -35,8 +37,12 @@
     screen(form59)                \
     screen(form60)                \
     screen(form61)                \
+    screen(form62)                \
     screen(form70)                \
     screen(form75)                \
+    screen(form78)                \
+    screen(form80)                \
+    screen(form93)                \
     screen(form100)               \
     screen(menuScreens)
 

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QAbstractButton>
 #include <QMessageBox>
 #include <QPushButton>
@@ -42,9 +43,12 @@ bool QtDialogs::question(const std::string &text)
     return box.clickedButton() == yes;
 }
 
-std::optional<std::string> QtDialogs::chooseFile(const std::string &title, const std::string &filter)
+std::optional<std::string> QtDialogs::chooseFile(const std::string &title, const std::string &filter,
+                                                 const std::string &preset)
 {
-    const QString path = QFileDialog::getOpenFileName(nullptr, QString::fromStdString(title), {},
+    const QString first = QString::fromStdString(preset);
+    const QString path = QFileDialog::getOpenFileName(nullptr, QString::fromStdString(title),
+                                                      QFileInfo::exists(first) ? first : QString(),
                                                       QString::fromStdString(filter));
     return path.isEmpty() ? std::nullopt : std::optional(path.toStdString());
 }

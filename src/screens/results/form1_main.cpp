@@ -7,6 +7,7 @@
 #include "results/media_of_grand_prix.h"
 #include "results/navigation.h"
 #include "results/new_season.h"
+#include "results/options.h"
 #include "results/recording.h"
 #include "results/simulation.h"
 #include "screens/results/form1_side_screens.h"
@@ -42,7 +43,7 @@ void Form1::start()
     if (results::openMarkedSeason(m_main))
         context.screens.open(u"Form46"_s);
     results::openOnLastRecorded(m_main);
-    context.skin = skinNamed(context.store.LireINI(keys::galerie, "skin", "couleur"));
+    context.skin = skinNamed(results::chosenSkin(context.store));
     dress();
 }
 
