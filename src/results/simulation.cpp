@@ -3,8 +3,6 @@
 #include "results/amending.h"
 #include "results/navigation.h"
 
-#include <algorithm>
-
 namespace circuidex::results {
 
 namespace {
@@ -194,7 +192,7 @@ std::optional<Simulation> runningSimulation(const Store &store)
 {
     const Simulation simulation{remembered(store, ownSection, "saison"), remembered(store, ownSection, "case"),
                                 remembered(store, ownSection, "gp")};
-    if (simulation.season.empty() || !isAsSimulated(Season(store, simulation.season), simulation.gp))
+    if (!isYear(simulation.season) || !isAsSimulated(Season(store, simulation.season), simulation.gp))
         return std::nullopt;
     return simulation;
 }
@@ -206,6 +204,8 @@ std::optional<Simulation> startSimulation(MainRecord &main, std::span<const Simu
         return std::nullopt;
     }
     goToFirstFreeSlot(main);
+    if (!main.enterGrandPrix())
+        return std::nullopt;
     main.refreshScale();
     Simulation simulation{main.season().stem(), main.Label40.text(), main.gp.text(), false};
     if (takesNone(main))

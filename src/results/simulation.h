@@ -24,8 +24,8 @@ struct Simulation {
 std::optional<Simulation> runningSimulation(const Store &store);
 
 // Simulates the first race without a winner. Of two drivers with the same points the later one gets the place; points
-// that aren't in the scale place nobody. Absent, with a message, in a season without such a race, and, with a status,
-// where the files can't keep it all; the season then stays as it was.
+// that aren't in the scale place nobody. Absent, with a message, in a season without such a race or that is no year, and,
+// with a status, where the files can't keep it all; the season then stays as it was.
 std::optional<Simulation> startSimulation(MainRecord &main, std::span<const SimulatedScore> scores);
 
 // Amends the race to an empty one: its slot keeps name and date, and all counters are as before. A result that the user

@@ -114,6 +114,7 @@ void SimulatingChart::simulate()
         scores[s] = {text(driverBoxes[s]).toStdString(), text(pointBoxes[s]).toStdString()};
     m_running = results::startSimulation(context.main, scores);
     showState();
+    stayInFront(!m_running);
     draw();
     if (const Screen *main = context.screens.find(u"Form1"_s); main && m_running && m_running->recorded)
         main->press(u"Label47"_s); // its podium
