@@ -10,6 +10,7 @@
     screen(form6)                 \
     screen(form7)                 \
     screen(form8)                 \
+    screen(form11)                \
     screen(form12)                \
     screen(form14)                \
     screen(form17)                \

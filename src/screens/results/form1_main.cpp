@@ -8,6 +8,7 @@
 #include "results/new_season.h"
 #include "results/options.h"
 #include "results/recording.h"
+#include "results/simulation.h"
 #include "screens/results/form1_side_screens.h"
 #include "shell/look.h"
 #include "statistics/season_statistics.h"
@@ -332,6 +333,8 @@ void Form1::closing()
         clearNewSeason();
     if (isYear(m_main.an.text())) // anything else would open on nothing
         context.store.setYearMarker(m_main.an.text());
+    if (const auto running = results::runningSimulation(context.store)) // also one that a kill left
+        results::stopSimulation(m_main, *running);
     m_main.clearTotalsSoon = {};
     context.screens.onChange = {};
     context.screens.closeAll();
