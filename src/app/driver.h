@@ -16,17 +16,20 @@ class QueuedDialogs : public Dialogs {
 public:
     void message(const std::string &text) override;
     bool question(const std::string &text) override;
-    std::optional<std::string> chooseFile(const std::string &title, const std::string &filter) override;
+    std::optional<std::string> chooseFile(const std::string &title, const std::string &filter,
+                                          const std::string &preset) override;
     std::optional<std::string> chooseNewFile(const std::string &title, const std::string &filter) override;
 
     QStringList shown;
+    QStringList asked; // title and preset of each file choice, a line each
     std::deque<QString> answers;
 };
 
 // Notes what was asked of the machine.
 class RecordingPlatform : public Platform {
 public:
-    void print(QWidget &screen, const std::string &name) override;
+    void print(QWidget &screen, const std::string &name, Printing how) override;
+    void printText(const std::string &text, Printing how) override;
     bool play(const std::string &path) override;
     void startProgram(const std::string &path) override;
     void openAddress(const std::string &address) override;

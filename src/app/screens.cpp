@@ -11,13 +11,17 @@
     screen(form7)                 \
     screen(form8)                 \
     screen(form12)                \
+    screen(form13)                \
     screen(form14)                \
+    screen(form16)                \
     screen(form20)                \
     screen(form21)                \
     screen(form23)                \
     screen(form24)                \
     screen(form25)                \
     screen(form26)                \
+    screen(form28)                \
+    screen(form29)                \
     screen(form30)                \
     screen(form31)                \
     screen(form32)                \
@@ -34,6 +38,7 @@
     screen(form59)                \
     screen(form60)                \
     screen(form61)                \
+    screen(form65)                \
     screen(form70)                \
     screen(form75)                \
     screen(form100)               \

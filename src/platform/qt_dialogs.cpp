@@ -42,9 +42,10 @@ bool QtDialogs::question(const std::string &text)
     return box.clickedButton() == yes;
 }
 
-std::optional<std::string> QtDialogs::chooseFile(const std::string &title, const std::string &filter)
+std::optional<std::string> QtDialogs::chooseFile(const std::string &title, const std::string &filter,
+                                                 const std::string &preset)
 {
-    const QString path = QFileDialog::getOpenFileName(nullptr, QString::fromStdString(title), {},
+    const QString path = QFileDialog::getOpenFileName(nullptr, QString::fromStdString(title), QString::fromStdString(preset),
                                                       QString::fromStdString(filter));
     return path.isEmpty() ? std::nullopt : std::optional(path.toStdString());
 }

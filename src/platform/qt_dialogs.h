@@ -8,7 +8,8 @@ class QtDialogs : public Dialogs {
 public:
     void message(const std::string &text) override;
     bool question(const std::string &text) override;
-    std::optional<std::string> chooseFile(const std::string &title, const std::string &filter) override;
+    std::optional<std::string> chooseFile(const std::string &title, const std::string &filter,
+                                          const std::string &preset) override;
     std::optional<std::string> chooseNewFile(const std::string &title, const std::string &filter) override;
 };
 

@@ -295,6 +295,17 @@ bool canShowPicture(const QString &path)
     return sourceOf(path).heading.format != nullptr;
 }
 
+QSize sizeOfPicture(const QString &path)
+{
+    const Source source = sourceOf(path);
+    if (!source.file || source.heading.format != QByteArrayView("jpeg")) // only a camera's picture may be turned
+        return source.heading.size;
+    QImageReader reader(source.file.get(), source.heading.format);
+    reader.setAutoDetectImageFormat(false);
+    const bool turned = reader.transformation() & QImageIOHandler::TransformationRotate90;
+    return turned ? source.heading.size.transposed() : source.heading.size;
+}
+
 bool isQuickPicture(const QString &path)
 {
     const Source source = sourceOf(path);

@@ -11,6 +11,9 @@ namespace circuidex {
 // True when the file holds a picture that can be shown. Reads its heading alone.
 bool canShowPicture(const QString &path);
 
+// Its size as it is shown, turned as its camera was held; empty when it can't be shown. Reads its heading alone.
+QSize sizeOfPicture(const QString &path);
+
 // True for a picture small enough to be decoded between two frames of the screen.
 bool isQuickPicture(const QString &path);
 

@@ -9,7 +9,8 @@ namespace circuidex {
 
 class QtPlatform : public Platform {
 public:
-    void print(QWidget &screen, const std::string &name) override;
+    void print(QWidget &screen, const std::string &name, Printing how) override;
+    void printText(const std::string &text, Printing how) override;
     bool play(const std::string &path) override;
     void startProgram(const std::string &path) override;
     void openAddress(const std::string &address) override;
@@ -19,5 +20,8 @@ public:
 // One page with the picture of a screen, turned and scaled so that it fills the paper. An empty file name means the
 // default printer; false when there is none or the file can't be written.
 bool printScreen(QWidget &screen, const QString &pdfFile = {});
+
+// The same for a text, over as many pages as it needs, with their numbers below.
+bool printText(const QString &text, const QString &pdfFile = {});
 
 }

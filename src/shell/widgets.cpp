@@ -245,7 +245,14 @@ void Remark::insertFromMimeData(const QMimeData *source)
     insertPlainText(source->text().simplified());
 }
 
-ReadOnlyText::ReadOnlyText(QWidget *parent) : QPlainTextEdit(parent)
+FreeText::FreeText(QWidget *parent) : QPlainTextEdit(parent) {}
+
+bool FreeText::event(QEvent *event)
+{
+    return leftToWindow(*this, *event) || QPlainTextEdit::event(event);
+}
+
+ReadOnlyText::ReadOnlyText(QWidget *parent) : FreeText(parent)
 {
     setReadOnly(true);
     setTabChangesFocus(true);
@@ -278,13 +285,13 @@ void setMark(QWidget &widget, const char *property, bool on)
 
 void sendKey(QWidget &widget, const QString &name)
 {
-    constexpr QLatin1String withControl("Ctrl+");
-    const bool control = name.startsWith(withControl);
-    const QString plain = control ? name.mid(withControl.size()) : name;
-    const auto key = static_cast<Qt::Key>(keyNamed(plain));
+    const auto key = static_cast<Qt::Key>(keyNamed(name.size() == 1 ? name : name.section(u'+', -1)));
     if (key == 0)
         return;
-    const QKeyCombination pressed(control ? Qt::ControlModifier : Qt::NoModifier, key);
+    Qt::KeyboardModifiers held = Qt::NoModifier;
+    held.setFlag(Qt::ControlModifier, name.startsWith(QLatin1String("Ctrl+")));
+    held.setFlag(Qt::ShiftModifier, name.contains(QLatin1String("Shift+")));
+    const QKeyCombination pressed(held, key);
     if (QShortcut *meant = shortcutOf(widget, pressed)) {
         emit meant->activated();
         return;
@@ -316,6 +323,12 @@ void Picture::setPath(const QString &path)
     update();
 }
 
+void Picture::setEnlarged(bool on)
+{
+    m_enlarged = on;
+    update();
+}
+
 void Picture::load()
 {
     m_decoding.cancel();
@@ -343,8 +356,12 @@ void Picture::paintEvent(QPaintEvent *)
         drawBlank(painter, rect(), m_outline);
         return;
     }
-    const QSize shown = (QSizeF(m_scaled.size()) / devicePixelRatioF()).toSize();
-    painter.drawPixmap((width() - shown.width()) / 2, (height() - shown.height()) / 2, m_scaled);
+    QSize shown = (QSizeF(m_scaled.size()) / devicePixelRatioF()).toSize();
+    if (m_enlarged || shown.width() > width() || shown.height() > height()) // also until it is decoded for a new size
+        shown.scale(size(), Qt::KeepAspectRatio);
+    const QRect place({(width() - shown.width()) / 2, (height() - shown.height()) / 2}, shown);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawPixmap(place, m_scaled);
 }
 
 QString WidgetControl::text() const
@@ -376,7 +393,7 @@ void WidgetControl::setText(const QString &text)
         label->setText(text);
     else if (auto *edit = qobject_cast<QLineEdit *>(m_widget))
         setFromStart(*edit, text);
-    else if (auto *lines = dynamic_cast<ReadOnlyText *>(m_widget))
+    else if (auto *lines = dynamic_cast<FreeText *>(m_widget))
         lines->setPlainText(text);
     else if (auto *remark = qobject_cast<QPlainTextEdit *>(m_widget))
         remark->setPlainText(QString(text).replace(u'\n', u' ').remove(u'\r'));

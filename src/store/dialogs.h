@@ -15,8 +15,10 @@ public:
     // A question with Yes and No; true for Yes.
     virtual bool question(const std::string &text) = 0;
 
-    // The chosen path, absent when the user cancels. The filter is in the form "Images (*.jpg *.png)".
-    virtual std::optional<std::string> chooseFile(const std::string &title, const std::string &filter) = 0;
+    // The chosen path, absent when the user cancels. The filter is in the form "Images (*.jpg *.png)"; the preset is the
+    // path that stands in the dialog at first, empty for none.
+    virtual std::optional<std::string> chooseFile(const std::string &title, const std::string &filter,
+                                                  const std::string &preset = {}) = 0;
 
     // The same for a file to be written; a name typed without an ending gets that of the filter. Without anybody to ask,
     // the user has cancelled.
