@@ -132,6 +132,7 @@ Form65::Form65(Context &theContext, const QString &name, const QString &title)
     columns->addWidget(m_sheet, 1);
     columns->addLayout(buttons);
     page()->addLayout(columns);
+    setSize(9450, 10800);
 }
 
 void Form65::take(const QString &text)
