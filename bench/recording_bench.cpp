@@ -19,10 +19,7 @@ class Silent : public Dialogs {
 public:
     void message(const std::string &) override { ++messages; }
     bool question(const std::string &) override { return false; }
-    std::optional<std::string> chooseFile(const std::string &, const std::string &, const std::string &) override
-    {
-        return std::nullopt;
-    }
+    std::optional<std::string> chooseFile(const std::string &, const std::string &, const std::string &) override { return std::nullopt; }
     int messages = 0;
 };
 

@@ -139,10 +139,9 @@ bool QueuedDialogs::question(const std::string &text)
     return answer.compare(u"oui", Qt::CaseInsensitive) == 0 || answer.compare(u"yes", Qt::CaseInsensitive) == 0;
 }
 
-std::optional<std::string> QueuedDialogs::chooseFile(const std::string &title, const std::string &,
-                                                     const std::string &preset)
+std::optional<std::string> QueuedDialogs::chooseFile(const std::string &title, const std::string &, const std::string &preset)
 {
-    asked << QString::fromStdString(title + "\n" + preset);
+    asked << QString::fromStdString(title + '\n' + preset);
     if (answers.empty())
         return std::nullopt;
     const QString answer = answers.front();

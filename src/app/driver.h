@@ -21,7 +21,7 @@ public:
     std::optional<std::string> chooseNewFile(const std::string &title, const std::string &filter) override;
 
     QStringList shown;
-    QStringList asked; // title and preset of each file choice, a line each
+    QStringList asked; // title and preset of the file choices, a line each
     std::deque<QString> answers;
 };
 

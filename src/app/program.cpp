@@ -2,7 +2,6 @@
 
 #include "app/screens.h"
 #include "platform/file_lookup.h"
-#include "platform/film_file.h"
 #include "platform/qt_pictures.h"
 
 #include <QAbstractEventDispatcher>
@@ -28,10 +27,6 @@ results::Surroundings surroundings(const Store &store, const std::filesystem::pa
     machine.findPicture = [folder](const std::string &stored) {
         std::string found = findFile(folder, stored);
         return canShowPicture(QString::fromStdString(found)) ? found : std::string();
-    };
-    machine.findFilm = [folder](const std::string &stored) {
-        std::string found = findFile(folder, stored);
-        return isFilm(found) ? found : std::string();
     };
     machine.deleteFile = [&store](const std::string &path) {
         std::error_code ignored; // a file that can't be deleted stays

@@ -20,10 +20,7 @@ class Faults : public Dialogs {
 public:
     void message(const std::string &text) override { said += text + "\n"; }
     bool question(const std::string &) override { return false; }
-    std::optional<std::string> chooseFile(const std::string &, const std::string &, const std::string &) override
-    {
-        return std::nullopt;
-    }
+    std::optional<std::string> chooseFile(const std::string &, const std::string &, const std::string &) override { return std::nullopt; }
     std::string said;
 };
 

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QAbstractButton>
 #include <QMessageBox>
 #include <QPushButton>
@@ -45,7 +46,9 @@ bool QtDialogs::question(const std::string &text)
 std::optional<std::string> QtDialogs::chooseFile(const std::string &title, const std::string &filter,
                                                  const std::string &preset)
 {
-    const QString path = QFileDialog::getOpenFileName(nullptr, QString::fromStdString(title), QString::fromStdString(preset),
+    const QString first = QString::fromStdString(preset);
+    const QString path = QFileDialog::getOpenFileName(nullptr, QString::fromStdString(title),
+                                                      QFileInfo::exists(first) ? first : QString(),
                                                       QString::fromStdString(filter));
     return path.isEmpty() ? std::nullopt : std::optional(path.toStdString());
 }

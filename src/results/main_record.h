@@ -16,8 +16,6 @@ struct Surroundings {
     std::function<std::string(const std::string &)> findPicture = [](const std::string &) { return std::string(); };
     // Any file.
     std::function<std::string(const std::string &)> findFile = [](const std::string &) { return std::string(); };
-    // The same, empty for what is no film by its name or content, and for what isn't a file to be read through.
-    std::function<std::string(const std::string &)> findFilm = [](const std::string &) { return std::string(); };
     std::function<void(const std::string &)> deleteFile = [](const std::string &) {};
 };
 

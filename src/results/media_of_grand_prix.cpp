@@ -15,16 +15,11 @@ void keep(MainRecord &main, const std::string &key, const std::string &path)
     WritableSeason(main.store, std::string(keys::galerie)).write(keys::gp, key, path);
 }
 
-// The chosen file, unless the data files can't hold its path.
-std::optional<std::string> chooseKept(Dialogs &dialogs, const std::string &title, const std::string &filter)
+std::optional<std::string> chooseKept(Dialogs &dialogs, const std::string &title, const std::string &filter,
+                                      const std::string &preset)
 {
-    auto chosen = dialogs.chooseFile(title, filter);
-    if (!chosen || comesBack(*chosen))
-        return chosen;
-    dialogs.message("Ce fichier ne peut pas être retenu : les fichiers de données ne peuvent pas contenir son chemin, qui est "
-                    "trop long (plus de 254 caractères) ou porte des caractères qu'ils n'ont pas.\n\nRenommez-le ou "
-                    "déplacez-le, puis choisissez-le de nouveau.");
-    return std::nullopt;
+    auto chosen = dialogs.chooseFile(title, filter, preset);
+    return chosen && canKeepPath(dialogs, *chosen) ? chosen : std::nullopt;
 }
 
 std::string circuitKey(const MainRecord &main)
@@ -53,11 +48,27 @@ void take(MainRecord &main, const std::string &title, std::string (*key)(const M
     shown.set(main.surroundings.findPicture(*chosen));
     keep(main, key(main), *chosen);
 }
+
 }
 
-std::optional<std::string> choosePictureFile(Dialogs &dialogs, const std::string &title)
+bool canKeepPath(Dialogs &dialogs, const std::string &path)
 {
-    return chooseKept(dialogs, title, pictureFilter);
+    if (comesBack(path))
+        return true;
+    dialogs.message("Ce fichier ne peut pas être retenu : les fichiers de données ne peuvent pas contenir son chemin, qui est "
+                    "trop long (plus de 254 caractères) ou porte des caractères qu'ils n'ont pas.\n\nRenommez-le ou "
+                    "déplacez-le, puis choisissez-le de nouveau.");
+    return false;
+}
+
+std::optional<std::string> choosePictureFile(Dialogs &dialogs, const std::string &title, const std::string &preset)
+{
+    return chooseKept(dialogs, title, pictureFilter, preset);
+}
+
+std::optional<std::string> chooseFilmFile(Dialogs &dialogs, const std::string &title, const std::string &preset)
+{
+    return chooseKept(dialogs, title, filmFilter, preset);
 }
 
 void chooseCircuitPicture(MainRecord &main)
@@ -74,11 +85,9 @@ void chooseFilm(MainRecord &main)
 {
     if (!main.enterGrandPrix())
         return;
-    const auto chosen = chooseKept(main.dialogs, "Vidéo du Grand Prix", filmFilter);
+    const auto chosen = chooseFilmFile(main.dialogs, "Vidéo du Grand Prix", main.a.text());
     if (!chosen)
         return;
-    if (!main.surroundings.findFile(*chosen).empty() && main.surroundings.findFilm(*chosen).empty())
-        return main.dialogs.message("Ce fichier n'est pas une vidéo.");
     main.a.set(*chosen);
     keep(main, filmKey(main), *chosen);
     main.film.set("vrai");
@@ -111,8 +120,8 @@ std::string filmBesideProgram(const MainRecord &main)
 
 std::string filmAtHand(const MainRecord &main)
 {
-    const std::string kept = main.surroundings.findFilm(main.store.LireINI(keys::galerie, keys::gp, filmKey(main)));
-    return kept.empty() ? main.surroundings.findFilm(filmBesideProgram(main)) : kept;
+    const std::string kept = main.store.LireINI(keys::galerie, keys::gp, filmKey(main));
+    return kept.empty() ? filmBesideProgram(main) : kept;
 }
 
 }

@@ -4,11 +4,15 @@
 
 namespace circuidex::results {
 
-// Asks for a picture of any kind of the program's. A file whose path the data files can't hold is refused with a message,
-// as if the user had cancelled; a film likewise.
-std::optional<std::string> choosePictureFile(Dialogs &dialogs, const std::string &title);
+// Asks for a picture or a film of any kind of the program's. A file whose path the data files can't hold is refused with a
+// message, as if the user had cancelled. The preset stands in the choice at first.
+std::optional<std::string> choosePictureFile(Dialogs &dialogs, const std::string &title, const std::string &preset = {});
+std::optional<std::string> chooseFilmFile(Dialogs &dialogs, const std::string &title, const std::string &preset = {});
 
-// Asks for a file and takes it for the circuit or for the race; cancelling changes nothing. What is no film is refused.
+// Whether the data files can hold this path; the user is told when they can't.
+bool canKeepPath(Dialogs &dialogs, const std::string &path);
+
+// Asks for a file and takes it for the circuit or for the race; cancelling changes nothing.
 void chooseCircuitPicture(MainRecord &main);
 void chooseRacePicture(MainRecord &main);
 void chooseFilm(MainRecord &main);
@@ -21,8 +25,8 @@ void removeFilm(MainRecord &main);
 // Where a film of the Grand Prix on show is looked for when nobody chose one.
 std::string filmBesideProgram(const MainRecord &main);
 
-// The film of the Grand Prix on show, where the gallery file says or else beside the program; empty when there is none to
-// be played.
+// The film of the Grand Prix on show: where the gallery file says, and if it says nothing, beside the program. Whether it is
+// there shows when it is played.
 std::string filmAtHand(const MainRecord &main);
 
 }

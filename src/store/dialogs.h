@@ -16,7 +16,7 @@ public:
     virtual bool question(const std::string &text) = 0;
 
     // The chosen path, absent when the user cancels. The filter is in the form "Images (*.jpg *.png)"; the preset is the
-    // path that stands in the dialog at first, empty for none.
+    // file that stands in the choice at first.
     virtual std::optional<std::string> chooseFile(const std::string &title, const std::string &filter,
                                                   const std::string &preset = {}) = 0;
 

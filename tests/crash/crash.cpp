@@ -36,10 +36,7 @@ class Silent : public Dialogs {
 public:
     void message(const std::string &) override { }
     bool question(const std::string &) override { return true; }
-    std::optional<std::string> chooseFile(const std::string &, const std::string &, const std::string &) override
-    {
-        return std::nullopt;
-    }
+    std::optional<std::string> chooseFile(const std::string &, const std::string &, const std::string &) override { return std::nullopt; }
 };
 
 void enter(results::MainRecord &main, const char *slot, const char *name, std::array<const char *, 8> places, const char *pole)

@@ -184,10 +184,7 @@ public:
         said.push_back(text);
         return next().has_value();
     }
-    std::optional<std::string> chooseFile(const std::string &, const std::string &, const std::string &) override
-    {
-        return next();
-    }
+    std::optional<std::string> chooseFile(const std::string &, const std::string &, const std::string &) override { return next(); }
 
     Lines said;
     std::deque<std::string> answers; // none left: No, and no file
