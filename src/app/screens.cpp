@@ -13,6 +13,7 @@
     screen(form12)                \
     screen(form13)                \
     screen(form14)                \
+    screen(form15)                \
     screen(form16)                \
     screen(form20)                \
     screen(form21)                \

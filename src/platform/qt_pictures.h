@@ -20,7 +20,7 @@ bool isQuickPicture(const QString &path);
 // The picture fitted into the room, its proportions kept, never enlarged; null when there is none. From any thread.
 QImage scaledPicture(const QString &path, QSize room);
 
-// The same off the event loop, one picture after the other; what was cancelled isn't begun.
+// The same off the event loop, in the order asked for; what was cancelled isn't begun.
 QFuture<QImage> startPicture(const QString &path, QSize room);
 
 // Waits until what was started has reached those who watch it; false when nothing was started since the last call.

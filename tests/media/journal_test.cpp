@@ -38,8 +38,7 @@ TEST_F(Journal, TextsComeBackWholeAndTheCodePageIsKeptWhereItCan)
     for (const auto &[body, bytes] : cases) {
         EXPECT_TRUE(saveArticle(store, "3", {"Titre", body}));
         EXPECT_EQ(content(folder / "Journal p3.txt"), bytes);
-        if (body != "a\r\nb\rc") // the box knows one kind of line break
-            EXPECT_EQ(article(store, "3"), (Article{"Titre", body}));
+        EXPECT_EQ(article(store, "3"), (Article{"Titre", body}));
     }
     std::string megabyte;
     while (megabyte.size() < 1 << 20)
@@ -127,20 +126,20 @@ TEST_F(Journal, ARefusedCallLeavesTheArticleThatTheAnswerSays)
 {
     const Article old{"Avant", "Ancien"}, fresh{"Après", "Nouveau"};
     int refusals = 0, losses = 0;
-    for (int refused = 0, calls = 1; refused < calls; ++refused) {
+    for (bool reached = true; reached; ++refusals) {
         const TemporaryFolder place;
         const Store desk(place.path());
         ASSERT_TRUE(saveArticle(desk, "7", old));
-        calls = 0;
+        int calls = 0;
         bool saved = false;
         {
-            const WatchedCalls watched([&](const auto &call) { return writes(call) && calls++ == refused ? ENOSPC : 0; });
+            const WatchedCalls watched([&](const auto &call) { return writes(call) && calls++ == refusals ? ENOSPC : 0; });
             saved = saveArticle(desk, "7", fresh);
         }
-        EXPECT_EQ(article(desk, "7"), saved ? fresh : old) << refused;
+        EXPECT_EQ(article(desk, "7"), saved ? fresh : old) << refusals;
         EXPECT_TRUE(saveArticle(desk, "7", fresh));
         EXPECT_EQ(article(desk, "7"), fresh);
-        refusals += calls > refused;
+        reached = calls > refusals;
         losses += !saved;
     }
     EXPECT_GT(refusals, 10);

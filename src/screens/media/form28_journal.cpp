@@ -6,6 +6,7 @@
 #include "shell/screens.h"
 
 #include <QBoxLayout>
+#include <QSignalBlocker>
 
 namespace circuidex::screens {
 
@@ -28,7 +29,7 @@ private:
     QBoxLayout *foot();
     void open();
     void show(const media::Article &article);
-    void leave();
+    bool leave();
     void offerDraft();
     void keepDraft();
     bool save();
@@ -139,7 +140,11 @@ QBoxLayout *Form28::foot()
 
 void Form28::open()
 {
-    leave();
+    if (!leave()) {
+        const QSignalBlocker stay(m_page);
+        m_page->setText(qt(m_number));
+        return;
+    }
     m_number = number();
     m_said.set("");
     media::finishSaving(context.store, m_number);
@@ -159,15 +164,14 @@ void Form28::show(const media::Article &article)
     m_draft->stop();
 }
 
-// Before another article, or the stored one anew, takes the place of what was typed.
-void Form28::leave()
+// Before another article, or the stored one anew, takes the place of what was typed. False when that can't be saved.
+bool Form28::leave()
 {
-    m_draft->stop();
-    if (changed() && context.dialogs.question("L'article N°" + m_number + " n'est pas enregistré.\n\nL'enregistrer ?") &&
-        !media::saveArticle(context.store, m_number, typed()))
-        keepDraft(); // it is offered again when the disk has room
-    else
-        media::dropDraft(context.store, m_number);
+    keepDraft();
+    if (changed() && context.dialogs.question("L'article N°" + m_number + " n'est pas enregistré.\n\nL'enregistrer ?"))
+        return save();
+    media::dropDraft(context.store, m_number);
+    return true;
 }
 
 void Form28::offerDraft()
@@ -184,6 +188,7 @@ void Form28::offerDraft()
 
 void Form28::keepDraft()
 {
+    m_draft->stop();
     if (!changed())
         media::dropDraft(context.store, m_number);
     else if (!media::keepDraft(context.store, m_number, typed()))
