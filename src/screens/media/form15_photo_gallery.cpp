@@ -74,7 +74,7 @@ QLayout *Form15::slotGrid()
 {
     auto *grid = new QGridLayout;
     grid->setSpacing(look::gap);
-    for (int slot = 0; slot < media::photos.slots; ++slot) {
+    for (int slot = 0; slot < media::photos.slotCount; ++slot) {
         auto *frame = new QFrame;
         frame->setObjectName(u"slot"_s);
         auto *inside = new QVBoxLayout(frame);
