@@ -20,8 +20,8 @@ constexpr double aroundWide = 50, aroundHigh = 900, footHigh = 800;
 
 }
 
-Viewer::Viewer(Context &theContext, const QString &name, const QString &title, QWidget *heading,
-               QWidget *between)
+Viewer::Viewer(Context &theContext, const QString &name, const QString &title, QWidget *between,
+               QWidget *heading)
     : Screen(theContext, name, title), m_picture(add(u"Image1"_s, new Picture)), m_area(new QScrollArea)
 {
     m_picture->setEnlarged(true);
@@ -32,19 +32,20 @@ Viewer::Viewer(Context &theContext, const QString &name, const QString &title, Q
     m_area->setWidgetResizable(true);
     m_area->setMinimumHeight(60);
     auto *layout = page();
-    if (heading)
-        layout->addWidget(heading, 0, Qt::AlignHCenter);
+    layout->setContentsMargins({}); // what is around the picture is as narrow as its room says
+    layout->setSpacing(0);
     layout->addWidget(m_area, 1);
-    layout->addLayout(foot(between));
+    layout->addLayout(foot(between, heading));
     const media::ViewerSize kept = media::viewerSize(context.main.season());
     constexpr double usualWidth = 9600, usualHeight = 7500;
     setSize(kept.width.value_or(usualWidth), kept.height.value_or(usualHeight));
 }
 
-QLayout *Viewer::foot(QWidget *between)
+QLayout *Viewer::foot(QWidget *between, QWidget *heading)
 {
     auto *row = new QHBoxLayout;
     row->setSpacing(6);
+    row->setContentsMargins(look::gap, 0, look::gap, 0);
     row->addWidget(button(u"Command3"_s, u"Taille réele"_s, [this] { showAsLarge(); }));
     row->addWidget(button(u"Command4"_s, u"Forcer"_s, [this] { stretch(); }));
     row->addStretch(1);
@@ -60,6 +61,8 @@ QLayout *Viewer::foot(QWidget *between)
     if (between)
         row->addWidget(between);
     row->addWidget(on);
+    if (heading)
+        row->addWidget(heading);
     row->addStretch(1);
     row->addWidget(printCommand(u"Label10"_s));
     return row;

@@ -9,9 +9,9 @@ namespace circuidex {
 
 class Viewer : public Screen {
 protected:
-    // What the screen adds: a heading over the picture, and what stands between the arrows; null for none.
-    Viewer(Context &context, const QString &name, const QString &title, QWidget *heading = nullptr,
-           QWidget *between = nullptr);
+    // What the screen adds: what stands between the arrows, and a heading beside them; null for none.
+    Viewer(Context &context, const QString &name, const QString &title, QWidget *between = nullptr,
+           QWidget *heading = nullptr);
 
     virtual void step(int by) = 0; // the next picture, or the one before
     virtual void said(bool stretched) { (void)stretched; } // after each of the two buttons
@@ -23,7 +23,7 @@ protected:
 
 private:
     void place(const TwipRect &picture);
-    QLayout *foot(QWidget *between);
+    QLayout *foot(QWidget *between, QWidget *heading);
 
     Picture *m_picture;
     QScrollArea *m_area;

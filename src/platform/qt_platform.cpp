@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QPageLayout>
 #include <QPainter>
+#include <QPicture>
 #include <QPointer>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -54,16 +55,26 @@ QPageLayout::Orientation orientationFor(const QWidget &screen)
     return screen.width() > screen.height() ? QPageLayout::Landscape : QPageLayout::Portrait;
 }
 
+// Drawn straight to a printer a screen becomes one bitmap of half a gigabyte; so its lines and letters are taken down.
+QPicture takenDown(QWidget &screen)
+{
+    awaitPictures();
+    QPicture picture;
+    QPainter painter(&picture);
+    screen.render(&painter);
+    return picture;
+}
+
 bool draw(QWidget &screen, QPrinter &printer)
 {
+    const QPicture picture = takenDown(screen);
     QPainter painter;
     if (!painter.begin(&printer))
         return false;
     const QRectF page = printer.pageRect(QPrinter::DevicePixel);
     const double scale = std::min(page.width() / screen.width(), page.height() / screen.height());
     painter.scale(scale, scale);
-    awaitPictures();
-    screen.render(&painter);
+    painter.drawPicture(0, 0, picture);
     return painter.end();
 }
 

@@ -6,10 +6,13 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCoreApplication>
+#include <QDateTime>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPixmapCache>
 #include <QShortcut>
 #include <QStyle>
 
@@ -30,6 +33,14 @@ void run(const std::function<void()> &handler)
 {
     if (const auto copy = handler)
         copy();
+}
+
+// What a picture decoded for a room is kept under, so that a page turned back to is there at once.
+QString keptAs(const QString &path, const QSize &room)
+{
+    const QFileInfo file(path);
+    const QString about = u"%1 %2 %3 %4 "_s.arg(room.width()).arg(room.height()).arg(file.size()).arg(file.lastModified().toMSecsSinceEpoch());
+    return about + path;
 }
 
 // Outlines in a square of 100 by 100.
@@ -332,7 +343,9 @@ void Picture::setEnlarged(bool on)
 void Picture::load()
 {
     m_decoding.cancel();
-    if (isQuickPicture(m_path))
+    if (QPixmap kept; QPixmapCache::find(keptAs(m_path, m_scaledFor), &kept))
+        m_scaled = kept;
+    else if (isQuickPicture(m_path))
         take(scaledPicture(m_path, m_scaledFor));
     else
         m_decoding.setFuture(startPicture(m_path, m_scaledFor));
@@ -342,6 +355,8 @@ void Picture::take(const QImage &image)
 {
     m_scaled = QPixmap::fromImage(image);
     m_scaled.setDevicePixelRatio(devicePixelRatioF());
+    if (!image.isNull())
+        QPixmapCache::insert(keptAs(m_path, m_scaledFor), m_scaled);
 }
 
 void Picture::paintEvent(QPaintEvent *)

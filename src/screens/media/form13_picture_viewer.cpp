@@ -8,10 +8,17 @@ namespace circuidex::screens {
 
 namespace {
 
+Label *boldLabel()
+{
+    auto *made = new Label;
+    made->setObjectName(u"figure"_s);
+    return made;
+}
+
 class Form13 : public Viewer {
 public:
     Form13(Context &context, const QString &name, const QString &title);
-    Form13(Context &context, const QString &name, const QString &title, Label *heading, Label *between);
+    Form13(Context &context, const QString &name, const QString &title, Label *between, Label *heading);
 
 protected:
     void step(int by) override;
@@ -23,14 +30,13 @@ private:
 };
 
 Form13::Form13(Context &theContext, const QString &name, const QString &title)
-    : Form13(theContext, name, title, new Label, new Label(u"/"_s))
+    : Form13(theContext, name, title, new Label(u"/"_s), boldLabel())
 {
 }
 
-Form13::Form13(Context &theContext, const QString &name, const QString &title, Label *heading, Label *between)
-    : Viewer(theContext, name, title, heading, between), m_main(theContext.main)
+Form13::Form13(Context &theContext, const QString &name, const QString &title, Label *between, Label *heading)
+    : Viewer(theContext, name, title, between, heading), m_main(theContext.main)
 {
-    heading->setObjectName(u"large"_s);
     add(u"Label11"_s, heading);
     add(u"Label2"_s, between);
     hidden(u"Label1"_s);
