@@ -67,14 +67,10 @@ QPicture takenDown(QWidget &screen)
 
 bool draw(QWidget &screen, QPrinter &printer)
 {
-    const QPicture picture = takenDown(screen);
     QPainter painter;
     if (!painter.begin(&printer))
         return false;
-    const QRectF page = printer.pageRect(QPrinter::DevicePixel);
-    const double scale = std::min(page.width() / screen.width(), page.height() / screen.height());
-    painter.scale(scale, scale);
-    painter.drawPicture(0, 0, picture);
+    drawScreen(screen, painter, printer.pageRect(QPrinter::DevicePixel).size());
     return painter.end();
 }
 
@@ -88,6 +84,16 @@ std::unique_ptr<QTextDocument> asDocument(const QString &text)
     return document;
 }
 
+}
+
+void drawScreen(QWidget &screen, QPainter &painter, const QSizeF &page)
+{
+    const QPicture picture = takenDown(screen);
+    const double denser = double(painter.device()->logicalDpiX()) / picture.logicalDpiX(); // a picture is drawn so much larger
+    const double scale = std::min(page.width() / screen.width(), page.height() / screen.height());
+    painter.translate((page.width() - scale * screen.width()) / 2, 0);
+    painter.scale(scale / denser, scale / denser);
+    painter.drawPicture(0, 0, picture);
 }
 
 bool printScreen(QWidget &screen, const QString &pdfFile)

@@ -3,7 +3,10 @@
 // through the first video player found.
 #include "platform/platform.h"
 
+#include <QSizeF>
 #include <QString>
+
+class QPainter;
 
 namespace circuidex {
 
@@ -16,6 +19,9 @@ public:
     void openAddress(const std::string &address) override;
     Room roomFor(const QWidget &window) const override;
 };
+
+// A screen in lines and letters, scaled to a page of this size in the device's pixels.
+void drawScreen(QWidget &screen, QPainter &painter, const QSizeF &page);
 
 // One page with the picture of a screen, turned and scaled so that it fills the paper. An empty file name means the
 // default printer; false when there is none or the file can't be written.
