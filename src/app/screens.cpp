@@ -15,12 +15,15 @@
     screen(form14)                \
     screen(form15)                \
     screen(form16)                \
+    screen(form17)                \
+    screen(form19)                \
     screen(form20)                \
     screen(form21)                \
     screen(form23)                \
     screen(form24)                \
     screen(form25)                \
     screen(form26)                \
+    screen(form27)                \
     screen(form28)                \
     screen(form29)                \
     screen(form30)                \
@@ -29,6 +32,7 @@
     screen(form33)                \
     screen(form34)                \
     screen(form36)                \
+    screen(form37)                \
     screen(form38)                \
     screen(form39)                \
     screen(form40)                \
@@ -39,10 +43,18 @@
     screen(form59)                \
     screen(form60)                \
     screen(form61)                \
+    screen(form62)                \
     screen(form65)                \
+    screen(form68)                \
+    screen(form69)                \
     screen(form70)                \
     screen(form75)                \
+    screen(form78)                \
+    screen(form80)                \
+    screen(form93)                \
+    screen(form94)                \
     screen(form100)               \
+    screen(frmmain)               \
     screen(menuScreens)
 
 namespace circuidex {

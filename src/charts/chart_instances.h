@@ -17,8 +17,12 @@ struct Paper {
     double top, bottom;
     double gridFrom, gridTo;
     std::uint32_t gridColour; // 0xRRGGBB
+    double left = 0, beyond = 0; // of white paper on both sides of the segments
 
-    constexpr double width() const { return vertex(segments); }
+    constexpr double vertex(int k) const { return left + charts::vertex(k); }
+    constexpr double width() const { return charts::vertex(segments); }
+    constexpr double right() const { return left + width(); }
+    constexpr double sheet() const { return right() + beyond; } // all of the white, from 0 on
 };
 
 // A chart's subjects are driver numbers, or names of drivers or teams.

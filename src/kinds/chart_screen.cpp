@@ -3,11 +3,8 @@
 #include "results/main_record.h"
 #include "shell/look.h"
 
-#include <QAction>
 #include <QBoxLayout>
-#include <QClipboard>
 #include <QGuiApplication>
-#include <QSaveFile>
 
 namespace circuidex {
 
@@ -19,75 +16,29 @@ constexpr double scaleEdge = 600, captionEdge = 960; // twips left of the paper,
 constexpr double gap = 80, leader = 220; // of these, from such a caption to the paper
 constexpr double margin = 150; // twips around the rest
 constexpr double overshoot = 100; // a line may pass the upper edge of the paper by so much
-constexpr double captionHeight = 225;
 constexpr double averageCaption = 400; // above a paper that may show an average
 constexpr double maskWidth = 15000;
-
-TwipRect bounds(const TwipLine &l)
-{
-    return {std::min(l.x1, l.x2), std::min(l.y1, l.y2), std::abs(l.x2 - l.x1), std::abs(l.y2 - l.y1)};
-}
-
-ChartStroke stroke(const TwipLine &l, const QColor &colour)
-{
-    return {{{l.x1, l.y1}, {l.x2, l.y2}}, colour, l.width};
-}
-
-// Under its segment. The twentieth Grand Prix has the caption with index 0.
-TwipRect captionPlace(const Paper &paper, int slot)
-{
-    return {vertex(slot), paper.bottom, vertex(slot + 1) - vertex(slot), captionHeight};
-}
-
-TwipLine gridLine(const Paper &paper, int k)
-{
-    return {vertex(k), paper.gridFrom, vertex(k), paper.gridTo, 1};
-}
-
-TwipLine baseLine(const Paper &paper)
-{
-    return {0, paper.bottom, paper.width(), paper.bottom, 1};
-}
 
 }
 
 ChartScreen::ChartScreen(Context &theContext, const QString &name, const QString &title, const ChartControls &controls)
-    : Screen(theContext, name, title), m_chart(controls.instance), m_controls(controls), m_view(new ChartView(body()))
+    : PaperScreen(theContext, name, title, controls.instance.paper), m_chart(controls.instance), m_controls(controls)
 {
-    registerPaper();
+    shape(u"stopgraph"_s).geometryNow = [this] { return mask(); };
     registerLines();
     if (controls.instance.average != AverageOf::nothing)
         registerAverage();
-    registerSaving();
-    m_view->onEnter = [this] { draw(); };
-    m_view->describe = [this](int series, int point) {
+    view()->onEnter = [this] { draw(); };
+    view()->describe = [this](int series, int point) {
         return series < seriesCount && point > 0
             ? gpName(point - 1) + u" – "_s + meaning(series, point - 1)
             : QString();
     };
 }
 
-WritableSeason ChartScreen::season() const
-{
-    return context.main.writableSeason();
-}
-
 QColor ChartScreen::colour(int series) const
 {
     return QColor::fromRgb(seriesColours[static_cast<std::size_t>(series)]);
-}
-
-QString ChartScreen::gpName(int slot) const
-{
-    return qt(season().namegp(slot));
-}
-
-void ChartScreen::registerLine(const QString &name, int index, QColor colour, std::function<TwipLine()> line)
-{
-    ShapeControl &made = shape(name, index);
-    made.setFore(colour);
-    made.geometryNow = [line] { return bounds(line()); };
-    made.lineNow = std::move(line);
 }
 
 void ChartScreen::registerLines()
@@ -98,27 +49,8 @@ void ChartScreen::registerLines()
             registerLine(name, k, colour(s), [this, s, k] {
                 const Curve &curve = m_chart.curve(s);
                 return TwipLine{vertex(k), curve.at(k - 1), vertex(k + 1), curve.at(k), m_chart.lineWidth(s)};
-            });
-            static_cast<ShapeControl *>(control(name, k))->tipNow = [this, s, k] { return m_view->describe(s, k + 1); };
+            }).tipNow = [this, s, k] { return view()->describe(s, k + 1); };
         }
-}
-
-void ChartScreen::registerPaper()
-{
-    shape(u"Label10"_s).geometryNow = [this] {
-        return TwipRect{0, paper().top, paper().width(), paper().bottom - paper().top};
-    };
-    shape(u"stopgraph"_s).geometryNow = [this] { return mask(); };
-    shape(u"Line5"_s).lineNow = [this] { return baseLine(paper()); };
-    const QColor gridColour = QColor::fromRgb(paper().gridColour);
-    for (int k = 1; k < segments; ++k)
-        registerLine(u"Line6"_s, k, gridColour, [this, k] { return gridLine(paper(), k); });
-    for (int slot = 0; slot < segments; ++slot) {
-        ShapeControl &caption = shape(u"Label11"_s, (slot + 1) % segments);
-        caption.textNow = [slot] { return u"GP%1"_s.arg(slot + 1); };
-        caption.tipNow = [this, slot] { return gpName(slot); };
-        caption.geometryNow = [this, slot] { return captionPlace(paper(), slot); };
-    }
 }
 
 // The pieces from the left edge on, Line13(1) to (3) and Line10(1) to (17).
@@ -160,36 +92,6 @@ const Control *ChartScreen::averagePiece(int i) const
 TwipRect ChartScreen::mask() const
 {
     return {m_chart.mask(), paper().top - overshoot, maskWidth, paper().bottom - paper().top + overshoot};
-}
-
-void ChartScreen::registerSaving()
-{
-    const auto entry = [this](const QString &name, const QString &caption, const QKeySequence &key, auto handler) {
-        auto *action = new QAction(caption, m_view);
-        action->setShortcut(key);
-        action->setShortcutContext(Qt::WidgetShortcut);
-        connect(action, &QAction::triggered, this, handler);
-        m_view->addAction(action);
-        hidden(name, caption, [action] { action->trigger(); });
-    };
-    m_view->setContextMenuPolicy(Qt::ActionsContextMenu);
-    entry(u"copierimage"_s, u"Copier l'image"_s, QKeySequence::Copy,
-          [this] { QGuiApplication::clipboard()->setImage(m_view->image()); });
-    entry(u"enregistrerpng"_s, u"Enregistrer en PNG..."_s, {},
-          [this] { save(u"png"_s, m_view->png()); });
-    entry(u"enregistrersvg"_s, u"Enregistrer en SVG..."_s, {},
-          [this] { save(u"svg"_s, m_view->svg()); });
-}
-
-void ChartScreen::save(const QString &kind, const QByteArray &bytes)
-{
-    const QString filter = u"Images %1 (*.%2)"_s.arg(kind.toUpper(), kind);
-    const auto path = context.dialogs.chooseNewFile(title().toStdString(), filter.toStdString());
-    if (!path)
-        return;
-    QSaveFile file(qt(*path));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
-        context.dialogs.message("L'image n'a pas pu être enregistrée.");
 }
 
 Label *ChartScreen::marker(int series)
@@ -257,7 +159,7 @@ void ChartScreen::begin()
     m_chart.open(season());
     showSubjects();
     draw();
-    m_view->setFocus();
+    view()->setFocus();
 }
 
 void ChartScreen::closing()
@@ -291,7 +193,7 @@ void ChartScreen::showChart()
     addPaper(picture);
     addScale(picture);
     addEdgeCaptions(picture);
-    m_view->setPicture(std::move(picture));
+    view()->setPicture(std::move(picture));
 }
 
 // The series as their controls tell them, as far as the mask, which stands just behind a Grand Prix.
@@ -323,23 +225,11 @@ void ChartScreen::addAverage(ChartPicture &picture) const
         if (const TwipLine line = *piece->line(); line.x2 <= m_chart.mask())
             picture.lines.push_back(stroke(line, *piece->fore()));
     }
-    const double left = paper().width() - 1500, y = paper().top - averageCaption + captionHeight / 2;
+    const double left = paper().width() - 1500, y = paper().top - averageCaption + axisCaptionHeight / 2;
     picture.leaders.push_back(stroke({left - 350, y, left - 90, y, 1}, Qt::black));
-    picture.texts.push_back({{left, y - captionHeight / 2, 1500, captionHeight},
+    picture.texts.push_back({{left, y - axisCaptionHeight / 2, 1500, axisCaptionHeight},
                              u"Moyenne mobile"_s,
                              Qt::AlignLeft | Qt::AlignVCenter});
-}
-
-void ChartScreen::addPaper(ChartPicture &picture) const
-{
-    const Paper &p = paper();
-    for (int k = 1; k < segments; ++k)
-        picture.grid.push_back(stroke(*control(u"Line6"_s, k)->line(), *control(u"Line6"_s, k)->fore()));
-    for (int slot = 0; slot < segments; ++slot)
-        picture.texts.push_back({captionPlace(p, slot), u"GP%1"_s.arg(slot + 1), Qt::AlignCenter,
-                                 [this, slot] { return gpName(slot); }});
-    picture.axes.push_back(stroke(baseLine(p), look::quiet));
-    picture.axes.push_back(stroke({0, p.top, 0, p.bottom, 1}, look::line));
 }
 
 // What a height means, where that depends on the scale.
@@ -355,22 +245,17 @@ void ChartScreen::addScale(ChartPicture &picture) const
 void ChartScreen::addEdgeCaptions(ChartPicture &picture) const
 {
     for (const EdgeCaption &caption : edgeCaptions()) {
-        const double y = m_chart.instance().level().at(caption.value), centre = caption.top + captionHeight / 2;
+        const double y = m_chart.instance().level().at(caption.value), centre = caption.top + axisCaptionHeight / 2;
         addLevel(picture, y);
         picture.leaders.push_back(stroke({-leader, centre, 0, y, 1}, look::line));
         addHeight(picture, qt(caption.text), centre, leader + gap / 2);
     }
 }
 
-void ChartScreen::addLevel(ChartPicture &picture, double y) const
-{
-    picture.grid.push_back(stroke({0, y, paper().width(), y, 1}, look::level));
-}
-
 void ChartScreen::addHeight(ChartPicture &picture, const QString &caption, double centre, double right) const
 {
     picture.texts.push_back(
-        {{picture.region.left, centre - captionHeight / 2, -picture.region.left - right, captionHeight},
+        {{picture.region.left, centre - axisCaptionHeight / 2, -picture.region.left - right, axisCaptionHeight},
          caption,
          Qt::AlignRight | Qt::AlignVCenter});
 }

@@ -13,7 +13,6 @@
 #include <QPrinterInfo>
 #include <QProcess>
 #include <QScreen>
-#include <QStandardPaths>
 #include <QTextDocument>
 #include <QUrl>
 #include <QWidget>
@@ -132,14 +131,17 @@ void QtPlatform::printText(const std::string &text, Printing how)
         asDocument(QString::fromStdString(text))->print(printer.get());
 }
 
-// Asked for by name: what the system opens a file with may be anything, the interpreter of a script too.
-bool QtPlatform::play(const std::string &path)
+void QtPlatform::wake()
 {
-    for (const char *player :
-         {"vlc", "totem", "celluloid", "haruna", "dragon", "parole", "smplayer", "mpv", "mplayer", "ffplay"})
-        if (const QString program = QStandardPaths::findExecutable(QLatin1String(player)); !program.isEmpty())
-            return QProcess::startDetached(program, {QString::fromStdString(path)});
-    return false;
+    if (m_sentFor.exchange(true))
+        return;
+    QMetaObject::invokeMethod(
+        &m_here,
+        [this] {
+            m_sentFor = false;
+            m_mpv.attend();
+        },
+        Qt::QueuedConnection);
 }
 
 void QtPlatform::startProgram(const std::string &path)

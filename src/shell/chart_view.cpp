@@ -144,6 +144,8 @@ void ChartView::setPicture(ChartPicture picture)
     m_picture = std::move(picture);
     setAccessibleName(m_picture.title);
     point(std::nullopt);
+    if (m_reached && *m_reached >= int(m_picture.targets.size()))
+        m_reached.reset();
     update();
 }
 
@@ -161,11 +163,14 @@ void ChartView::paint(QPainter &painter, const QRectF &target) const
     for (const auto *blocks : {&m_picture.masks, &m_picture.bars})
         for (const ChartBlock &block : *blocks)
             painter.fillRect(scaled(block.place) & paper, block.colour);
-    for (const ChartStroke &line : m_picture.lines) {
-        painter.setPen(pen(line));
-        for (const QPolygonF &part : cutOff(path(line, scaled), paper))
-            painter.drawPolyline(part);
-    }
+    for (const bool onTop : {false, true})
+        for (const ChartStroke &line : m_picture.lines) {
+            if (line.onTop != onTop)
+                continue;
+            painter.setPen(pen(line));
+            for (const QPolygonF &part : cutOff(path(line, scaled), paper))
+                painter.drawPolyline(part);
+        }
     for (const ChartStroke &leader : m_picture.leaders) {
         painter.setPen(pen(leader));
         painter.drawPolyline(path(leader, scaled));
@@ -176,9 +181,10 @@ void ChartView::paint(QPainter &painter, const QRectF &target) const
         painter.drawPolyline(inWholePixels(path(axis, scaled)));
     }
     painter.setFont(font());
-    painter.setPen(look::quiet);
-    for (const ChartText &text : m_picture.texts)
+    for (const ChartText &text : m_picture.texts) {
+        painter.setPen(text.colour.isValid() ? text.colour : look::quiet);
         painter.drawText(scaled(text.place), int(text.align) | Qt::TextDontClip, text.text);
+    }
 }
 
 void ChartView::paintPage(QPainter &painter, const QSizeF &page) const
@@ -192,8 +198,8 @@ void ChartView::paintPage(QPainter &painter, const QSizeF &page) const
     paint(painter, QRectF(0, headPixels, page.width(), page.height() - headPixels));
 }
 
-// The dot at the point, and beside it what it means, always inside the widget.
-void ChartView::paintBubble(QPainter &painter) const
+// The dot at the point, and beside it what it means.
+void ChartView::paintPointed(QPainter &painter) const
 {
     const ChartStroke &line = m_picture.lines[std::size_t(m_pointed->line)];
     const QPointF at = Scaling(m_picture.region, rect())(line.points[std::size_t(m_pointed->point)]);
@@ -201,8 +207,25 @@ void ChartView::paintBubble(QPainter &painter) const
     painter.setPen(QPen(Qt::white, 1.5));
     painter.setBrush(line.colour);
     painter.drawEllipse(at, 5, 5);
+    paintBubble(painter, at, m_pointedText);
+}
+
+void ChartView::paintReached(QPainter &painter) const
+{
+    const ChartTarget &target = m_picture.targets[std::size_t(*m_reached)];
+    const QRectF place = Scaling(m_picture.region, rect())(target.place);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(look::ink, 2));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(place.adjusted(-1, -1, 1, 1), 3, 3);
+    paintBubble(painter, {place.center().x(), place.center().y()}, target.says);
+}
+
+// Always inside the widget.
+void ChartView::paintBubble(QPainter &painter, const QPointF &at, const QString &text) const
+{
     painter.setFont(pixelFont(font(), 12));
-    const QSizeF size = painter.fontMetrics().size(0, m_pointedText) + QSize(16, 8);
+    const QSizeF size = painter.fontMetrics().size(0, text) + QSize(16, 8);
     const double left = at.x() + 10 + size.width() < width() ? at.x() + 10 : at.x() - 10 - size.width();
     const QRectF box(
         QPointF(std::max(left, 1.0), std::clamp(at.y() - 14 - size.height(), 1.0, height() - size.height() - 1)), size);
@@ -210,7 +233,7 @@ void ChartView::paintBubble(QPainter &painter) const
     painter.setBrush(look::bubble);
     painter.drawRoundedRect(box, 4, 4);
     painter.setPen(look::ink);
-    painter.drawText(box, Qt::AlignCenter, m_pointedText);
+    painter.drawText(box, Qt::AlignCenter, text);
 }
 
 void ChartView::paintEvent(QPaintEvent *)
@@ -218,7 +241,9 @@ void ChartView::paintEvent(QPaintEvent *)
     QPainter painter(this);
     paint(painter, rect());
     if (m_pointed)
-        paintBubble(painter);
+        paintPointed(painter);
+    else if (m_reached && hasFocus())
+        paintReached(painter);
 }
 
 QSize ChartView::pageSize() const
@@ -296,27 +321,128 @@ void ChartView::point(std::optional<Spot> spot)
 // Along a line to the next Grand Prix, or to the next line at the same one. From nowhere, the first point in sight.
 std::optional<ChartView::Spot> ChartView::stepped(int key) const
 {
-    const bool along = key == Qt::Key_Left || key == Qt::Key_Right;
     const int by = key == Qt::Key_Left || key == Qt::Key_Up ? -1 : 1;
+    if (m_pointed && (key == Qt::Key_Up || key == Qt::Key_Down))
+        return beside(by);
     Spot spot = m_pointed.value_or(Spot{0, -1});
-    for (;;) {
-        (along || !m_pointed ? spot.point : spot.line) += m_pointed ? by : 1;
-        if (spot.line < 0 || spot.line >= int(m_picture.lines.size()) || spot.point < 0 ||
-            spot.point >= int(m_picture.lines[std::size_t(spot.line)].points.size()))
-            return m_pointed;
+    while (spot.line < int(m_picture.lines.size())) {
+        spot.point += m_pointed ? by : 1;
+        if (spot.point < 0 || spot.point >= int(m_picture.lines[std::size_t(spot.line)].points.size()))
+            break;
         if (seen(spot))
             return spot;
     }
+    return m_pointed;
+}
+
+// The point of the line next above (-1) or below; lines that meet there lie in their own order.
+std::optional<ChartView::Spot> ChartView::beside(int by) const
+{
+    const auto height = [this](const Spot &spot) {
+        return std::pair(m_picture.lines[std::size_t(spot.line)].points[std::size_t(spot.point)].y, spot.line);
+    };
+    Spot best = *m_pointed;
+    for (Spot spot{0, m_pointed->point}; spot.line < int(m_picture.lines.size()); ++spot.line) {
+        if (spot.point >= int(m_picture.lines[std::size_t(spot.line)].points.size()) || !seen(spot))
+            continue;
+        const bool beyond = by < 0 ? height(spot) < height(*m_pointed) : height(spot) > height(*m_pointed);
+        const bool nearer = best == *m_pointed || (by < 0 ? height(spot) > height(best) : height(spot) < height(best));
+        if (beyond && nearer)
+            best = spot;
+    }
+    return best;
+}
+
+const ChartTarget *ChartView::targetAt(const QPointF &pointer) const
+{
+    const Scaling scaled(m_picture.region, rect());
+    const auto found =
+        std::find_if(m_picture.targets.begin(), m_picture.targets.end(),
+                     [&](const ChartTarget &target) { return scaled(target.place).contains(pointer); });
+    return found == m_picture.targets.end() ? nullptr : &*found;
+}
+
+void ChartView::reachTarget(std::optional<int> target)
+{
+    m_reached = target;
+    setAccessibleDescription(target ? m_picture.targets[std::size_t(*target)].says : QString());
+    update();
+    if (const auto handler = onReach; handler && target)
+        handler(*target);
+}
+
+// From target to target; false when the key doesn't walk, or there is nothing to walk on.
+bool ChartView::walk(int key)
+{
+    const int last = int(m_picture.targets.size()) - 1, now = m_reached.value_or(-1);
+    const bool back = key == Qt::Key_Left || key == Qt::Key_Up, on = key == Qt::Key_Right || key == Qt::Key_Down;
+    if (last < 0 || !m_picture.lines.empty() || !(back || on || key == Qt::Key_Home || key == Qt::Key_End))
+        return false;
+    reachTarget(key == Qt::Key_Home       ? 0
+              : key == Qt::Key_End ? last
+                                   : std::clamp(now + (back ? -1 : 1), 0, last));
+    return true;
+}
+
+// What a click or Enter at a point does; the point stays pointed at.
+void ChartView::follow(int line)
+{
+    const auto spot = m_pointed;
+    if (const auto handler = onLine)
+        handler(line);
+    if (spot && spot->line < int(m_picture.lines.size()))
+        point(spot);
+}
+
+bool ChartView::enter()
+{
+    if (m_reached) {
+        if (const auto press = m_picture.targets[std::size_t(*m_reached)].press)
+            press();
+        return true;
+    }
+    if (m_pointed && onLine) {
+        follow(m_pointed->line);
+        return true;
+    }
+    if (onEnter)
+        onEnter();
+    return bool(onEnter);
 }
 
 void ChartView::mouseMoveEvent(QMouseEvent *event)
 {
-    point(nearest(event->position()));
+    const ChartTarget *target = targetAt(event->position());
+    point(target ? std::nullopt : nearest(event->position()));
+    if ((target && target->press) || (m_pointed && onLine))
+        setCursor(Qt::PointingHandCursor);
+    else
+        unsetCursor();
+}
+
+void ChartView::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton)
+        return QWidget::mouseReleaseEvent(event);
+    if (const ChartTarget *target = targetAt(event->position())) {
+        if (const auto press = target->press)
+            press();
+    } else if (m_pointed && onLine) {
+        follow(m_pointed->line);
+    }
 }
 
 void ChartView::leaveEvent(QEvent *)
 {
     point(std::nullopt);
+}
+
+void ChartView::focusInEvent(QFocusEvent *event)
+{
+    const bool byKey = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    if (byKey && m_picture.lines.empty() && !m_picture.targets.empty())
+        reachTarget(m_reached.value_or(0));
+    QWidget::focusInEvent(event);
 }
 
 void ChartView::focusOutEvent(QFocusEvent *event)
@@ -328,11 +454,11 @@ void ChartView::focusOutEvent(QFocusEvent *event)
 void ChartView::keyPressEvent(QKeyEvent *event)
 {
     const int key = event->key();
+    if (walk(key))
+        return;
     if (key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Up || key == Qt::Key_Down)
         point(stepped(key));
-    else if (onEnter && (key == Qt::Key_Return || key == Qt::Key_Enter))
-        onEnter();
-    else
+    else if ((key != Qt::Key_Return && key != Qt::Key_Enter) || !enter())
         QWidget::keyPressEvent(event);
 }
 
@@ -342,6 +468,10 @@ bool ChartView::event(QEvent *event)
         return QWidget::event(event);
     const auto *help = static_cast<QHelpEvent *>(event);
     const Scaling scaled(m_picture.region, rect());
+    if (const ChartTarget *target = targetAt(help->pos()); target && !target->tip.isEmpty()) {
+        QToolTip::showText(help->globalPos(), target->tip, this);
+        return true;
+    }
     for (const ChartText &text : m_picture.texts)
         if (text.tip && scaled(text.place).contains(help->pos())) {
             QToolTip::showText(help->globalPos(), text.tip(), this);

@@ -3,6 +3,7 @@
 #include "shell/accessibility.h"
 #include "shell/chrome.h"
 #include "shell/focus_ring.h"
+#include "shell/help_topics.h"
 #include "shell/look.h"
 #include "shell/page.h"
 #include "shell/screens.h"
@@ -477,6 +478,8 @@ void Screen::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape && windowFlags().testFlag(Qt::WindowStaysOnTopHint))
         close();
+    else if (event->key() == Qt::Key_F1)
+        openHelp(context.screens, m_name);
     else
         QWidget::keyPressEvent(event);
 }

@@ -128,7 +128,7 @@ int keyNamed(const QString &name)
         {u"Space", Qt::Key_Space},    {u"Left", Qt::Key_Left},     {u"Right", Qt::Key_Right},   {u"Up", Qt::Key_Up},
         {u"Down", Qt::Key_Down},      {u"PageUp", Qt::Key_PageUp}, {u"PageDown", Qt::Key_PageDown},
         {u"Home", Qt::Key_Home},      {u"End", Qt::Key_End},       {u"Delete", Qt::Key_Delete},
-        {u"Backspace", Qt::Key_Backspace}};
+        {u"Backspace", Qt::Key_Backspace}, {u"F1", Qt::Key_F1}};
     for (const auto &[text, key] : keys)
         if (name == QStringView(text))
             return key;

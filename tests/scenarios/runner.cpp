@@ -23,7 +23,7 @@
 #include "shell/look.h"
 
 #include <QApplication>
-#include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -165,15 +165,25 @@ private:
 
     void copySample()
     {
-        const QDir sample(m_sample);
-        for (const QString &name : sample.entryList(QDir::Files))
-            if (!QFile::copy(sample.filePath(name), m_folder.filePath(name)))
+        const QDir sample(QDir(m_sample).absolutePath());
+        for (QDirIterator at(sample.path(), QDir::Files, QDirIterator::Subdirectories); at.hasNext();) {
+            const QString file = at.next(), name = sample.relativeFilePath(file);
+            if (!QFile::copy(file, placeOf(name)))
                 fail(m_where, QStringLiteral("can't copy ") + name);
+        }
+    }
+
+    // Of a file to be, its folder made.
+    QString placeOf(const QString &name) const
+    {
+        const QString path = m_folder.filePath(name);
+        QDir().mkpath(QFileInfo(path).path());
+        return path;
     }
 
     void writeRaw(const QString &name, QString text)
     {
-        QFile file(m_folder.filePath(name));
+        QFile file(placeOf(name));
         if (!file.open(QIODevice::WriteOnly) || file.write(text.replace(u"\\n"_qs, u"\r\n"_qs).toLatin1()) < 0)
             fail(m_where, QStringLiteral("can't write ") + name);
     }
@@ -183,7 +193,7 @@ private:
         const QStringList sides = (size.isEmpty() ? u"4x3"_qs : size).split(u'x');
         QImage image(sides.value(0).toInt(), sides.value(1).toInt(), QImage::Format_Mono);
         image.fill(1);
-        if (!image.save(m_folder.filePath(name), "PNG"))
+        if (!image.save(placeOf(name), "PNG"))
             fail(m_where, QStringLiteral("can't write ") + name);
     }
 

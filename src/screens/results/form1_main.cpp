@@ -2,11 +2,11 @@
 
 #include "kinds/name_search.h"
 #include "kinds/picker.h"
-#include "platform/platform.h"
 #include "results/amending.h"
 #include "results/media_of_grand_prix.h"
 #include "results/navigation.h"
 #include "results/new_season.h"
+#include "results/options.h"
 #include "results/recording.h"
 #include "screens/results/form1_side_screens.h"
 #include "shell/look.h"
@@ -41,7 +41,7 @@ void Form1::start()
     if (results::openMarkedSeason(m_main))
         context.screens.open(u"Form46"_s);
     results::openOnLastRecorded(m_main);
-    context.skin = skinNamed(context.store.LireINI(keys::galerie, "skin", "couleur"));
+    context.skin = skinNamed(results::chosenSkin(context.store));
     dress();
 }
 
@@ -240,15 +240,11 @@ void Form1::showCircuitLarge()
 
 void Form1::playFilm()
 {
-    const std::string film = results::filmAtHand(m_main);
-    if (film.empty())
-        return context.dialogs.message("La vidéo de ce Grand Prix n'est plus là, ou ce fichier n'est pas une vidéo.");
-    if (Screen *gallery = context.screens.open(u"frmmain"_s)) {
-        gallery->setText(u"Command8"_s, qt(film));
-        gallery->press(u"Command8"_s);
-    } else if (!context.platform.play(film)) {
-        context.dialogs.message("Aucun lecteur vidéo n'a été trouvé : installez par exemple VLC, Totem ou mpv.");
-    }
+    Screen *gallery = context.screens.open(u"frmmain"_s);
+    if (!gallery)
+        return;
+    gallery->setText(u"Command8"_s, qt(results::filmAtHand(m_main)));
+    gallery->press(u"Command8"_s);
 }
 
 // A passage before that is still waiting isn't forgotten.
