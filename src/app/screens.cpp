@@ -12,7 +12,10 @@
     screen(form8)                 \
     screen(form11)                \
     screen(form12)                \
+    screen(form13)                \
     screen(form14)                \
+    screen(form15)                \
+    screen(form16)                \
     screen(form17)                \
     screen(form19)                \
     screen(form20)                \
@@ -22,6 +25,8 @@
     screen(form25)                \
     screen(form26)                \
     screen(form27)                \
+    screen(form28)                \
+    screen(form29)                \
     screen(form30)                \
     screen(form31)                \
     screen(form32)                \
@@ -41,6 +46,7 @@
     screen(form60)                \
     screen(form61)                \
     screen(form62)                \
+    screen(form65)                \
     screen(form68)                \
     screen(form69)                \
     screen(form70)                \

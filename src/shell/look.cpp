@@ -95,6 +95,8 @@ QString styleSheet(const Skin &skin)
 #body { background:#F4F5F7; }
 QToolTip { background:#FFFFFF; color:#1F2733; border:1px solid #D9DDE3; padding:4px; }
 #card { background:#FFFFFF; border:1px solid #D9DDE3; border-radius:6px; }
+#slot { background:#FFFFFF; border:1px solid #D9DDE3; border-radius:6px; }
+#slot[chosen="true"] { background:#C0C0FF; border:1px solid MAIN; }
 #caption { font-weight:bold; font-size:12px; color:#3D4755; }
 #hint { color:#666F7D; font-size:12px; }
 #large { font-weight:bold; font-size:18px; }

@@ -1,6 +1,7 @@
 #include "store/store.h"
 
 #include "store/text.h"
+#include "store/text_file.h"
 
 #include <algorithm>
 #include <chrono>
@@ -354,13 +355,9 @@ bool Store::replaceDamaged(const std::string &path, std::string_view bytes, disk
     return true;
 }
 
-// The file that a write to this path replaces. A link is followed in the program folder, and out of it to a data file
-// of the same name only, since the folder may come from a stranger; empty otherwise.
 std::string Store::writtenFile(const std::string &path) const
 {
-    const std::string target = disk::target(path);
-    const bool ours = target == path || nameOf(target) == nameOf(path) || disk::inside(m_folder.string(), target);
-    return ours ? target : std::string();
+    return text_file::writtenFile(m_folder.string(), path);
 }
 
 bool Store::replace(const std::string &path, std::string_view bytes, disk::Stamp &after)

@@ -6,8 +6,9 @@
 //
 //     folder sample | folder empty    the program folder that the scenario starts with; before the first command
 //     decimal ,                       the user's decimal separator, otherwise a point
-//     raw NAME TEXT                   writes a file of the program folder from outside, "\n" for a line break
-//     picture NAME                    writes a small PNG picture under any name
+//     raw NAME TEXT                   writes a file of the program folder from outside, "\n" for a line break; a name
+//                                     with blanks stands in quotes
+//     picture NAME [WIDTHxHEIGHT]     writes a PNG picture under any name, 4x3 pixels by default
 //     restart                         the program is killed and started on the same folder
 //     > COMMAND                       given to the driver; without an expected answer any but an error is right
 //     = COMMAND => ANSWER             the same, with the answer that it must give, to the letter
@@ -150,10 +151,12 @@ private:
             copySample();
         else if (word == u"decimal")
             m_decimal = rest.at(0).toLatin1();
+        else if (word == u"raw" && rest.startsWith(u'"'))
+            writeRaw(rest.section(u'"', 1, 1), rest.section(u'"', 2).mid(1));
         else if (word == u"raw")
             writeRaw(rest.section(u' ', 0, 0), rest.section(u' ', 1));
         else if (word == u"picture")
-            QImage(4, 3, QImage::Format_Mono).save(placeOf(rest), "PNG");
+            writePicture(rest.section(u' ', 0, 0), rest.section(u' ', 1));
         else if (word == u"restart")
             m_driver.reset();
         else if (line != u"folder empty")
@@ -182,6 +185,15 @@ private:
     {
         QFile file(placeOf(name));
         if (!file.open(QIODevice::WriteOnly) || file.write(text.replace(u"\\n"_qs, u"\r\n"_qs).toLatin1()) < 0)
+            fail(m_where, QStringLiteral("can't write ") + name);
+    }
+
+    void writePicture(const QString &name, const QString &size)
+    {
+        const QStringList sides = (size.isEmpty() ? u"4x3"_qs : size).split(u'x');
+        QImage image(sides.value(0).toInt(), sides.value(1).toInt(), QImage::Format_Mono);
+        image.fill(1);
+        if (!image.save(placeOf(name), "PNG"))
             fail(m_where, QStringLiteral("can't write ") + name);
     }
 
