@@ -96,7 +96,7 @@ std::size_t countOfRecords(const std::string &path)
 {
     constexpr std::string_view sign = "PK\1\2";
     std::ifstream file(path, std::ios::binary);
-    std::string room(1 << 20, '\0');
+    std::string room(1 << 16, '\0');
     std::size_t count = 0, kept = 0;
     while (file.read(room.data() + kept, static_cast<std::streamsize>(room.size() - kept)) || file.gcount() > 0) {
         const std::string_view bytes(room.data(), kept + static_cast<std::size_t>(file.gcount()));
