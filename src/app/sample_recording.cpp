@@ -5,6 +5,19 @@
 
 namespace circuidex {
 
+namespace {
+
+// "305 305 mètres": the blank between the thousands doesn't break the line.
+std::string metres(int length)
+{
+    std::string digits = std::to_string(length);
+    if (digits.size() > 3)
+        digits.insert(digits.size() - 3, "\u00A0");
+    return digits + " mètres";
+}
+
+}
+
 void enterSampleDriver(const WritableSeason &season, const SampleDriver &driver, const SampleCareer &career)
 {
     const auto write = [&](std::string_view prefix, const std::string &text) {
@@ -57,6 +70,14 @@ void recordSampleRace(results::MainRecord &main, const SampleSeason &sample, int
     main.Text39.set(number(race.pole));
     results::storeGrid(season, race.name, {race.grid});
     results::recordGrandPrix(main);
+}
+
+std::string sampleDescription(const SampleCircuit &circuit)
+{
+    return circuit.name + "\r\n" + circuit.place + "\r\n\r\nUn tour mesure " + metres(circuit.length) + " et compte " +
+        std::to_string(circuit.turns) + " virages.\r\nLes voitures y tournent dans le sens " +
+        (circuit.clockwise ? "horaire" : "antihoraire") + ".\r\nEn " + circuit.year + " la course a compté " +
+        std::to_string(circuit.laps) + " tours soit " + metres(circuit.distance) + ".\r\n";
 }
 
 }

@@ -12,6 +12,7 @@
     screen(form8)                 \
     screen(form12)                \
     screen(form14)                \
+    screen(form17)                \
     screen(form19)                \
     screen(form20)                \
     screen(form21)                \
@@ -26,6 +27,7 @@
     screen(form33)                \
     screen(form34)                \
     screen(form36)                \
+    screen(form37)                \
     screen(form38)                \
     screen(form39)                \
     screen(form40)                \
@@ -37,12 +39,16 @@
     screen(form60)                \
     screen(form61)                \
     screen(form62)                \
+    screen(form68)                \
+    screen(form69)                \
     screen(form70)                \
     screen(form75)                \
     screen(form78)                \
     screen(form80)                \
     screen(form93)                \
+    screen(form94)                \
     screen(form100)               \
+    screen(frmmain)               \
     screen(menuScreens)
 
 namespace circuidex {
