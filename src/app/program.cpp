@@ -4,6 +4,7 @@
 #include "online/update_notice.h"
 #include "platform/file_lookup.h"
 #include "platform/qt_pictures.h"
+#include "results/simulation.h"
 
 #include <QAbstractEventDispatcher>
 #include <QLocale>
@@ -52,6 +53,7 @@ void Program::start()
     if (!m_store.readOnly())
         m_updateNotice = online::takeNotice(m_store.folder());
     offerCopies();
+    results::forgetUnrecorded(m_store);
     m_screens.open(u"Form1"_s);
 }
 

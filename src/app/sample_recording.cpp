@@ -1,7 +1,11 @@
 #include "app/sample_recording.h"
 
+#include "charts/season_chart.h"
+#include "progression/gain_charts.h"
 #include "results/grid.h"
 #include "results/recording.h"
+#include "standings/constructor_standings.h"
+#include "standings/driver_standings.h"
 
 namespace circuidex {
 
@@ -15,6 +19,10 @@ std::string metres(int length)
         digits.insert(digits.size() - 3, "\u00A0");
     return digits + " mètres";
 }
+
+constexpr const charts::Instance *seasonCharts[] = {
+    &charts::form8,        &charts::form41,       &charts::form45,       &charts::form53,      &charts::form71,
+    &progression::form101, &progression::form102, &progression::form105, &progression::form106};
 
 }
 
@@ -78,6 +86,23 @@ std::string sampleDescription(const SampleCircuit &circuit)
         std::to_string(circuit.turns) + " virages.\r\nLes voitures y tournent dans le sens " +
         (circuit.clockwise ? "horaire" : "antihoraire") + ".\r\nEn " + circuit.year + " la course a compté " +
         std::to_string(circuit.laps) + " tours soit " + metres(circuit.distance) + ".\r\n";
+}
+
+void chooseSampleSubjects(const WritableSeason &season)
+{
+    const auto drivers = standings::driverStandings(season, {}).table.rows;
+    const auto teams = standings::constructorStandings(season, {}).rows;
+    for (const charts::Instance *shown : seasonCharts) {
+        charts::SeasonChart chart(*shown);
+        chart.open(season);
+        for (std::size_t s = 0; s < chart.subjects.size(); ++s) {
+            const bool byNumber = shown->subject == charts::Subject::driverNumber;
+            const auto &table = shown->subject == charts::Subject::teamName ? teams : drivers;
+            const std::string &name = table[s].name;
+            chart.subjects[s].set(byNumber ? std::to_string(results::driverNamed(season, name).value_or(0)) : name);
+        }
+        chart.close(season);
+    }
 }
 
 }

@@ -18,4 +18,7 @@ void recordSampleRace(results::MainRecord &main, const SampleSeason &sample, int
 // where it is shown, so lengths are whole metres.
 std::string sampleDescription(const SampleCircuit &circuit);
 
+// The first four of the championships as the subjects of each chart of one season, as its user would leave it.
+void chooseSampleSubjects(const WritableSeason &season);
+
 }

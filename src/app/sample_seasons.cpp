@@ -174,6 +174,7 @@ int main(int argc, char **argv)
             careers = careersAfter(season, sample, std::move(careers));
             crown(season, sample, careers);
         }
+        chooseSampleSubjects(season);
     }
     statistics::sortAllTimeLists(store); // the last newcomers' older entries go
     dropLeftovers(store);

@@ -10,8 +10,12 @@
     screen(form6)                 \
     screen(form7)                 \
     screen(form8)                 \
+    screen(form11)                \
     screen(form12)                \
+    screen(form13)                \
     screen(form14)                \
+    screen(form15)                \
+    screen(form16)                \
     screen(form17)                \
     screen(form19)                \
     screen(form20)                \
@@ -21,6 +25,8 @@
     screen(form25)                \
     screen(form26)                \
     screen(form27)                \
+    screen(form28)                \
+    screen(form29)                \
     screen(form30)                \
     screen(form31)                \
     screen(form32)                \
@@ -36,22 +42,29 @@
     screen(form48)                \
     screen(form49)                \
     screen(form50)                \
+    screen(form51)                \
     screen(form59)                \
     screen(form60)                \
     screen(form61)                \
     screen(form62)                \
+    screen(form65)                \
     screen(form67)                \
     screen(form68)                \
     screen(form69)                \
     screen(form70)                \
+    screen(form72)                \
     screen(form75)                \
     screen(form78)                \
     screen(form80)                \
+    screen(form85)                \
+    screen(form89)                \
+    screen(form91)                \
     screen(form93)                \
     screen(form94)                \
     screen(form96)                \
     screen(form98)                \
     screen(form100)               \
+    screen(form101)               \
     screen(frmmain)               \
     screen(menuScreens)
 

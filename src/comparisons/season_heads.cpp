@@ -47,17 +47,12 @@ SeasonHead headOf(const Season &season, std::string year, SubjectKind kind, std:
 
 }
 
-std::string yearsBefore(std::string_view year, int years, const Numbers &numbers)
-{
-    return numbers.stepped(year, -years);
-}
-
 std::array<SeasonHead, seasonsCompared> seasonHeads(const Store &store, std::string_view newestYear, SubjectKind kind,
                                                     std::string_view subject)
 {
     std::array<SeasonHead, seasonsCompared> heads;
     for (int before = 0; SeasonHead & head : heads) {
-        std::string year = yearsBefore(newestYear, before++, store.numbers());
+        std::string year = store.numbers().stepped(newestYear, -before++);
         const Season season(store, seasonStem(year));
         head = headOf(season, std::move(year), kind, subject);
     }

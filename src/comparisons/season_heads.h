@@ -19,9 +19,6 @@ struct SeasonHead {
     bool over = false; // the title is won: the place is final
 };
 
-// The year before (1), two years before (2) and so on, as text; a text that is no number stays.
-std::string yearsBefore(std::string_view year, int years, const Numbers &numbers);
-
 // Newest first. A year that is none has no champion and no places.
 std::array<SeasonHead, seasonsCompared> seasonHeads(const Store &store, std::string_view newestYear, SubjectKind kind,
                                                     std::string_view subject);

@@ -2,6 +2,7 @@
 
 #include "results/main_record.h"
 #include "shell/look.h"
+#include "standings/tone.h"
 
 #include <QBoxLayout>
 #include <QGuiApplication>
@@ -12,26 +13,40 @@ using namespace charts;
 
 namespace {
 
-constexpr double scaleEdge = 600, captionEdge = 960; // twips left of the paper, for what names the heights
+constexpr double scaleEdge = 600, captionEdge = 1080; // twips left of the paper, for what names the heights
 constexpr double gap = 80, leader = 220; // of these, from such a caption to the paper
 constexpr double margin = 150; // twips around the rest
+constexpr double nameRoom = 1800; // twips right of the paper, for the names of the lines
 constexpr double overshoot = 100; // a line may pass the upper edge of the paper by so much
 constexpr double averageCaption = 400; // above a paper that may show an average
 constexpr double maskWidth = 15000;
+
+// The cells of a team's drivers, by series.
+const std::array<QString, seriesCount> driverCells{u"Label4"_s, u"Label6"_s, u"Label8"_s, u"Label9"_s};
+
+QString counted(const QString &number, double value, const QString &what)
+{
+    return number + u' ' + what + (std::abs(value) < 2 ? u""_s : u"s"_s);
+}
 
 }
 
 ChartScreen::ChartScreen(Context &theContext, const QString &name, const QString &title, const ChartControls &controls)
     : PaperScreen(theContext, name, title, controls.instance.paper), m_chart(controls.instance), m_controls(controls)
 {
-    shape(u"stopgraph"_s).geometryNow = [this] { return mask(); };
+    if (masked())
+        shape(u"stopgraph"_s).geometryNow = [this] { return mask(); };
+    if (const auto zero = controls.instance.zeroLine)
+        registerLine(u"Line100"_s, {}, look::quiet, [this, zero] {
+            return TwipLine{paper().left, *zero, paper().right(), *zero, 1};
+        });
     registerLines();
     if (controls.instance.average != AverageOf::nothing)
         registerAverage();
     view()->onEnter = [this] { draw(); };
     view()->describe = [this](int series, int point) {
         return series < seriesCount && point > 0
-            ? gpName(point - 1) + u" – "_s + meaning(series, point - 1)
+            ? raceName(series, point - 1) + u" – "_s + subjectName(series) + u" : "_s + valueText(series, point - 1)
             : QString();
     };
 }
@@ -39,6 +54,55 @@ ChartScreen::ChartScreen(Context &theContext, const QString &name, const QString
 QColor ChartScreen::colour(int series) const
 {
     return QColor::fromRgb(seriesColours[static_cast<std::size_t>(series)]);
+}
+
+// Of seasons side by side, with the year.
+QString ChartScreen::raceName(int series, int slot) const
+{
+    const Season its = m_chart.seasonOf(series, season());
+    const QString name = qt(its.namegp(slot));
+    const QString known = name.isEmpty() ? u"GP%1"_s.arg(slot + 1) : name;
+    return m_chart.instance().ofSeasons() ? known + u' ' + qt(its.stem()) : known;
+}
+
+QString ChartScreen::seriesName(int series) const
+{
+    return m_chart.name(series) == clickHere ? QString() : qt(m_chart.name(series));
+}
+
+QString ChartScreen::subjectName(int series) const
+{
+    return qt(m_chart.name(series));
+}
+
+// Of the race and, where they are added up, so far.
+QString ChartScreen::valueText(int series, int slot) const
+{
+    const Rule rule = m_chart.instance().rule;
+    if (rule == Rule::gain || rule == Rule::cumulatedGain)
+        return gainText(series, slot);
+    const Numbers &numbers = context.store.numbers();
+    const double value = numbers.value(m_chart.cell(series, slot)).value_or(0);
+    const double shown = rule == Rule::level ? value : m_chart.sumTo(series, slot, numbers);
+    const QString points = counted(qt(numbers.text(shown)), shown, u"point"_s);
+    return rule == Rule::level ? points : points + u" (+%1)"_s.arg(qt(numbers.text(value)));
+}
+
+QString ChartScreen::gainText(int series, int slot) const
+{
+    const Numbers &numbers = context.store.numbers();
+    const auto gain = numbers.value(m_chart.cell(series, slot));
+    const auto places = [&](double value) {
+        return counted(qt(standings::signedText(value, "0", numbers)), value, u"place"_s);
+    };
+    if (m_chart.instance().rule == Rule::gain)
+        return !gain ? u"pas de progression"_s : *gain == 0 ? u"place gardée"_s : places(*gain);
+    QString text = places(m_chart.sumTo(series, slot, numbers)) + u" au total"_s;
+    if (gain)
+        text += u" (%1)"_s.arg(qt(standings::signedText(*gain, "=", numbers)));
+    else if (m_chart.restartsAt(series, slot))
+        text += u" (sans place sur la grille)"_s;
+    return text;
 }
 
 void ChartScreen::registerLines()
@@ -96,11 +160,10 @@ TwipRect ChartScreen::mask() const
 
 Label *ChartScreen::marker(int series)
 {
-    auto *made =
-        command(qt(m_controls.markers[static_cast<std::size_t>(series)]), u"=> "_s, [this, series] {
-            m_chart.highlight(series, context.store.numbers());
-            showChart();
-        });
+    auto *made = command(qt(m_controls.markers[static_cast<std::size_t>(series)]), u"=> "_s, [this, series] {
+        m_chart.highlight(series, context.store.numbers());
+        showChart();
+    });
     made->setToolTip(qt(m_controls.markerTip));
     return made;
 }
@@ -145,9 +208,39 @@ QLayout *ChartScreen::scaleRow()
     return row;
 }
 
-Button *ChartScreen::drawButton()
+QLayout *ChartScreen::driversPanel(int series, const QString &caption)
 {
-    auto *made = button(u"Command1"_s, u"Traçer courbe"_s, [this] { draw(); });
+    const bool onDark = series % 2 == 0;
+    auto *names = new QVBoxLayout;
+    names->setSpacing(0);
+    for (int car = 0; car < int(m_chart.drivers(series).size()); ++car) {
+        const QString &cell = driverCells[std::size_t(series)];
+        auto *name = add(cell, new Label, car);
+        name->setFixedHeight(17);
+        name->setMargin(1);
+        name->setIndent(5);
+        name->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+        control(cell, car)->setBack(look::pairBars[series]);
+        control(cell, car)->setFore(onDark ? look::onBar : QColor(Qt::black));
+        names->addWidget(name);
+    }
+    auto *row = new QHBoxLayout;
+    row->setSpacing(6);
+    row->addWidget(styled(caption, "hint"), 0, Qt::AlignTop);
+    row->addLayout(names, 1);
+    return row;
+}
+
+void ChartScreen::showDrivers()
+{
+    for (int s = 0; s < seriesCount && m_chart.instance().showsDrivers; ++s)
+        for (int car = 0; const std::string &driver : m_chart.drivers(s))
+            setText(driverCells[std::size_t(s)], qt(driver), car++);
+}
+
+Button *ChartScreen::drawButton(const QString &caption)
+{
+    auto *made = button(u"Command1"_s, caption, [this] { draw(); });
     made->makeMain();
     return made;
 }
@@ -176,6 +269,7 @@ void ChartScreen::draw()
     takeSubjects();
     m_chart.draw(season(), context.main.scale());
     showSubjects();
+    showDrivers();
     showChart();
 }
 
@@ -185,9 +279,9 @@ void ChartScreen::showChart()
     ChartPicture picture;
     const double top = p.top - (m_chart.instance().average == AverageOf::nothing ? margin : averageCaption);
     const double edge = m_chart.instance().scaled() ? scaleEdge : captionEdge;
-    picture.region = {-edge, top, edge + p.width() + margin, p.gridFrom + 30 - top};
+    picture.region = {-edge, top, edge + p.width() + nameRoom, p.gridFrom + 30 - top};
     picture.paper = {0, p.top - overshoot, p.width(), p.bottom - p.top + overshoot};
-    picture.title = title();
+    picture.title = pictureTitle();
     addSeries(picture);
     addAverage(picture);
     addPaper(picture);
@@ -199,21 +293,22 @@ void ChartScreen::showChart()
 // The series as their controls tell them, as far as the mask, which stands just behind a Grand Prix.
 void ChartScreen::addSeries(ChartPicture &picture) const
 {
-    const TwipRect covered = control(u"stopgraph"_s)->geometry();
+    const double end = masked() ? control(u"stopgraph"_s)->geometry().left : outside;
     for (int s = 0; s < seriesCount; ++s) {
         ChartStroke stroke;
         for (int k = 0; k < segments; ++k) {
             const Control *piece = control(u"Line%1"_s.arg(s + 1), k);
             const TwipLine line = *piece->line();
             if (k == 0)
-                stroke = {{{line.x1, line.y1}}, *piece->fore(), line.width};
-            if (line.x2 <= covered.left)
+                stroke = {{{line.x1, line.y1}}, *piece->fore(), line.width, false, seriesName(s)};
+            if (line.x2 <= end)
                 stroke.points.push_back({line.x2, line.y2});
         }
-        picture.legend.push_back({stroke.colour, qt(m_chart.name(s))});
+        picture.legend.push_back({stroke.colour, stroke.name});
         picture.lines.push_back(std::move(stroke));
     }
-    picture.masks.push_back({covered, look::card});
+    if (masked())
+        picture.masks.push_back({control(u"stopgraph"_s)->geometry(), look::card});
 }
 
 void ChartScreen::addAverage(ChartPicture &picture) const
@@ -232,14 +327,16 @@ void ChartScreen::addAverage(ChartPicture &picture) const
                              Qt::AlignLeft | Qt::AlignVCenter});
 }
 
-// What a height means, where that depends on the scale.
+// What a height means, where that depends on the scale or the axis has round figures; over all levels that of zero.
 void ChartScreen::addScale(ChartPicture &picture) const
 {
     const Numbers &numbers = context.store.numbers();
     for (const Tick &tick : m_chart.ticks(numbers)) {
         addLevel(picture, tick.y);
-        addHeight(picture, qt(numbers.text(tick.value)), tick.y, gap);
+        addHeight(picture, qt(numbers.text(tick.value)) + qt(m_chart.instance().axis), tick.y, gap);
     }
+    if (const Control *zero = control(u"Line100"_s))
+        picture.grid.push_back(stroke(*zero->line(), *zero->fore()));
 }
 
 void ChartScreen::addEdgeCaptions(ChartPicture &picture) const

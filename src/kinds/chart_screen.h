@@ -36,18 +36,26 @@ protected:
 
     virtual void takeSubjects() { } // from the controls into the chart, before a drawing and at closing
     virtual void showSubjects() { } // the other way round, after a drawing
-    virtual QString meaning(int series, int slot) const = 0; // of a point, without the name of the Grand Prix
+    virtual QString seriesName(int series) const; // beside its line; empty for a series that nobody chose
+    virtual QString pictureTitle() const { return title(); }
+    virtual QString subjectName(int series) const; // whose value a point is
+    virtual QString valueText(int series, int slot) const; // what a point says: points, or places gained
     virtual std::vector<EdgeCaption> edgeCaptions() const { return {}; }
 
     Label *marker(int series);
     QLayout *thicknessRow();
     QLayout *scaleRow();
-    Button *drawButton();
+    QLayout *driversPanel(int series, const QString &caption); // of the team that a series draws
+    Button *drawButton(const QString &caption = u"Traçer courbe"_s);
     QColor colour(int series) const;
 
     charts::SeasonChart m_chart;
 
 private:
+    QString raceName(int series, int slot) const;
+    QString gainText(int series, int slot) const;
+    void showDrivers();
+    bool masked() const { return m_chart.instance().ends != charts::Ends::nowhere; }
     void registerLines();
     void registerAverage();
     void showChart();

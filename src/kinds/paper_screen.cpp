@@ -59,7 +59,8 @@ QString PaperScreen::gpName(int slot) const
     return qt(season().namegp(slot));
 }
 
-ShapeControl &PaperScreen::registerLine(const QString &name, int index, QColor colour, std::function<TwipLine()> line)
+ShapeControl &PaperScreen::registerLine(const QString &name, std::optional<int> index, QColor colour,
+                                        std::function<TwipLine()> line)
 {
     ShapeControl &made = shape(name, index);
     made.setFore(colour);

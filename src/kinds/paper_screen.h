@@ -20,7 +20,8 @@ protected:
     const charts::Paper &paper() const { return m_paper; }
 
     // A piece of a line, asked for whenever it is painted or looked at.
-    ShapeControl &registerLine(const QString &name, int index, QColor colour, std::function<TwipLine()> line);
+    ShapeControl &registerLine(const QString &name, std::optional<int> index, QColor colour,
+                               std::function<TwipLine()> line);
 
     void addPaper(ChartPicture &picture) const;
     void addLevel(ChartPicture &picture, double y) const; // a level line of the paper

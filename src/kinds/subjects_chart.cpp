@@ -31,11 +31,6 @@ TwipRect barPlace(const SeasonChart &chart, int bar)
     return {barLeft, barTops[std::size_t(bar)], barWidth(chart, bar), barHeight};
 }
 
-QString pointsText(const QString &number)
-{
-    return number + (number == u"0" || number == u"1" ? u" point"_s : u" points"_s);
-}
-
 }
 
 SubjectsChart::SubjectsChart(Context &theContext, const QString &name, const QString &title,
@@ -76,15 +71,21 @@ void SubjectsChart::registerCells()
 
 void SubjectsChart::choose(int series)
 {
-    openPicker(context.screens, m_row.list, qt(m_row.word) + QString::number(series + 1));
+    openPicker(context.screens, m_row.list, qt(m_row.word) + QString::number(series + 1) + qt(m_row.wordEnd));
 }
 
 QWidget *SubjectsChart::subjects()
 {
     auto *row = new QHBoxLayout;
     row->setSpacing(12);
-    for (int s = 0; s < seriesCount; ++s)
-        row->addLayout(subject(s), 1);
+    for (int s = 0; s < seriesCount; ++s) {
+        auto *column = new QVBoxLayout;
+        column->setSpacing(4);
+        column->addLayout(subject(s));
+        if (m_row.controls.instance.showsDrivers)
+            column->addLayout(driversPanel(s, u"Ecurie %1:"_s.arg(s + 1)));
+        row->addLayout(column, 1);
+    }
     return card({}, row);
 }
 
@@ -246,20 +247,13 @@ QString SubjectsChart::unplacedCaption() const
     return qt(m_row.captions.back().text);
 }
 
-// Points of the race and, where they are added up, so far; or the place.
-QString SubjectsChart::meaning(int series, int slot) const
+QString SubjectsChart::valueText(int series, int slot) const
 {
     const Instance &chart = m_row.controls.instance;
-    const Numbers &numbers = context.store.numbers();
-    const QString name = qt(m_chart.name(series)) + u" : "_s;
-    const auto value = numbers.value(m_chart.cell(series, slot));
-    if (chart.downFrom)
-        return name + (value && *value >= 1 && *value < *chart.downFrom ? placeName(int(*value)) : unplacedCaption());
-    const QString scored = qt(numbers.text(value.value_or(0)));
-    if (chart.rule == Rule::level)
-        return name + pointsText(scored);
-    const QString sum = qt(numbers.text(m_chart.sumTo(series, slot, numbers)));
-    return name + u"%1 (+%2)"_s.arg(pointsText(sum), scored);
+    if (!chart.downFrom)
+        return ChartScreen::valueText(series, slot);
+    const auto place = context.store.numbers().value(m_chart.cell(series, slot));
+    return place && *place >= 1 && *place < *chart.downFrom ? placeName(int(*place)) : unplacedCaption();
 }
 
 }

@@ -11,7 +11,7 @@ namespace circuidex {
 struct SubjectsChartRow {
     ChartControls controls;
     PickList list;
-    std::string_view word; // to the list, before the number of the series
+    std::string_view word, wordEnd = {}; // to the list, around the number of the series
     std::string_view explanation = {};
     std::array<EdgeCaption, 9> captions = {};
     std::array<std::pair<std::string_view, std::string_view>, 3> links = {}; // to other charts: caption, screen
@@ -32,7 +32,7 @@ protected:
 
     void takeSubjects() override;
     void showSubjects() override;
-    QString meaning(int series, int slot) const override;
+    QString valueText(int series, int slot) const override;
     std::vector<EdgeCaption> edgeCaptions() const override;
 
 private:

@@ -1,6 +1,7 @@
 #include "shell/chart_view.h"
 
 #include "shell/look.h"
+#include "shell/text.h"
 
 #include <QBuffer>
 #include <QHelpEvent>
@@ -12,6 +13,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace circuidex {
 
@@ -20,6 +22,7 @@ namespace {
 constexpr int captionPixels = 11, headPixels = 56; // captions' font, title and legend of a picture
 constexpr int pictureScale = 2;
 constexpr double reach = 28; // pixels from the pointer to what it points at
+constexpr double nameGap = 14, nameApart = 13; // pixels from a line to its name, and from name to name
 
 // From twips to where they are painted. What lies absurdly far off stays within what painters can count.
 class Scaling {
@@ -109,6 +112,36 @@ bool inside(const TwipRect &r, const ChartPoint &p)
     return p.x >= r.left && p.x <= r.left + r.width && p.y >= r.top && p.y <= r.top + r.height;
 }
 
+// Of the end of a line: an arrow where it lies above or below the paper.
+QString endName(const QString &name, double y, const QRectF &paper)
+{
+    return (y < paper.top() ? u"↑ "_s : y > paper.bottom() ? u"↓ "_s : QString()) + name;
+}
+
+// The names of the lines, level with their ends or, where these lie close together, as near to them as there is room.
+void paintNames(QPainter &painter, const std::vector<ChartStroke> &lines, const Scaling &scaled, const QRectF &paper,
+                double right)
+{
+    std::vector<const ChartStroke *> named;
+    std::vector<double> heights;
+    for (const ChartStroke &line : lines)
+        if (!line.name.isEmpty() && line.points.size() > 1) {
+            named.push_back(&line);
+            heights.push_back(std::clamp(scaled(line.points.back()).y(), paper.top(), paper.bottom()));
+        }
+    const std::vector<double> places = spread(heights, nameApart, paper.top(), paper.bottom());
+    for (std::size_t i = 0; i < named.size(); ++i) {
+        const QPointF end(scaled(named[i]->points.back()).x() + 2, heights[i]);
+        const QRectF box(end.x() + nameGap, places[i] - nameApart / 2, right - end.x() - nameGap, nameApart);
+        painter.setPen(QPen(named[i]->colour, 1));
+        painter.drawLine(end, QPointF(box.left() - 2, places[i]));
+        painter.setPen(look::ink);
+        const QString name = endName(named[i]->name, scaled(named[i]->points.back()).y(), paper);
+        const QString shown = painter.fontMetrics().elidedText(name, Qt::ElideRight, int(box.width()));
+        painter.drawText(box, int(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextDontClip, shown);
+    }
+}
+
 QFont pixelFont(const QFont &font, int pixels, bool bold = false)
 {
     QFont sized(font);
@@ -129,6 +162,32 @@ void paintLegend(QPainter &painter, const std::vector<ChartLegend> &legend, QPoi
     }
 }
 
+}
+
+// Heights less the distances between them need only stay in their order: of neighbours out of order each gets the mean.
+std::vector<double> spread(const std::vector<double> &wanted, double apart, double first, double last)
+{
+    struct Block {
+        double sum;
+        std::size_t count;
+        double mean() const { return sum / double(count); }
+    };
+    std::vector<std::size_t> order(wanted.size());
+    std::iota(order.begin(), order.end(), 0);
+    std::stable_sort(order.begin(), order.end(), [&](auto a, auto b) { return wanted[a] < wanted[b]; });
+    std::vector<Block> blocks;
+    for (std::size_t i = 0; i < order.size(); ++i) {
+        Block block{wanted[order[i]] - double(i) * apart, 1};
+        for (; !blocks.empty() && blocks.back().mean() > block.mean(); blocks.pop_back())
+            block = {block.sum + blocks.back().sum, block.count + blocks.back().count};
+        blocks.push_back(block);
+    }
+    const double highest = std::max(first, last - apart * (double(wanted.size()) - 1));
+    std::vector<double> places(wanted.size());
+    for (std::size_t i = 0; const Block &block : blocks)
+        for (const std::size_t end = i + block.count; i < end; ++i)
+            places[order[i]] = std::clamp(block.mean(), first, highest) + double(i) * apart;
+    return places;
 }
 
 ChartView::ChartView(QWidget *parent) : QWidget(parent)
@@ -181,6 +240,8 @@ void ChartView::paint(QPainter &painter, const QRectF &target) const
         painter.drawPolyline(inWholePixels(path(axis, scaled)));
     }
     painter.setFont(font());
+    painter.setRenderHint(QPainter::Antialiasing);
+    paintNames(painter, m_picture.lines, scaled, scaled(m_picture.paper), target.right());
     for (const ChartText &text : m_picture.texts) {
         painter.setPen(text.colour.isValid() ? text.colour : look::quiet);
         painter.drawText(scaled(text.place), int(text.align) | Qt::TextDontClip, text.text);
@@ -318,20 +379,28 @@ void ChartView::point(std::optional<Spot> spot)
     update();
 }
 
-// Along a line to the next Grand Prix, or to the next line at the same one. From nowhere, the first point in sight.
+// The first in sight of the first line that has one.
+std::optional<ChartView::Spot> ChartView::first() const
+{
+    for (int line = 0; line < int(m_picture.lines.size()); ++line)
+        for (int point = 0; point < int(m_picture.lines[std::size_t(line)].points.size()); ++point)
+            if (seen({line, point}))
+                return Spot{line, point};
+    return std::nullopt;
+}
+
+// Along a line to the next Grand Prix, or to the next line at the same one.
 std::optional<ChartView::Spot> ChartView::stepped(int key) const
 {
     const int by = key == Qt::Key_Left || key == Qt::Key_Up ? -1 : 1;
-    if (m_pointed && (key == Qt::Key_Up || key == Qt::Key_Down))
+    if (!m_pointed)
+        return first();
+    if (key == Qt::Key_Up || key == Qt::Key_Down)
         return beside(by);
-    Spot spot = m_pointed.value_or(Spot{0, -1});
-    while (spot.line < int(m_picture.lines.size())) {
-        spot.point += m_pointed ? by : 1;
-        if (spot.point < 0 || spot.point >= int(m_picture.lines[std::size_t(spot.line)].points.size()))
-            break;
+    const int points = int(m_picture.lines[std::size_t(m_pointed->line)].points.size());
+    for (Spot spot{m_pointed->line, m_pointed->point + by}; spot.point >= 0 && spot.point < points; spot.point += by)
         if (seen(spot))
             return spot;
-    }
     return m_pointed;
 }
 
@@ -356,9 +425,8 @@ std::optional<ChartView::Spot> ChartView::beside(int by) const
 const ChartTarget *ChartView::targetAt(const QPointF &pointer) const
 {
     const Scaling scaled(m_picture.region, rect());
-    const auto found =
-        std::find_if(m_picture.targets.begin(), m_picture.targets.end(),
-                     [&](const ChartTarget &target) { return scaled(target.place).contains(pointer); });
+    const auto found = std::find_if(m_picture.targets.begin(), m_picture.targets.end(),
+                                    [&](const ChartTarget &target) { return scaled(target.place).contains(pointer); });
     return found == m_picture.targets.end() ? nullptr : &*found;
 }
 
@@ -378,9 +446,7 @@ bool ChartView::walk(int key)
     const bool back = key == Qt::Key_Left || key == Qt::Key_Up, on = key == Qt::Key_Right || key == Qt::Key_Down;
     if (last < 0 || !m_picture.lines.empty() || !(back || on || key == Qt::Key_Home || key == Qt::Key_End))
         return false;
-    reachTarget(key == Qt::Key_Home       ? 0
-              : key == Qt::Key_End ? last
-                                   : std::clamp(now + (back ? -1 : 1), 0, last));
+    reachTarget(key == Qt::Key_Home ? 0 : key == Qt::Key_End ? last : std::clamp(now + (back ? -1 : 1), 0, last));
     return true;
 }
 

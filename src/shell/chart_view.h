@@ -23,6 +23,7 @@ struct ChartStroke {
     QColor colour;
     int width = 1; // pixels
     bool onTop = false; // of lines: above all that aren't
+    QString name = {}; // stands beside the end of the line
 };
 
 struct ChartBlock {
@@ -65,6 +66,10 @@ struct ChartPicture {
     QString title; // of a picture for other programs
     std::vector<ChartLegend> legend;
 };
+
+// Where captions stand that would lie at the wanted heights but for each other: as near to them as the distance allows,
+// in their order, all from the first to the last height as far as there is room.
+std::vector<double> spread(const std::vector<double> &wanted, double apart, double first, double last);
 
 class ChartView : public QWidget {
     Q_OBJECT
@@ -109,6 +114,7 @@ private:
     bool seen(const Spot &spot) const;
     std::optional<Spot> nearest(const QPointF &pointer) const;
     void point(std::optional<Spot> spot);
+    std::optional<Spot> first() const;
     std::optional<Spot> stepped(int key) const;
     std::optional<Spot> beside(int by) const;
     const ChartTarget *targetAt(const QPointF &pointer) const;

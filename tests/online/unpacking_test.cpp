@@ -48,6 +48,14 @@ std::string changed(std::string bytes, const std::string &from, const std::strin
     return bytes;
 }
 
+// The same with the number of another compression in both headers of the first entry.
+std::string packedOddly(std::string bytes)
+{
+    constexpr char bzip2 = 12;
+    bytes[8] = bytes[bytes.find("PK\1\2") + 10] = bzip2;
+    return bytes;
+}
+
 struct Hostile {
     const char *what;
     std::string bytes;
@@ -107,6 +115,7 @@ std::vector<Hostile> hostileArchives()
         {"too many", zipOf(many(20'001)), "20 000"},
         {"bomb", zipOf({{"a.txt", std::string(6 << 20, ' ')}}), "200 fois"},
         {"encrypted", zipOf(season, "zip:encryption=zipcrypt"), "chiffrée"},
+        {"bzip2", packedOddly(good), "inhabituelle"},
         {"empty file", "", "lisible"},
         {"no archive", "PK\3\4 rien", "abîmée"},
         {"cut", good.substr(0, good.size() / 2), "abîmée"},

@@ -6,8 +6,9 @@
 //
 //     folder sample | folder empty    the program folder that the scenario starts with; before the first command
 //     decimal ,                       the user's decimal separator, otherwise a point
-//     raw NAME TEXT                   writes a file of the program folder from outside, "\n" for a line break
-//     picture NAME                    writes a small PNG picture under any name
+//     raw NAME TEXT                   writes a file of the program folder from outside, "\n" for a line break; a name
+//                                     with blanks stands in quotes
+//     picture NAME [WIDTHxHEIGHT]     writes a PNG picture under any name, 4x3 pixels by default
 //     serve PATH TEXT                 a server on this machine gives this text there; "serveurs.ini" names the server
 //     stall PATH TEXT                 the same, but half of the text comes and then nothing more
 //     asked REQUEST | ...             what the server was asked for since last looked at, "GET " left out
@@ -158,10 +159,12 @@ private:
             copySample();
         else if (word == u"decimal")
             m_decimal = rest.at(0).toLatin1();
+        else if (word == u"raw" && rest.startsWith(u'"'))
+            writeRaw(rest.section(u'"', 1, 1), rest.section(u'"', 2).mid(1));
         else if (word == u"raw")
             writeRaw(rest.section(u' ', 0, 0), rest.section(u' ', 1));
         else if (word == u"picture")
-            QImage(4, 3, QImage::Format_Mono).save(placeOf(rest), "PNG");
+            writePicture(rest.section(u' ', 0, 0), rest.section(u' ', 1));
         else if (word == u"serve" || word == u"stall")
             serve(rest.section(u' ', 0, 0), lines(rest.section(u' ', 1)), word == u"stall");
         else if (word == u"asked")
@@ -221,6 +224,15 @@ private:
     {
         QFile file(placeOf(name));
         if (!file.open(QIODevice::WriteOnly) || file.write(lines(text)) < 0)
+            fail(m_where, QStringLiteral("can't write ") + name);
+    }
+
+    void writePicture(const QString &name, const QString &size)
+    {
+        const QStringList sides = (size.isEmpty() ? u"4x3"_qs : size).split(u'x');
+        QImage image(sides.value(0).toInt(), sides.value(1).toInt(), QImage::Format_Mono);
+        image.fill(1);
+        if (!image.save(placeOf(name), "PNG"))
             fail(m_where, QStringLiteral("can't write ") + name);
     }
 

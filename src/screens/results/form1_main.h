@@ -55,6 +55,8 @@ private:
     void afterResult();
     void filmClicked();
     void playFilm();
+    const Screen *showLarge(const Field &picture);
+    void showCircuitLarge();
     void gpTyped(const std::string &text);
     void start();
     void clearTotalsSoon(const QString &season);

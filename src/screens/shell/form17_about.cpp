@@ -49,7 +49,7 @@ Form17::Form17(Context &theContext, const QString &name, const QString &title) :
     auto *layout = page();
     layout->addWidget(card({}, both), 1);
     layout->addLayout(footRow(u"Label10"_s));
-    resize(820, sizeHint().height());
+    resize(820, 380);
 }
 
 QLayout *Form17::words()
