@@ -150,7 +150,10 @@ QLayout *PageScreen::addressRow()
 QWidget *PageScreen::view()
 {
     m_view = new PageView;
-    m_view->onGo = [this](const QUrl &address) { m_address->setText(address.toString()); };
+    m_view->onGo = [this](const QUrl &address) {
+        m_address->setText(address.toString());
+        m_address->setCursorPosition(0);
+    };
     m_view->onOutside = [this](const QUrl &address) {
         context.platform.openAddress(address.toString(QUrl::FullyEncoded).toStdString());
     };

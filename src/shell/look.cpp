@@ -130,6 +130,7 @@ QPushButton:focus { border:1px solid MAIN; }
 QPushButton:disabled { color:#A0A7B2; background:#F7F8FA; }
 QPushButton[main="true"] { background:FILL; color:#FFFFFF; border:1px solid EDGE; font-weight:bold; }
 QPushButton[main="true"]:hover { background:EDGE; }
+QPushButton[main="true"]:disabled { background:#E3E6EB; color:#8A92A0; border:1px solid #D9DDE3; }
 QPushButton[quietly="true"] { text-align:left; padding:2px 10px; }
 QPushButton[name="true"] { text-align:left; padding:2px 8px; }
 QPushButton[edge="true"] { border:0; border-left:1px solid #D9DDB8; border-radius:0; padding:0; font-weight:bold;

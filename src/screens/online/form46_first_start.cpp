@@ -64,7 +64,7 @@ Form46::Form46(Context &theContext, const QString &name, const QString &title) :
     m_said->setWordWrap(true);
     m_said->setVisible(false);
     layout->addWidget(m_said);
-    setFixedWidth(720);
+    body()->setMinimumWidth(720);
 }
 
 void Form46::addStep(QVBoxLayout &layout, const QString &heading, const QString &text)

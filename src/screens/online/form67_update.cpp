@@ -125,8 +125,10 @@ QWidget *Form67::step(const QString &heading, const QString &text, std::initiali
     auto *words = new Label(text);
     words->setWordWrap(true);
     layout->addWidget(words);
-    for (QWidget *widget : below)
-        layout->addWidget(widget, 0, Qt::AlignLeft);
+    for (QWidget *widget : below) {
+        const auto *label = qobject_cast<const QLabel *>(widget);
+        layout->addWidget(widget, 0, label && label->wordWrap() ? Qt::Alignment() : Qt::AlignLeft);
+    }
     QWidget *made = card(heading, layout);
     made->setFixedWidth(stepsWidth);
     return made;

@@ -48,15 +48,20 @@ Form96::Form96(Context &theContext, const QString &name, const QString &title) :
 {
     hidden(u"Source"_s);
     hidden(u"Destination"_s);
-    auto *layout = page();
-    layout->addWidget(list());
-    layout->addWidget(offList());
-    layout->addWidget(transfer());
+    auto *side = new QVBoxLayout;
+    side->setSpacing(look::gap);
+    side->addWidget(offList());
+    side->addWidget(transfer());
     auto *note = styled(u"Les vidéos téléchargées sont disponibles depuis la page principale lorsque vous "
                         "séléctionnez le Grand Prix correspondant"_s,
                         "hint");
     note->setWordWrap(true);
-    layout->addWidget(note);
+    side->addWidget(note);
+    side->addStretch(1);
+    auto *columns = new QHBoxLayout;
+    columns->setSpacing(look::gap);
+    columns->addWidget(list(), 3);
+    columns->addLayout(side, 2);
     auto *foot = new QHBoxLayout;
     foot->addWidget(button(u"Command3"_s, u"Paramétrer le fichier *.ini"_s, [this] {
         context.screens.open(u"Form98"_s);
@@ -64,8 +69,10 @@ Form96::Form96(Context &theContext, const QString &name, const QString &title) :
     }));
     foot->addStretch(1);
     foot->addWidget(command(u"Label71"_s, u"Réduire cette fenêtre"_s, [this] { showMinimized(); }));
+    auto *layout = page();
+    layout->addLayout(columns);
     layout->addLayout(foot);
-    setFixedWidth(640);
+    body()->setMinimumWidth(900);
     setText(u"Text1"_s, qt(context.main.an.text()) + u".avi"_s);
     fetchList();
 }
@@ -108,19 +115,19 @@ QWidget *Form96::list()
 
 QWidget *Form96::offList()
 {
-    auto *row = new QHBoxLayout;
-    row->addWidget(new Label(u"Nom du fichier:"_s));
+    auto *layout = new QVBoxLayout;
+    layout->addWidget(new Label(u"Nom du fichier:"_s));
     auto *box = add(u"Text1"_s, new Edit);
     box->setToolTip(u"Nom du Grand Prix, année, puis .avi, comme Saint-Marin2005.avi"_s);
-    row->addWidget(box, 1);
+    layout->addWidget(box);
     auto *fetch = button(u"Command4"_s, u"Télécharger la vidéo hors liste"_s, [this] {
         aim(online::videosPath, text(u"Text1"_s).toStdString());
         press(u"Command1"_s);
     });
     connect(box, &QLineEdit::returnPressed, fetch, &QPushButton::click);
     m_choices.insert(m_choices.end(), {box, fetch});
-    row->addWidget(fetch);
-    return card(u"Telecharger une vidéo hors liste"_s, row);
+    layout->addWidget(fetch, 0, Qt::AlignRight);
+    return card(u"Telecharger une vidéo hors liste"_s, layout);
 }
 
 QWidget *Form96::transfer()
@@ -130,6 +137,8 @@ QWidget *Form96::transfer()
     m_bar->setValue(0);
     m_state = add(u"Etat"_s, new Label);
     m_state->setWordWrap(true);
+    m_state->setMinimumHeight(3 * look::rowHeight); // so that nothing jumps with a longer one
+    m_state->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     connect(&m_download, &QtDownload::DownloadProgress, this, [this](quint8, qint32 received, qint32 total, qint32) {
         m_bar->setRange(0, total);
         m_bar->setValue(received);

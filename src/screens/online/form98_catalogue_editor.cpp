@@ -45,7 +45,7 @@ Form98::Form98(Context &theContext, const QString &name, const QString &title) :
     layout->addWidget(purpose);
     layout->addWidget(card({}, both), 1);
     layout->addLayout(foot);
-    setFixedWidth(760);
+    body()->setMinimumWidth(760);
     show(online::readCatalogue(context.store));
 }
 
@@ -63,6 +63,7 @@ QLayout *Form98::rows()
     }
     grid->setColumnStretch(1, 3);
     grid->setColumnStretch(2, 2);
+    grid->setRowStretch(online::cataloguePlaces + 1, 1);
     return grid;
 }
 
@@ -73,7 +74,7 @@ QLayout *Form98::arrows()
                            void (*way)(online::Catalogue &)) {
         auto *made = button(name, sign, [this, way] { slide(way); });
         made->setToolTip(tip);
-        made->setFixedSize(34, 60);
+        made->setFixedWidth(34);
         layout->addWidget(made);
     };
     layout->addStretch(1);
