@@ -35,9 +35,9 @@ void PlaceCounts::add(const PlaceCounts &more)
     finish.values += more.finish.values;
 }
 
-void addPlaces(PlaceCounts &counts, const SeasonPlaces &races, std::string_view driver, int slots)
+void addPlaces(PlaceCounts &counts, const SeasonPlaces &races, std::string_view driver, int count)
 {
-    for (int slot = 0; slot < std::min(slots, standings::slotsRead) && !driver.empty(); ++slot) {
+    for (int slot = 0; slot < std::min(count, standings::slotsRead) && !driver.empty(); ++slot) {
         const RacePlaces &race = races[static_cast<std::size_t>(slot)];
         addNamed(counts.grid, race.grid, driver);
         addNamed(counts.finish, race.finish, driver);
@@ -55,7 +55,7 @@ std::vector<std::string> driversCounted(const Season &season, Counted who, std::
     return drivers;
 }
 
-std::optional<PlaceCounts> placeCounts(const Season &season, Counted who, std::string_view name, int slots)
+std::optional<PlaceCounts> placeCounts(const Season &season, Counted who, std::string_view name, int count)
 {
     const std::vector<std::string> drivers = driversCounted(season, who, name);
     if (drivers.empty())
@@ -63,7 +63,7 @@ std::optional<PlaceCounts> placeCounts(const Season &season, Counted who, std::s
     const SeasonPlaces races = seasonPlaces(season);
     PlaceCounts counts;
     for (const std::string &driver : drivers)
-        addPlaces(counts, races, driver, slots);
+        addPlaces(counts, races, driver, count);
     return counts;
 }
 
@@ -74,6 +74,15 @@ PlaceCounts placeCountsOver(const Store &store, std::string_view driver, const s
     for (const std::string &year : seasonsBack(newest, oldest, store.numbers()))
         counts.add(*placeCounts(Season(store, year), Counted::driver, driver, standings::slotsRead));
     return counts;
+}
+
+std::vector<std::string> racesHeld(const SeasonPlaces &races, Stage stage, int place, std::string_view driver)
+{
+    std::vector<std::string> held;
+    for (const RacePlaces &race : races)
+        if (!driver.empty() && (stage == Stage::grid ? race.grid[place] : race.finish[place]) == driver)
+            held.push_back(race.gp);
+    return held;
 }
 
 int racesRun(const Season &season)

@@ -97,6 +97,8 @@ private:
     {
         if (entry.kind == ZipReader::Kind::encrypted)
             return refuse("l'archive est chiffrée");
+        if (entry.kind == ZipReader::Kind::packedOddly)
+            return refuse("l'archive est comprimée d'une manière inhabituelle");
         if (entry.kind == ZipReader::Kind::other)
             return refuse(entry.name, "n'est ni un fichier ni un dossier");
         const CleanName name = cleanName(entry.name);
@@ -114,7 +116,9 @@ private:
     bool takeText(ZipReader &zip, std::optional<std::string> &text)
     {
         text.emplace();
-        const bool whole = read(zip, [&](std::string_view piece) { text->append(piece); });
+        const bool whole = read(zip, [&](std::string_view piece) {
+            text->append(piece.substr(0, mostManifest + 1 - std::min(mostManifest + 1, text->size())));
+        });
         return whole && (text->size() <= mostManifest || refuse("le manifeste est trop grand"));
     }
 

@@ -29,10 +29,13 @@ private:
     locale_t m_before;
 };
 
-ZipReader::Kind kindOf(archive_entry *entry)
+ZipReader::Kind kindOf(archive *from, archive_entry *entry)
 {
     if (archive_entry_is_encrypted(entry))
         return ZipReader::Kind::encrypted;
+    const std::string_view format(archive_format_name(from)); // "ZIP 2.0 (deflation)"
+    if (!format.ends_with("(deflation)") && !format.ends_with("(uncompressed)"))
+        return ZipReader::Kind::packedOddly;
     if (archive_entry_hardlink(entry) || archive_entry_symlink(entry))
         return ZipReader::Kind::other;
     const auto type = archive_entry_filetype(entry);
@@ -67,7 +70,7 @@ bool ZipReader::next(Entry &entry)
     m_broken = !name;
     if (m_broken)
         return false;
-    entry = {name, kindOf(header), (archive_entry_perm(header) & 0111) != 0};
+    entry = {name, kindOf(m_archive, header), (archive_entry_perm(header) & 0111) != 0};
     return true;
 }
 
@@ -96,7 +99,7 @@ std::size_t countOfRecords(const std::string &path)
 {
     constexpr std::string_view sign = "PK\1\2";
     std::ifstream file(path, std::ios::binary);
-    std::string room(1 << 20, '\0');
+    std::string room(1 << 16, '\0');
     std::size_t count = 0, kept = 0;
     while (file.read(room.data() + kept, static_cast<std::streamsize>(room.size() - kept)) || file.gcount() > 0) {
         const std::string_view bytes(room.data(), kept + static_cast<std::size_t>(file.gcount()));

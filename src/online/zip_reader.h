@@ -17,7 +17,13 @@ public:
     ZipReader(const ZipReader &) = delete;
     ZipReader &operator=(const ZipReader &) = delete;
 
-    enum class Kind { file, folder, other, encrypted }; // other: a link, a device …
+    enum class Kind {
+        file,
+        folder,
+        other, // a link, a device …
+        encrypted,
+        packedOddly, // neither deflated nor stored as it is, the two ways that all tools know
+    };
     struct Entry {
         std::string name; // as stored
         Kind kind = Kind::file;

@@ -1,7 +1,7 @@
 // The charts that compare four drivers or teams Grand Prix by Grand Prix: points added up (Form8, Form41) with the
 // subjects two by two in bars and words, place at the finish (Form45), place on the grid (Form53) and a team's points
-// in each race (Form71).
-#include "kinds/subjects_chart.h"
+// in each race (Form71). Form8 simulates the next race, too.
+#include "screens/charts/form8_simulation.h"
 #include "shell/screens.h"
 
 namespace circuidex::screens {
@@ -104,16 +104,17 @@ public:
     }
 };
 
+template <class S = PointChart>
 ScreenRow chart(const SubjectsChartRow &row, const QString &title)
 {
-    return kindRow<PointChart>(qt(row.controls.instance.screen), title, std::cref(row));
+    return kindRow<S>(qt(row.controls.instance.screen), title, std::cref(row));
 }
 
 }
 
 ScreenRows form8()
 {
-    return {chart(driverPointsRow, u"Graphique des Points Pilote"_s),
+    return {chart<SimulatingChart>(driverPointsRow, u"Graphique des Points Pilote"_s),
             chart(teamPointsRow, u"Graphique des Points Ecurie"_s),
             chart(finishPlacesRow, u"Classement Pilote à l'Arrivée"_s),
             chart(gridPlacesRow, u"Grille de Départ par Pilote"_s),

@@ -2,13 +2,13 @@
 
 #include "kinds/name_search.h"
 #include "kinds/picker.h"
-#include "platform/platform.h"
 #include "results/amending.h"
 #include "results/media_of_grand_prix.h"
 #include "results/navigation.h"
 #include "results/new_season.h"
 #include "results/options.h"
 #include "results/recording.h"
+#include "results/simulation.h"
 #include "screens/results/form1_side_screens.h"
 #include "shell/look.h"
 #include "statistics/season_statistics.h"
@@ -91,10 +91,8 @@ void Form1::registerHidden()
         context.screens.close(u"Form4"_s);
     });
     m_newSeason = &timer(u"Timer55"_s, 0, Kind::once, [this] { clearNewSeason(); });
-    m_lap =
-        &timer(u"Timerlap"_s, 0, Kind::once, [this] { context.screens.open(u"Form13"_s); });
-    m_img =
-        &timer(u"Timerimg"_s, 0, Kind::once, [this] { context.screens.open(u"Form13"_s); });
+    m_lap = &timer(u"Timerlap"_s, 0, Kind::once, [this] { showCircuitLarge(); });
+    m_img = &timer(u"Timerimg"_s, 0, Kind::once, [this] { showLarge(m_main.Image2); });
     m_vid = &timer(u"Timervid"_s, 0, Kind::once, [this] { playFilm(); });
 }
 
@@ -220,17 +218,34 @@ void Form1::filmClicked()
     }
 }
 
+// A viewer that is open already takes the picture and the name too.
+const Screen *Form1::showLarge(const Field &picture)
+{
+    const Screen *viewer = context.screens.open(u"Form13"_s);
+    if (!viewer)
+        return nullptr;
+    viewer->setText(u"Image1"_s, qt(picture.text()));
+    for (const QString &named : {u"Label1"_s, u"Label11"_s})
+        viewer->setText(named, qt(m_main.gp.text()));
+    return viewer;
+}
+
+void Form1::showCircuitLarge()
+{
+    const Screen *viewer = showLarge(m_main.Image1);
+    if (!viewer)
+        return;
+    viewer->press(u"Command3"_s);
+    viewer->setText(u"Command3"_s, u"Taille réele."_s);
+}
+
 void Form1::playFilm()
 {
-    const std::string film = results::filmAtHand(m_main);
-    if (film.empty())
-        return context.dialogs.message("La vidéo de ce Grand Prix n'est plus là, ou ce fichier n'est pas une vidéo.");
-    if (Screen *gallery = context.screens.open(u"frmmain"_s)) {
-        gallery->setText(u"Command8"_s, qt(film));
-        gallery->press(u"Command8"_s);
-    } else if (!context.platform.play(film)) {
-        context.dialogs.message("Aucun lecteur vidéo n'a été trouvé : installez par exemple VLC, Totem ou mpv.");
-    }
+    Screen *gallery = context.screens.open(u"frmmain"_s);
+    if (!gallery)
+        return;
+    gallery->setText(u"Command8"_s, qt(results::filmAtHand(m_main)));
+    gallery->press(u"Command8"_s);
 }
 
 // A passage before that is still waiting isn't forgotten.
@@ -337,6 +352,8 @@ void Form1::closing()
         clearNewSeason();
     if (isYear(m_main.an.text())) // anything else would open on nothing
         context.store.setYearMarker(m_main.an.text());
+    if (const auto running = results::runningSimulation(context.store)) // also one that a kill left
+        results::stopSimulation(m_main, *running);
     m_main.clearTotalsSoon = {};
     context.screens.onChange = {};
     context.screens.closeAll();
