@@ -1,18 +1,13 @@
 #pragma once
-// The charts of one driver's or one team's points in four seasons, summed up or race by race, and those points. Each
-// season counts by its own scale alone: what its file doesn't give is worth nothing.
+// The charts of one driver's or one team's points in four seasons, summed up or race by race. Each season counts by its
+// own scale alone: what its file doesn't give is worth nothing.
 #include "charts/chart_instances.h"
-#include "comparisons/season_heads.h"
 
 namespace circuidex::comparisons {
 
 using namespace charts;
 
-// By slot of the calendar; "0" where the subject scored nothing and where no race was held. A driver's points follow
-// his places, a team's are as recorded.
-Cells pointsBySlot(const Season &season, SubjectKind kind, std::string_view subject);
-
-// The same of each subject.
+// Of drivers or teams, given by their names; "0" where one scored nothing and where no race was held.
 SeriesCells pointsOfDrivers(const Season &season, const results::Scale &scale, const Subjects &names);
 SeriesCells pointsOfTeams(const Season &season, const results::Scale &scale, const Subjects &teams);
 

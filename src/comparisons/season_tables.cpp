@@ -101,6 +101,18 @@ Seasons seasonsUpTo(const Store &store, std::string_view year)
     return {before(3), before(2), before(1), before(0)};
 }
 
+std::array<double, racesSearched> racePoints(const Season &season, SubjectKind kind, std::string_view subject)
+{
+    const OwnScale scale = ownScale(season);
+    std::array<double, racesSearched> points{};
+    for (int slot = 0; double &race : points) {
+        race = kind == SubjectKind::team ? teamPoints(season, subject, slot)
+                                         : driverPoints(finishers(season, slot), scale, subject, Sum::ofRace);
+        ++slot;
+    }
+    return points;
+}
+
 std::vector<SeasonRow> teamField(const Seasons &seasons, int races)
 {
     std::vector<SeasonRow> rows;

@@ -18,6 +18,12 @@ inline constexpr std::size_t currentSeason = seasonsCompared - 1; // the last on
 using Seasons = std::array<Season, seasonsCompared>;
 Seasons seasonsUpTo(const Store &store, std::string_view year); // oldest first
 
+inline constexpr int racesSearched = 22; // slots 0 to 21 of the calendar: two more than it has
+
+// What one team or driver scored in each race, by slot; 0 where nothing is known of it. A driver at two places of one
+// race takes the points of both.
+std::array<double, racesSearched> racePoints(const Season &season, SubjectKind kind, std::string_view subject);
+
 // Points as text, by season; "-" for a race that the season hasn't held, empty in a row without a head.
 using Points = std::array<std::string, seasonsCompared>;
 inline constexpr std::string_view notHeld = "-";
@@ -43,8 +49,6 @@ std::vector<SeasonRow> driverRaces(const Seasons &seasons, std::string_view driv
 // What isn't held can't be compared, and nothing can with a reference that isn't.
 using Differences = std::array<standings::Toned, seasonsCompared>;
 Differences differences(const Points &points, std::size_t reference, const Numbers &numbers);
-
-inline constexpr int racesSearched = 22; // slots 0 to 21 of the calendar: two more than it has
 
 // The slot of the first race without a result, and that of a name; 21 when there is none.
 int firstRaceToCome(const Season &season);

@@ -24,11 +24,6 @@ constexpr double maskWidth = 15000;
 // The cells of a team's drivers, by series.
 const std::array<QString, seriesCount> driverCells{u"Label4"_s, u"Label6"_s, u"Label8"_s, u"Label9"_s};
 
-TwipLine levelLine(const Paper &paper, double y)
-{
-    return {0, y, paper.width(), y, 1};
-}
-
 QString counted(const QString &number, double value, const QString &what)
 {
     return number + u' ' + what + (std::abs(value) < 2 ? u""_s : u"s"_s);
@@ -42,14 +37,17 @@ ChartScreen::ChartScreen(Context &theContext, const QString &name, const QString
     if (masked())
         shape(u"stopgraph"_s).geometryNow = [this] { return mask(); };
     if (const auto zero = controls.instance.zeroLine)
-        registerLine(u"Line100"_s, std::nullopt, look::quiet, [this, zero] { return levelLine(paper(), *zero); });
+        registerLine(u"Line100"_s, {}, look::quiet, [this, zero] {
+            return TwipLine{paper().left, *zero, paper().right(), *zero, 1};
+        });
     registerLines();
     if (controls.instance.average != AverageOf::nothing)
         registerAverage();
     view()->onEnter = [this] { draw(); };
     view()->describe = [this](int series, int point) {
-        return series < seriesCount && point > 0 ? gpName(series, point - 1) + u" – "_s + meaning(series, point - 1)
-                                                 : QString();
+        return series < seriesCount && point > 0
+            ? raceName(series, point - 1) + u" – "_s + subjectName(series) + u" : "_s + valueText(series, point - 1)
+            : QString();
     };
 }
 
@@ -59,17 +57,12 @@ QColor ChartScreen::colour(int series) const
 }
 
 // Of seasons side by side, with the year.
-QString ChartScreen::gpName(int series, int slot) const
+QString ChartScreen::raceName(int series, int slot) const
 {
     const Season its = m_chart.seasonOf(series, season());
     const QString name = qt(its.namegp(slot));
     const QString known = name.isEmpty() ? u"GP%1"_s.arg(slot + 1) : name;
     return m_chart.instance().ofSeasons() ? known + u' ' + qt(its.stem()) : known;
-}
-
-QString ChartScreen::meaning(int series, int slot) const
-{
-    return subjectName(series) + u" : "_s + valueText(series, slot);
 }
 
 QString ChartScreen::seriesName(int series) const
@@ -167,10 +160,11 @@ TwipRect ChartScreen::mask() const
 
 Label *ChartScreen::marker(int series)
 {
-    auto *made = command(qt(m_controls.markers[static_cast<std::size_t>(series)]), u"=> "_s, [this, series] {
-        m_chart.highlight(series, context.store.numbers());
-        showChart();
-    });
+    auto *made =
+        command(qt(m_controls.markers[static_cast<std::size_t>(series)]), u"=> "_s, [this, series] {
+            m_chart.highlight(series, context.store.numbers());
+            showChart();
+        });
     made->setToolTip(qt(m_controls.markerTip));
     return made;
 }
@@ -307,7 +301,7 @@ void ChartScreen::addSeries(ChartPicture &picture) const
             const Control *piece = control(u"Line%1"_s.arg(s + 1), k);
             const TwipLine line = *piece->line();
             if (k == 0)
-                stroke = {{{line.x1, line.y1}}, *piece->fore(), line.width, seriesName(s)};
+                stroke = {{{line.x1, line.y1}}, *piece->fore(), line.width, false, seriesName(s)};
             if (line.x2 <= end)
                 stroke.points.push_back({line.x2, line.y2});
         }

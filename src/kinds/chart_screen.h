@@ -52,8 +52,7 @@ protected:
     charts::SeasonChart m_chart;
 
 private:
-    QString gpName(int series, int slot) const;
-    QString meaning(int series, int slot) const;
+    QString raceName(int series, int slot) const;
     QString gainText(int series, int slot) const;
     void showDrivers();
     bool masked() const { return m_chart.instance().ends != charts::Ends::nowhere; }

@@ -8,14 +8,16 @@ namespace circuidex {
 
 using namespace comparisons;
 
-QString seasonTip(const SeasonHead &head, const QString &subject)
+QString seasonTip(const SeasonHead &head, const std::string &subject)
 {
-    QStringList lines;
-    if (!head.champion.empty())
-        lines << u"Champion : "_s + qt(head.champion);
-    if (head.subjectPlace && !subject.isEmpty())
-        lines << subject + u" : "_s + placeName(*head.subjectPlace) + (head.over ? u""_s : u" pour l'instant"_s);
-    return lines.join(u'\n');
+    const QString champion = head.champion.empty() ? u"champion inconnu"_s : u"champion %1"_s.arg(qt(head.champion));
+    const QString tip = qt(head.year) + u": "_s + champion;
+    if (subject.empty())
+        return tip;
+    if (!head.subjectPlace)
+        return tip + u"\n%1: non classé"_s.arg(qt(subject));
+    const QString place = placeName(*head.subjectPlace) + (head.over ? u""_s : u" pour l'instant"_s);
+    return tip + u"\n%1: %2"_s.arg(qt(subject), place);
 }
 
 SeasonKey::SeasonKey(const Screen &screen, Heads heads, const Colours &colours, QString prefix)
@@ -39,7 +41,7 @@ void SeasonKey::show(const Store &store, std::string_view newestYear, SubjectKin
         Control *head = m_screen.control(m_heads[s].name, m_heads[s].index);
         head->setText(m_prefix + qt(known[s].year));
         if (const auto *label = dynamic_cast<WidgetControl *>(head))
-            label->widget()->setToolTip(seasonTip(known[s], qt(subject)));
+            label->widget()->setToolTip(seasonTip(known[s], subject));
     }
 }
 

@@ -10,8 +10,8 @@ namespace circuidex {
 
 using comparisons::seasonsCompared;
 
-// "Champion : Michael Schumacher", and below it the subject's place; empty for a season that nothing is known of.
-QString seasonTip(const comparisons::SeasonHead &head, const QString &subject);
+// "2004: champion Michael Schumacher", and below it the subject's place, unless nobody is compared.
+QString seasonTip(const comparisons::SeasonHead &head, const std::string &subject);
 
 // Four labels of a screen, registered before.
 class SeasonKey {

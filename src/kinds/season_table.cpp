@@ -1,8 +1,8 @@
 #include "kinds/season_table.h"
 
 #include "charts/chart_instances.h"
-#include "kinds/place_names.h"
 #include "kinds/race_table.h"
+#include "kinds/season_key.h"
 #include "results/main_record.h"
 #include "shell/look.h"
 
@@ -36,21 +36,6 @@ std::size_t at(int column)
 QColor colourOfSeason(int column)
 {
     return QColor::fromRgb(charts::seriesColours[at(seasonsCompared - 1 - column)]);
-}
-
-QString placeTold(const SeasonHead &head, const std::string &subject)
-{
-    if (subject.empty())
-        return {};
-    if (!head.subjectPlace)
-        return u"\n%1: non classé"_s.arg(qt(subject));
-    return u"\n%1: %2%3"_s.arg(qt(subject), placeName(*head.subjectPlace), head.over ? u""_s : u" pour l'instant"_s);
-}
-
-QString yearTip(const SeasonHead &head, const std::string &subject)
-{
-    const QString champion = head.champion.empty() ? u"champion inconnu"_s : u"champion %1"_s.arg(qt(head.champion));
-    return qt(head.year) + u": "_s + champion + placeTold(head, subject);
 }
 
 }
@@ -202,7 +187,7 @@ void SeasonTable::showYears(const std::string &subject)
             auto *year = static_cast<WidgetControl *>(control(yearHead, index));
             year->setText(qt(season.year));
             year->widget()->setToolTip(
-                yearTip(season, subject) +
+                seasonTip(season, subject) +
                 (index < firstReferenceHead ? u""_s : u"\nCliquez ici pour comparer à cette saison"_s));
         }
     }

@@ -384,14 +384,13 @@ std::optional<ChartView::Spot> ChartView::first() const
 // Along a line to the next Grand Prix, or to the next line at the same one.
 std::optional<ChartView::Spot> ChartView::stepped(int key) const
 {
+    const int by = key == Qt::Key_Left || key == Qt::Key_Up ? -1 : 1;
     if (!m_pointed)
         return first();
-    const int by = key == Qt::Key_Left || key == Qt::Key_Up ? -1 : 1;
     if (key == Qt::Key_Up || key == Qt::Key_Down)
         return beside(by);
-    Spot spot = *m_pointed;
-    const int points = int(m_picture.lines[std::size_t(spot.line)].points.size());
-    for (spot.point += by; spot.point >= 0 && spot.point < points; spot.point += by)
+    const int points = int(m_picture.lines[std::size_t(m_pointed->line)].points.size());
+    for (Spot spot{m_pointed->line, m_pointed->point + by}; spot.point >= 0 && spot.point < points; spot.point += by)
         if (seen(spot))
             return spot;
     return m_pointed;

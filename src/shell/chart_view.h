@@ -22,8 +22,8 @@ struct ChartStroke {
     std::vector<ChartPoint> points;
     QColor colour;
     int width = 1; // pixels
-    QString name = {}; // stands beside the end of the line
     bool onTop = false; // of lines: above all that aren't
+    QString name = {}; // stands beside the end of the line
 };
 
 struct ChartBlock {
