@@ -146,12 +146,6 @@ void RecordingPlatform::print(QWidget &, const std::string &name)
     calls << u"print "_s + QString::fromStdString(name);
 }
 
-bool RecordingPlatform::play(const std::string &path)
-{
-    calls << u"play "_s + QString::fromStdString(path);
-    return true;
-}
-
 void RecordingPlatform::startProgram(const std::string &path)
 {
     calls << u"start "_s + QString::fromStdString(path);
@@ -207,6 +201,8 @@ std::optional<QString> Driver::dispatch(const QString &command, const QString &a
     }
     if (command == u"messages")
         return list(std::exchange(m_dialogs.shown, {}));
+    if (command == u"film")
+        return onFilm(arguments);
     if (command == u"asked")
         return list(std::exchange(m_dialogs.asked, {}));
     if (command == u"calls")
@@ -232,6 +228,25 @@ std::optional<QString> Driver::dispatch(const QString &command, const QString &a
         return ok;
     }
     return std::nullopt;
+}
+
+// "film 60000 1500", "film at 2000 50", "film none"
+std::optional<QString> Driver::onFilm(const QString &argument)
+{
+    static const QRegularExpression form(QStringLiteral(R"(^(at )?(-?\d+) (-?\d+)$)"));
+    StandInPlayer &film = m_platform.film;
+    const auto match = form.match(argument);
+    const bool none = argument == u"none", position = match.capturedLength(1) > 0;
+    if (!match.hasMatch() && !none)
+        return error(u"expected: film [at] MS FRAMES, or film none"_s);
+    if (!position)
+        film.refuses = none;
+    if (none)
+        return ok;
+    auto &told = position ? film.at : film.length;
+    told[0] = match.captured(2).toLongLong();
+    told[1] = match.captured(3).toLongLong();
+    return ok;
 }
 
 std::optional<QString> Driver::onScreens(const QString &command, const QString &argument)

@@ -2,6 +2,7 @@
 // Runs the program by commands, one a line, each answered by exactly one line: what a person would press, type and read.
 // It reaches only what the screens register and has no rules of its own. docs/driver.md lists the commands.
 #include "app/program.h"
+#include "media/player_state.h"
 #include "platform/platform.h"
 
 #include <QStringList>
@@ -25,17 +26,51 @@ public:
     std::deque<QString> answers;
 };
 
+// Plays every film alike, as it was told to.
+class StandInPlayer : public media::Player {
+public:
+    explicit StandInPlayer(QStringList &calls) : m_calls(calls) {}
+    void open(const std::string &path) override { note("open ", path); }
+    void play(const std::string &path) override { note("play ", path); }
+    void playFrom(const std::string &path, std::int64_t milliseconds) override
+    {
+        note("play ", path + " from " + std::to_string(milliseconds));
+    }
+    void pause(const std::string &path) override { note("pause ", path); }
+    void close(const std::string &path) override { note("close ", path); }
+    std::optional<std::int64_t> milliseconds() override { return reply(length[0]); }
+    std::optional<std::int64_t> frames() override { return reply(length[1]); }
+    std::optional<std::int64_t> millisecond() override { return reply(at[0]); }
+    std::optional<std::int64_t> frame() override { return reply(at[1]); }
+
+    bool refuses = false;
+    std::int64_t length[2]{}, at[2]{}; // in milliseconds and in frames
+
+private:
+    void note(const char *what, const std::string &path)
+    {
+        m_calls << u"film "_s + QString::fromLatin1(what) + QString::fromStdString(path);
+    }
+    std::optional<std::int64_t> reply(std::int64_t number) const { return refuses ? std::nullopt : std::optional(number); }
+
+    QStringList &m_calls;
+};
+
 // Notes what was asked of the machine.
 class RecordingPlatform : public Platform {
 public:
+    media::FilmPlayer &player() override { return m_player; }
     void print(QWidget &screen, const std::string &name) override;
-    bool play(const std::string &path) override;
     void startProgram(const std::string &path) override;
     void openAddress(const std::string &address) override;
     Room roomFor(const QWidget &) const override { return room; }
 
     QStringList calls;
     Room room{0, 0, 1024, 768}; // of the display that the screens are made for
+    StandInPlayer film{calls};
+
+private:
+    media::FilmPlayer m_player{film};
 };
 
 class Driver {
@@ -52,6 +87,7 @@ private:
     std::optional<QString> dispatch(const QString &command, const QString &arguments);
     std::optional<QString> onScreens(const QString &command, const QString &argument);
     std::optional<QString> onControl(const QString &command, const QString &argument);
+    std::optional<QString> onFilm(const QString &argument);
     std::optional<QString> onFiles(const QString &command, const QString &argument);
     QString run(const QString &run) const;
     Control *find(const QString &reference, QString &error) const;

@@ -1,6 +1,7 @@
 #include "app/program.h"
 
 #include "app/screens.h"
+#include "online/update_notice.h"
 #include "platform/file_lookup.h"
 #include "platform/qt_pictures.h"
 
@@ -48,6 +49,8 @@ void Program::start()
 {
     for (const std::string &stem : {m_store.yearMarker(), std::string("ARCHIVES"), std::string("galerie")})
         m_store.LireINI(stem, {}, {}); // a damaged one is asked about before the first screen writes to it
+    if (!m_store.readOnly())
+        m_updateNotice = online::takeNotice(m_store.folder());
     offerCopies();
     m_screens.open(u"Form1"_s);
 }
@@ -56,7 +59,8 @@ void Program::settle()
 {
     m_store.settle();
     m_store.newMoment();
-    m_main.writesLost.set(m_main.quietNotice());
+    const std::string notice = m_main.quietNotice();
+    m_main.writesLost.set(notice + (notice.empty() || m_updateNotice.empty() ? "" : "\n") + m_updateNotice);
 }
 
 void Program::settleAtRest()

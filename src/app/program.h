@@ -40,6 +40,7 @@ private:
     results::MainRecord m_main;
     Context m_context; // outlives the screens, which use it to the last
     Screens m_screens;
+    std::string m_updateNotice; // why the extractor refused an update before this start
     std::size_t m_offered = 0; // of the store's damaged files
     QObject m_atRest;
 };

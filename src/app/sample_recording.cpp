@@ -15,6 +15,15 @@ constexpr const charts::Instance *seasonCharts[] = {
     &charts::form8,        &charts::form41,       &charts::form45,       &charts::form53,      &charts::form71,
     &progression::form101, &progression::form102, &progression::form105, &progression::form106};
 
+// "305 305 mètres": the blank between the thousands doesn't break the line.
+std::string metres(int length)
+{
+    std::string digits = std::to_string(length);
+    if (digits.size() > 3)
+        digits.insert(digits.size() - 3, "\u00A0");
+    return digits + " mètres";
+}
+
 }
 
 void enterSampleDriver(const WritableSeason &season, const SampleDriver &driver, const SampleCareer &career)
@@ -86,6 +95,14 @@ void chooseSampleSubjects(const WritableSeason &season)
         }
         chart.close(season);
     }
+}
+
+std::string sampleDescription(const SampleCircuit &circuit)
+{
+    return circuit.name + "\r\n" + circuit.place + "\r\n\r\nUn tour mesure " + metres(circuit.length) + " et compte " +
+        std::to_string(circuit.turns) + " virages.\r\nLes voitures y tournent dans le sens " +
+        (circuit.clockwise ? "horaire" : "antihoraire") + ".\r\nEn " + circuit.year + " la course a compté " +
+        std::to_string(circuit.laps) + " tours soit " + metres(circuit.distance) + ".\r\n";
 }
 
 }

@@ -17,4 +17,8 @@ void recordSampleRace(results::MainRecord &main, const SampleSeason &sample, int
 // The first four of the championships as the subjects of each chart of one season, as its user would leave it.
 void chooseSampleSubjects(const WritableSeason &season);
 
+// What stands in the description of a circuit, in French, lines ended by CR LF. It has no comma: each would end a line
+// where it is shown, so lengths are whole metres.
+std::string sampleDescription(const SampleCircuit &circuit);
+
 }

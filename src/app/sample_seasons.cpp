@@ -6,6 +6,7 @@
 #include "app/sample_recording.h"
 #include "statistics/season_statistics.h"
 #include "store/archive.h"
+#include "store/text.h"
 
 #include <cstdio>
 #include <fstream>
@@ -80,6 +81,20 @@ void enterPast(Store &store, const std::string &data)
     for (const SampleChampion &champion : parsed(data + "/champions.txt", parseSampleChampions))
         archive.write(keys::GP, keys::champion(champion.year), champion.name);
     enterRecords(archive, data);
+}
+
+// Where the screen of the circuits looks for them. One race has a file name without its accent.
+bool describeCircuits(const Store &store, const std::string &data)
+{
+    const std::string photos = (store.folder() / "Photos").string(), folder = photos + "/descriptioncircuits";
+    bool kept = disk::makeFolder(photos) && disk::makeFolder(folder);
+    for (const SampleCircuit &circuit : parsed(data + "/circuits.txt", parseSampleCircuits)) {
+        const std::string name = circuit.race == "Brésil" ? "bresil" : circuit.race;
+        disk::Stamp after;
+        kept =
+            kept && disk::replace(folder + "/" + name + ".txt", toCodePage(sampleDescription(circuit)), false, after);
+    }
+    return kept;
 }
 
 // The careers after a season, with one more season behind each driver.
@@ -165,7 +180,8 @@ int main(int argc, char **argv)
     dropLeftovers(store);
     store.setYearMarker(years.back());
     store.settle();
-    if (!faults.said.empty() || store.writesLost()) {
+    const bool described = describeCircuits(store, data);
+    if (!faults.said.empty() || store.writesLost() || !described) {
         std::fprintf(stderr, "the sample seasons are not whole: %s\n", faults.said.c_str());
         return 1;
     }

@@ -12,6 +12,7 @@
     screen(form8)                 \
     screen(form12)                \
     screen(form14)                \
+    screen(form17)                \
     screen(form19)                \
     screen(form20)                \
     screen(form21)                \
@@ -26,6 +27,7 @@
     screen(form33)                \
     screen(form34)                \
     screen(form36)                \
+    screen(form37)                \
     screen(form38)                \
     screen(form39)                \
     screen(form40)                \
@@ -38,6 +40,8 @@
     screen(form60)                \
     screen(form61)                \
     screen(form62)                \
+    screen(form68)                \
+    screen(form69)                \
     screen(form70)                \
     screen(form72)                \
     screen(form75)                \
@@ -47,8 +51,10 @@
     screen(form89)                \
     screen(form91)                \
     screen(form93)                \
+    screen(form94)                \
     screen(form100)               \
     screen(form101)               \
+    screen(frmmain)               \
     screen(menuScreens)
 
 namespace circuidex {

@@ -183,6 +183,8 @@ void SeasonTable::showYears(const std::string &subject)
     const auto told = seasonHeads(context.store, m_season.text(), m_kind.subject, subject); // newest first
     for (int column = 0; column < seasonsCompared; ++column) {
         const SeasonHead &season = told[at(seasonsCompared - 1 - column)];
+        for (const int titled : {pointsColumn + column, differencesColumn + column})
+            m_table->model().setTitle(titled, qt(season.year), yearTip(season, subject)); // for who can't see them
         for (const int index : {firstPointsHead + column, firstReferenceHead + column}) {
             auto *year = static_cast<WidgetControl *>(control(yearHead, index));
             year->setText(qt(season.year));

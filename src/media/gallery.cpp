@@ -25,7 +25,7 @@ std::string Gallery::path(int slot) const
 
 void Gallery::fill(int indexAfter)
 {
-    for (int slot = 1; slot <= m_kind.slots; ++slot)
+    for (int slot = 1; slot <= m_kind.slotCount; ++slot)
         show(slot, path(slot));
     iNdexx.set(std::to_string(indexAfter));
 }
@@ -73,7 +73,7 @@ bool Gallery::beyond(double last, bool forward) const
 
 void Gallery::stepForward()
 {
-    if (beyond(m_kind.slots, true)) {
+    if (beyond(m_kind.slotCount, true)) {
         if (!m_kind.turnsPages)
             return;
         nextPage();
@@ -88,14 +88,14 @@ void Gallery::stepBack()
         if (!m_kind.turnsPages)
             return;
         previousPage();
-        iNdexx.set(std::to_string(m_kind.slots + 1));
+        iNdexx.set(std::to_string(m_kind.slotCount + 1));
     }
     iNdexx.set(m_store.numbers().stepped(iNdexx.text(), -1));
 }
 
 std::optional<int> Gallery::selected() const
 {
-    return m_store.numbers().whole(iNdexx.text(), 1, m_kind.slots);
+    return m_store.numbers().whole(iNdexx.text(), 1, m_kind.slotCount);
 }
 
 void Gallery::file(int slot, const std::string &path)
@@ -115,7 +115,7 @@ void Gallery::emptyPage()
 {
     for (int slot = 0; slot <= lastEmptied; ++slot) {
         write(std::to_string(slot), {});
-        if (slot >= 1 && slot <= m_kind.slots)
+        if (slot >= 1 && slot <= m_kind.slotCount)
             show(slot, {});
     }
 }

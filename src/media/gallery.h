@@ -12,7 +12,7 @@
 namespace circuidex::media {
 
 struct GalleryKind {
-    int slots; // of a page, from 1
+    int slotCount; // of a page, from 1
     std::string_view prefix; // of their keys, section gp: "vid3.12" is slot 3 of page 12
     std::string_view pageSection, pageKey; // where the page on show is kept when the gallery closes
     std::string_view noPath; // what a free slot says
@@ -46,7 +46,7 @@ public:
     void stepForward();
     void stepBack();
 
-    std::optional<int> selected() const; // 1 to slots
+    std::optional<int> selected() const; // from 1
     std::string path(int slot) const;
 
     void file(int slot, const std::string &path);

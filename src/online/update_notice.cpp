@@ -22,6 +22,11 @@ bool updateUnfinished(const std::filesystem::path &folder)
     return disk::look((folder / workFolder / workList).string()).kind == disk::Kind::file;
 }
 
+bool extractorMustEnd(const std::filesystem::path &folder)
+{
+    return updateUnfinished(folder) && disk::look(noticePath(folder)).kind == disk::Kind::missing;
+}
+
 void leaveNotice(const std::filesystem::path &folder, const std::vector<std::string> &sentences)
 {
     std::string text;
@@ -30,7 +35,7 @@ void leaveNotice(const std::filesystem::path &folder, const std::vector<std::str
     disk::removeName(noticePath(folder));
     disk::Stamp after;
     if (!text.empty())
-        disk::replace(noticePath(folder), text.substr(0, text.rfind('\n', longest)), false, after);
+        disk::replace(noticePath(folder), text.size() > longest ? sentences.front() : text, false, after);
 }
 
 std::string takeNotice(const std::filesystem::path &folder)

@@ -2,6 +2,7 @@
 // What the extractor leaves for the program that starts after it.
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace circuidex::online {
@@ -9,8 +10,12 @@ namespace circuidex::online {
 inline constexpr std::string_view workFolder = ".circuidex-maj";
 inline constexpr std::string_view workList = "pret"; // in it: what remains to be moved
 
-// True while files of an archive remain to be moved into place, which the extractor does when it is started again.
+// True while files of an archive remain to be moved into place.
 bool updateUnfinished(const std::filesystem::path &folder);
+
+// True when the extractor was killed at that, so that the program starts it again and ends. Not when it came to its end
+// and left a notice that it could not: the program runs then.
+bool extractorMustEnd(const std::filesystem::path &folder);
 
 // Keeps the sentences for the next start; none take away what an earlier run left.
 void leaveNotice(const std::filesystem::path &folder, const std::vector<std::string> &sentences);

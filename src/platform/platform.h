@@ -7,6 +7,10 @@ class QWidget;
 
 namespace circuidex {
 
+namespace media {
+class FilmPlayer;
+}
+
 struct Room { // in pixels
     int left, top, width, height;
 };
@@ -17,8 +21,7 @@ public:
 
     // Sends a screen, as it stands, to the default printer; nothing happens without one.
     virtual void print(QWidget &screen, const std::string &name) = 0;
-    // Hands a film to a video player, and never to anything else; false when there is none.
-    virtual bool play(const std::string &path) = 0;
+    virtual media::FilmPlayer &player() = 0; // one for the whole program
     virtual void startProgram(const std::string &path) = 0;
     virtual void openAddress(const std::string &address) = 0;
 

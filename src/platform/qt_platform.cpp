@@ -9,7 +9,6 @@
 #include <QPrinterInfo>
 #include <QProcess>
 #include <QScreen>
-#include <QStandardPaths>
 #include <QUrl>
 #include <QWidget>
 
@@ -41,14 +40,17 @@ void QtPlatform::print(QWidget &screen, const std::string &)
     printScreen(screen);
 }
 
-// Asked for by name: what the system opens a file with may be anything, the interpreter of a script too.
-bool QtPlatform::play(const std::string &path)
+void QtPlatform::wake()
 {
-    for (const char *player :
-         {"vlc", "totem", "celluloid", "haruna", "dragon", "parole", "smplayer", "mpv", "mplayer", "ffplay"})
-        if (const QString program = QStandardPaths::findExecutable(QLatin1String(player)); !program.isEmpty())
-            return QProcess::startDetached(program, {QString::fromStdString(path)});
-    return false;
+    if (m_sentFor.exchange(true))
+        return;
+    QMetaObject::invokeMethod(
+        &m_here,
+        [this] {
+            m_sentFor = false;
+            m_mpv.attend();
+        },
+        Qt::QueuedConnection);
 }
 
 void QtPlatform::startProgram(const std::string &path)

@@ -1,19 +1,31 @@
 #pragma once
-// The real machine: printing through the system's printers, addresses through its default programs, films
-// through the first video player found.
+// The real machine: printing through the system's printers, addresses through its default programs, films through mpv.
+#include "media/player_state.h"
+#include "platform/mpv_player.h"
 #include "platform/platform.h"
 
+#include <QObject>
 #include <QString>
+
+#include <atomic>
 
 namespace circuidex {
 
 class QtPlatform : public Platform {
 public:
     void print(QWidget &screen, const std::string &name) override;
-    bool play(const std::string &path) override;
+    media::FilmPlayer &player() override { return m_player; }
     void startProgram(const std::string &path) override;
     void openAddress(const std::string &address) override;
     Room roomFor(const QWidget &window) const override;
+
+private:
+    void wake();
+
+    QObject m_here; // what other threads send for is done on the thread of the program
+    std::atomic<bool> m_sentFor = false;
+    MpvPlayer m_mpv{[this] { wake(); }};
+    media::FilmPlayer m_player{m_mpv};
 };
 
 // One page with the picture of a screen, turned and scaled so that it fills the paper. An empty file name means the

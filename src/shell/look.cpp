@@ -113,6 +113,8 @@ QLabel[command="true"]:focus { border-bottom:1px solid MAIN; }
 QLabel[command="true"]:hover { border-bottom:1px solid MAIN; }
 QLabel[command="true"]:disabled { color:#A0A7B2; border-bottom:1px dotted #D9DDE3; }
 QLabel[film="true"] { border:1px solid #C9CFD8; border-radius:4px; padding:4px; margin:0; }
+QLabel[slot="true"] { border:1px solid transparent; border-bottom:1px solid #EDEFF2; border-radius:3px; padding:1px 8px; }
+QLabel[slot="true"]:hover, QLabel[slot="true"]:focus { border:1px solid MAIN; }
 QLineEdit, QPlainTextEdit { background:#FFFFFF; border:1px solid #C9CFD8; border-radius:3px; padding:1px 4px;
     selection-background-color:#C0C0FF; selection-color:#1F2733; }
 QLineEdit { min-height:20px; max-height:20px; }
@@ -170,7 +172,7 @@ QString legendSwatch(const QColor &colour)
 
 QString modeGroup(const QColor &behind)
 {
-    return u"#modes { background:%1; border-radius:6px; }"_s.arg(behind.name());
+    return u"#modes { background:%1; border-radius:6px; } #modes QPushButton { padding:3px 5px; }"_s.arg(behind.name());
 }
 
 QString narrowHeads()

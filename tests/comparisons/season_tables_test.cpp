@@ -19,19 +19,13 @@ std::string lineOf(const SeasonRow &row)
     return line;
 }
 
-const SeasonRow *named(const std::vector<SeasonRow> &rows, const std::string &head)
-{
-    const auto row = std::find_if(rows.begin(), rows.end(), [&](const SeasonRow &r) { return r.head == head; });
-    return row == rows.end() ? nullptr : &*row;
-}
-
 class SeasonTables : public testing::Test {
 protected:
     Seasons seasons(const std::string &year) { return seasonsUpTo(desk.store, year); }
     std::string line(const std::vector<SeasonRow> &rows, const std::string &head)
     {
-        const SeasonRow *row = named(rows, head);
-        return row ? lineOf(*row) : "";
+        const auto row = std::find_if(rows.begin(), rows.end(), [&](const SeasonRow &r) { return r.head == head; });
+        return row == rows.end() ? "" : lineOf(*row);
     }
 
     Desk desk;
@@ -94,7 +88,6 @@ TEST_F(SeasonTables, TellRaceByRaceFromAReference)
         {2, 3, "3: - 0 18 0", "- =~ - 18v 0 pts~"},
         {16, 2, "17: - - 10 8", "- - 10 pts~ + 2^"},
         {18, 3, "19: - - - -", "- - - -"},
-        {19, 2, "20: - - - -", "- - - -"},
     };
     for (const Case &c : cases) {
         EXPECT_EQ(lineOf(ferrari[c.row]), c.points);
@@ -115,7 +108,6 @@ TEST_F(SeasonTables, GoByNameAndByEachSeasonsOwnScale)
     EXPECT_EQ(this->line(driverField(seasons("2005"), 3), "Giancarlo Fisichella"), "Giancarlo Fisichella: 0 20 0 11");
     EXPECT_EQ(line(Sum::upToRace), "3: - 20 0 10");
     EXPECT_EQ(line(Sum::ofRace), "3: - 20 0 0");
-    EXPECT_EQ(lineOf(driverRaces(seasons("2005"), "", Sum::upToRace)[19]), "20: - - - -");
     EXPECT_EQ(lineOf(driverRaces(seasons("2005"), "", Sum::upToRace)[0]), "1: - 0 0 0");
 }
 
@@ -129,10 +121,8 @@ TEST_F(SeasonTables, KeepToTheirBounds)
     const auto rows = teamField(seasons("2006"), 0);
     EXPECT_EQ(rows.size(), 12u) << "of the first 22 drivers";
     EXPECT_EQ(lineOf(rows[1]), "E1: 0 0 0 2.5") << "no race counts as one";
-    EXPECT_EQ(lineOf(teamField(seasons("2006"), 2)[1]), "E1: 0 0 0 2.5");
     EXPECT_EQ(lineOf(teamField(seasons("2006"), 1 << 30)[1]), "E1: 0 0 0 3.5");
     EXPECT_EQ(lineOf(teamRaces(seasons("2006"), "E1", Sum::ofRace)[1]), "2: - - - 0");
-    EXPECT_EQ(lineOf(driverField(seasons("2005"), 0)[0]), "Michael Schumacher: 0 0 0 0");
     EXPECT_EQ(lineOf(driverField(seasons("2006"), 9)[0]), ":    ") << "nobody under the number";
     EXPECT_TRUE(teamField(seasons(""), 5).empty());
     for (const auto &[gp, slot] : {std::pair("Monaco", 5), std::pair("Suisse", 21), std::pair("", 19)})

@@ -132,12 +132,12 @@ TEST(Gallery, HundredThousandPagesShowWhatWasFiled)
         page[i] = on ? page[i] + 1 : i == 0 ? std::max(page[i] - 1, 1) : page[i] - 1;
         ASSERT_EQ(gallery.page.text(), std::to_string(page[i]));
         if (walked % 50 == 0) {
-            const int slot = 1 + upTo(gallery.kind().slots);
+            const int slot = 1 + upTo(gallery.kind().slotCount);
             const std::string path = upTo(4) == 0 ? "" : "/films/" + std::to_string(walked);
             gallery.file(slot, path);
             filed[i][{page[i], slot}] = path;
         }
-        for (int slot = 1; slot <= gallery.kind().slots; ++slot) {
+        for (int slot = 1; slot <= gallery.kind().slotCount; ++slot) {
             const auto known = filed[i].find({page[i], slot});
             ASSERT_EQ(shown[i][slot], known == filed[i].end() ? "" : known->second) << page[i] << " " << slot;
         }

@@ -22,7 +22,7 @@
 #include "shell/look.h"
 
 #include <QApplication>
-#include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -153,7 +153,7 @@ private:
         else if (word == u"raw")
             writeRaw(rest.section(u' ', 0, 0), rest.section(u' ', 1));
         else if (word == u"picture")
-            QImage(4, 3, QImage::Format_Mono).save(m_folder.filePath(rest), "PNG");
+            QImage(4, 3, QImage::Format_Mono).save(placeOf(rest), "PNG");
         else if (word == u"restart")
             m_driver.reset();
         else if (line != u"folder empty")
@@ -162,15 +162,25 @@ private:
 
     void copySample()
     {
-        const QDir sample(m_sample);
-        for (const QString &name : sample.entryList(QDir::Files))
-            if (!QFile::copy(sample.filePath(name), m_folder.filePath(name)))
+        const QDir sample(QDir(m_sample).absolutePath());
+        for (QDirIterator at(sample.path(), QDir::Files, QDirIterator::Subdirectories); at.hasNext();) {
+            const QString file = at.next(), name = sample.relativeFilePath(file);
+            if (!QFile::copy(file, placeOf(name)))
                 fail(m_where, QStringLiteral("can't copy ") + name);
+        }
+    }
+
+    // Of a file to be, its folder made.
+    QString placeOf(const QString &name) const
+    {
+        const QString path = m_folder.filePath(name);
+        QDir().mkpath(QFileInfo(path).path());
+        return path;
     }
 
     void writeRaw(const QString &name, QString text)
     {
-        QFile file(m_folder.filePath(name));
+        QFile file(placeOf(name));
         if (!file.open(QIODevice::WriteOnly) || file.write(text.replace(u"\\n"_qs, u"\r\n"_qs).toLatin1()) < 0)
             fail(m_where, QStringLiteral("can't write ") + name);
     }

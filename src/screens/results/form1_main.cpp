@@ -2,7 +2,6 @@
 
 #include "kinds/name_search.h"
 #include "kinds/picker.h"
-#include "platform/platform.h"
 #include "results/amending.h"
 #include "results/media_of_grand_prix.h"
 #include "results/navigation.h"
@@ -222,15 +221,11 @@ void Form1::filmClicked()
 
 void Form1::playFilm()
 {
-    const std::string film = results::filmAtHand(m_main);
-    if (film.empty())
-        return context.dialogs.message("La vidéo de ce Grand Prix n'est plus là, ou ce fichier n'est pas une vidéo.");
-    if (Screen *gallery = context.screens.open(u"frmmain"_s)) {
-        gallery->setText(u"Command8"_s, qt(film));
-        gallery->press(u"Command8"_s);
-    } else if (!context.platform.play(film)) {
-        context.dialogs.message("Aucun lecteur vidéo n'a été trouvé : installez par exemple VLC, Totem ou mpv.");
-    }
+    Screen *gallery = context.screens.open(u"frmmain"_s);
+    if (!gallery)
+        return;
+    gallery->setText(u"Command8"_s, qt(results::filmAtHand(m_main)));
+    gallery->press(u"Command8"_s);
 }
 
 // A passage before that is still waiting isn't forgotten.

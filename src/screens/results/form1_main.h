@@ -32,6 +32,7 @@ private:
     QWidget *grandPrixCommands();
     QWidget *windowCommands();
     QWidget *footer();
+    QWidget *addresses();
 
     Edit *edit(const QString &name, Field &field, int width, const QString &tip);
     void nameTyped(Edit *box, Field &number, Field &name);
