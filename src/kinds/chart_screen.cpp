@@ -160,11 +160,10 @@ TwipRect ChartScreen::mask() const
 
 Label *ChartScreen::marker(int series)
 {
-    auto *made =
-        command(qt(m_controls.markers[static_cast<std::size_t>(series)]), u"=> "_s, [this, series] {
-            m_chart.highlight(series, context.store.numbers());
-            showChart();
-        });
+    auto *made = command(qt(m_controls.markers[static_cast<std::size_t>(series)]), u"=> "_s, [this, series] {
+        m_chart.highlight(series, context.store.numbers());
+        showChart();
+    });
     made->setToolTip(qt(m_controls.markerTip));
     return made;
 }
@@ -305,7 +304,7 @@ void ChartScreen::addSeries(ChartPicture &picture) const
             if (line.x2 <= end)
                 stroke.points.push_back({line.x2, line.y2});
         }
-        picture.legend.push_back({stroke.colour, qt(m_chart.name(s))});
+        picture.legend.push_back({stroke.colour, stroke.name});
         picture.lines.push_back(std::move(stroke));
     }
     if (masked())

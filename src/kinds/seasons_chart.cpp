@@ -19,6 +19,9 @@ const SeasonKey::Heads headLabels{{{u"Label3"_s}, {u"Label5"_s}, {u"Label16"_s},
 SeasonsChart::SeasonsChart(Context &theContext, const QString &name, const QString &title, const SeasonsChartRow &row)
     : ChartScreen(theContext, name, title, row.controls), m_row(row), m_year(theContext.main.an.text())
 {
+    if (m_row.holdsValues)
+        for (int slot = 0; slot < slotsRead; ++slot)
+            shape(u"Label28"_s, slot).textNow = [this, slot] { return qt(m_chart.cell(seriesCount - 1, slot)); };
     auto *chart = new QVBoxLayout;
     chart->addWidget(view(), 1);
     auto *layout = page();
@@ -115,7 +118,8 @@ void SeasonsChart::showSubjects()
 
 QString SeasonsChart::seriesName(int series) const
 {
-    return u"Saison "_s + qt(m_chart.name(series));
+    const std::string &year = m_chart.name(series);
+    return year.empty() ? QString() : u"Saison "_s + qt(year);
 }
 
 QString SeasonsChart::subjectName(int) const

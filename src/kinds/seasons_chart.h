@@ -12,6 +12,7 @@ struct SeasonsChartRow {
     std::string_view word; // to the list of drivers or teams
     std::string_view heads; // before the year
     std::string_view draw; // caption of the button
+    bool holdsValues = false; // of the season drawn last, the oldest, in Label28
 
     bool ofTeam() const { return controls.instance.subject == charts::Subject::teamName; }
 };

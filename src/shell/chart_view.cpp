@@ -1,6 +1,7 @@
 #include "shell/chart_view.h"
 
 #include "shell/look.h"
+#include "shell/text.h"
 
 #include <QBuffer>
 #include <QHelpEvent>
@@ -111,6 +112,12 @@ bool inside(const TwipRect &r, const ChartPoint &p)
     return p.x >= r.left && p.x <= r.left + r.width && p.y >= r.top && p.y <= r.top + r.height;
 }
 
+// Of the end of a line: an arrow where it lies above or below the paper.
+QString endName(const QString &name, double y, const QRectF &paper)
+{
+    return (y < paper.top() ? u"↑ "_s : y > paper.bottom() ? u"↓ "_s : QString()) + name;
+}
+
 // The names of the lines, level with their ends or, where these lie close together, as near to them as there is room.
 void paintNames(QPainter &painter, const std::vector<ChartStroke> &lines, const Scaling &scaled, const QRectF &paper,
                 double right)
@@ -129,7 +136,8 @@ void paintNames(QPainter &painter, const std::vector<ChartStroke> &lines, const 
         painter.setPen(QPen(named[i]->colour, 1));
         painter.drawLine(end, QPointF(box.left() - 2, places[i]));
         painter.setPen(look::ink);
-        const QString shown = painter.fontMetrics().elidedText(named[i]->name, Qt::ElideRight, int(box.width()));
+        const QString name = endName(named[i]->name, scaled(named[i]->points.back()).y(), paper);
+        const QString shown = painter.fontMetrics().elidedText(name, Qt::ElideRight, int(box.width()));
         painter.drawText(box, int(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextDontClip, shown);
     }
 }
@@ -417,9 +425,8 @@ std::optional<ChartView::Spot> ChartView::beside(int by) const
 const ChartTarget *ChartView::targetAt(const QPointF &pointer) const
 {
     const Scaling scaled(m_picture.region, rect());
-    const auto found =
-        std::find_if(m_picture.targets.begin(), m_picture.targets.end(),
-                     [&](const ChartTarget &target) { return scaled(target.place).contains(pointer); });
+    const auto found = std::find_if(m_picture.targets.begin(), m_picture.targets.end(),
+                                    [&](const ChartTarget &target) { return scaled(target.place).contains(pointer); });
     return found == m_picture.targets.end() ? nullptr : &*found;
 }
 
@@ -439,9 +446,7 @@ bool ChartView::walk(int key)
     const bool back = key == Qt::Key_Left || key == Qt::Key_Up, on = key == Qt::Key_Right || key == Qt::Key_Down;
     if (last < 0 || !m_picture.lines.empty() || !(back || on || key == Qt::Key_Home || key == Qt::Key_End))
         return false;
-    reachTarget(key == Qt::Key_Home       ? 0
-              : key == Qt::Key_End ? last
-                                   : std::clamp(now + (back ? -1 : 1), 0, last));
+    reachTarget(key == Qt::Key_Home ? 0 : key == Qt::Key_End ? last : std::clamp(now + (back ? -1 : 1), 0, last));
     return true;
 }
 

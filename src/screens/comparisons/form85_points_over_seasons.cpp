@@ -20,7 +20,8 @@ constexpr ChartControls controls(const Instance &instance)
 
 constexpr SeasonsChartRow row(const Instance &instance, std::string_view word)
 {
-    return {.controls = controls(instance), .word = word, .heads = "Saison ", .draw = "Traçer courbe"};
+    return {
+        .controls = controls(instance), .word = word, .heads = "Saison ", .draw = "Traçer courbe", .holdsValues = true};
 }
 
 constexpr SeasonsChartRow driver = row(form85, "pilotcompaan85"), driverByRace = row(form86, "pilotcompaan86"),
