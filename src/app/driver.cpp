@@ -98,6 +98,19 @@ QPixmap grabbed(Screen &screen)
     return awaitPictures() ? screen.grab() : first;
 }
 
+// "W H" in twips, as if the user had pulled the window.
+QString resized(Screen &screen, const QString &size)
+{
+    const Words words = split(size);
+    bool wide = false, high = false;
+    const double width = words.first.toDouble(&wide), height = words.rest.toDouble(&high);
+    const auto bearable = [](double twips) { return twips > 0 && twips <= 1e6; };
+    if (!wide || !high || !bearable(width) || !bearable(height))
+        return error(u"expected: width and height in twips"_s);
+    screen.setSize(width, height);
+    return ok;
+}
+
 bool saveTables(const Screen &screen, const QString &path)
 {
     QFile file(path);
@@ -141,9 +154,14 @@ std::optional<std::string> QueuedDialogs::chooseNewFile(const std::string &title
     return chooseFile(title, filter, {});
 }
 
-void RecordingPlatform::print(QWidget &, const std::string &name)
+void RecordingPlatform::print(QWidget &, const std::string &name, Printing how)
 {
-    calls << u"print "_s + QString::fromStdString(name);
+    calls << (how == Printing::asked ? u"print dialog "_s : u"print "_s) + QString::fromStdString(name);
+}
+
+void RecordingPlatform::printText(const std::string &text, Printing how)
+{
+    calls << (how == Printing::asked ? u"print dialog text "_s : u"print text "_s) + QString::fromStdString(text);
 }
 
 void RecordingPlatform::startProgram(const std::string &path)
@@ -253,7 +271,7 @@ std::optional<QString> Driver::onScreens(const QString &command, const QString &
 {
     static const QStringList commands{u"open"_s,     u"close"_s, u"isopen"_s,
                                       u"controls"_s, u"title"_s, u"shot"_s,
-                                      u"tables"_s,   u"pointer"_s};
+                                      u"tables"_s,   u"pointer"_s, u"size"_s, u"state"_s};
     if (!commands.contains(command))
         return std::nullopt;
     const Words words = split(argument);
@@ -283,6 +301,10 @@ std::optional<QString> Driver::onScreens(const QString &command, const QString &
         return screen->controlNames().join(u'\t');
     if (command == u"pointer")
         return screen->waiting() ? u"wait"_s : u"normal"_s;
+    if (command == u"state")
+        return screen->isMinimized() ? u"minimised"_s : u"normal"_s;
+    if (command == u"size")
+        return resized(*screen, words.rest);
     if (command == u"tables")
         return saveTables(*screen, words.rest) ? ok : error(u"can't write "_s + words.rest);
     return grabbed(*screen).save(words.rest, "PNG") ? ok : error(u"can't write "_s + words.rest);

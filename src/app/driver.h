@@ -60,7 +60,8 @@ private:
 class RecordingPlatform : public Platform {
 public:
     media::FilmPlayer &player() override { return m_player; }
-    void print(QWidget &screen, const std::string &name) override;
+    void print(QWidget &screen, const std::string &name, Printing how) override;
+    void printText(const std::string &text, Printing how) override;
     void startProgram(const std::string &path) override;
     void openAddress(const std::string &address) override;
     Room roomFor(const QWidget &) const override { return room; }

@@ -1,5 +1,6 @@
 // Circuidex: the Formula 1 championship, race by race, for one fan.
 #include "app/program.h"
+#include "online/update_notice.h"
 #include "platform/qt_dialogs.h"
 #include "platform/qt_platform.h"
 #include "shell/look.h"
@@ -23,6 +24,10 @@ int main(int argc, char **argv)
     const circuidex::Opening opening = circuidex::openingOf(lock, dialogs);
     if (opening == circuidex::Opening::refused)
         return 0;
+    if (opening == circuidex::Opening::alone && circuidex::online::extractorMustEnd(folder)) {
+        platform.startProgram((circuidex::executableFolder() / "Zip").string());
+        return 0;
+    }
     circuidex::Program program(folder, circuidex::userNumbers(), dialogs, platform);
     if (opening == circuidex::Opening::readOnly)
         program.store().setReadOnly();

@@ -1,15 +1,13 @@
 #include "app/program.h"
 
 #include "app/screens.h"
+#include "online/update_notice.h"
 #include "platform/file_lookup.h"
 #include "platform/qt_pictures.h"
+#include "results/simulation.h"
 
 #include <QAbstractEventDispatcher>
-#include <QCoreApplication>
-#include <QDir>
-#include <QFileInfo>
 #include <QLocale>
-#include <QStandardPaths>
 #include <QTimer>
 
 #include <algorithm>
@@ -52,7 +50,10 @@ void Program::start()
 {
     for (const std::string &stem : {m_store.yearMarker(), std::string("ARCHIVES"), std::string("galerie")})
         m_store.LireINI(stem, {}, {}); // a damaged one is asked about before the first screen writes to it
+    if (!m_store.readOnly())
+        m_updateNotice = online::takeNotice(m_store.folder());
     offerCopies();
+    results::forgetUnrecorded(m_store);
     m_screens.open(u"Form1"_s);
 }
 
@@ -60,7 +61,8 @@ void Program::settle()
 {
     m_store.settle();
     m_store.newMoment();
-    m_main.writesLost.set(m_main.quietNotice());
+    const std::string notice = m_main.quietNotice();
+    m_main.writesLost.set(notice + (notice.empty() || m_updateNotice.empty() ? "" : "\n") + m_updateNotice);
 }
 
 void Program::settleAtRest()
@@ -105,17 +107,6 @@ Opening openingOf(const FolderLock &lock, Dialogs &dialogs)
         dialogs.question("Circuidex est déjà ouvert sur ce dossier. Deux programmes qui écrivent dans les mêmes "
                          "fichiers se gêneraient.\n\nL'ouvrir en lecture seule, sans rien y changer ?");
     return look ? Opening::readOnly : Opening::refused;
-}
-
-std::filesystem::path programFolder()
-{
-    const QString beside = QCoreApplication::applicationDirPath();
-    if (QFileInfo(beside).isWritable())
-        return beside.toStdString();
-    const QString own =
-        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/Circuidex"_s;
-    QDir().mkpath(own);
-    return own.toStdString();
 }
 
 Numbers userNumbers()

@@ -1,6 +1,7 @@
 #pragma once
 // The running program: the store of its folder, the main screen's record, and all its screens.
 #include "platform/folder_lock.h"
+#include "platform/program_folder.h"
 #include "results/main_record.h"
 #include "shell/screens.h"
 
@@ -39,6 +40,7 @@ private:
     results::MainRecord m_main;
     Context m_context; // outlives the screens, which use it to the last
     Screens m_screens;
+    std::string m_updateNotice; // why the extractor refused an update before this start
     std::size_t m_offered = 0; // of the store's damaged files
     QObject m_atRest;
 };
@@ -46,10 +48,6 @@ private:
 // How a folder may be opened that another program may have open: two that write would take each other's changes back.
 enum class Opening { alone, readOnly, refused };
 Opening openingOf(const FolderLock &lock, Dialogs &dialogs);
-
-// The folder of the executable when it can be written, otherwise "Circuidex" in the user's data folder, made if need
-// be.
-std::filesystem::path programFolder();
 
 // The user's decimal separator, from LC_ALL, LC_NUMERIC and LANG.
 Numbers userNumbers();

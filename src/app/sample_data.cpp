@@ -371,6 +371,32 @@ std::string readWin(const Line &line, SampleWin &win)
     return {};
 }
 
+std::string readCircuit(const Line &line, SampleCircuit &circuit)
+{
+    if (line.word != "circuit")
+        return unknownWord(line);
+    if (std::string wrong = shape(line, 9, 9); !wrong.empty())
+        return wrong;
+    const std::pair<std::size_t, int *> counts[] = {
+        {3, &circuit.length}, {4, &circuit.turns}, {6, &circuit.laps}, {7, &circuit.distance}};
+    for (const auto &[field, count] : counts) {
+        const auto value = number(line.fields[field], 1, 999'999);
+        if (!value)
+            return bad("number", line.fields[field]);
+        *count = *value;
+    }
+    if (!isYear(line.fields[5]))
+        return bad("season", line.fields[5]);
+    if (line.fields[8] != "h" && line.fields[8] != "a")
+        return bad("direction", line.fields[8]);
+    circuit.race = line.text(0);
+    circuit.name = line.text(1);
+    circuit.place = line.text(2);
+    circuit.year = line.text(5);
+    circuit.clockwise = line.fields[8] == "h";
+    return {};
+}
+
 // One row a line.
 template <typename Row>
 std::optional<std::vector<Row>> rows(std::string_view text, std::string &error,
@@ -409,6 +435,11 @@ std::optional<std::vector<SampleChampion>> parseSampleChampions(std::string_view
 std::optional<std::vector<SampleRecord>> parseSampleRecords(std::string_view text, std::string &error)
 {
     return rows<SampleRecord>(text, error, readRecord);
+}
+
+std::optional<std::vector<SampleCircuit>> parseSampleCircuits(std::string_view text, std::string &error)
+{
+    return rows<SampleCircuit>(text, error, readCircuit);
 }
 
 std::optional<std::vector<SampleWin>> parseSampleWins(std::string_view text, std::string &error)

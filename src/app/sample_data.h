@@ -69,6 +69,15 @@ struct SampleWin {
     std::string pole;
 };
 
+// The circuit of a Grand Prix.
+struct SampleCircuit {
+    std::string race, name, place;
+    int length = 0, turns = 0; // of a lap, the length in metres
+    std::string year; // of the race that the next two are from
+    int laps = 0, distance = 0; // metres
+    bool clockwise = true;
+};
+
 // Each reads the UTF-8 text of one file. On malformed text nothing comes back, and `error` says what is wrong as
 // "line 12: ...".
 std::optional<SampleSeason> parseSampleSeason(std::string_view text, std::string &error);
@@ -76,5 +85,6 @@ std::optional<std::vector<SampleCareer>> parseSampleCareers(std::string_view tex
 std::optional<std::vector<SampleChampion>> parseSampleChampions(std::string_view text, std::string &error);
 std::optional<std::vector<SampleRecord>> parseSampleRecords(std::string_view text, std::string &error);
 std::optional<std::vector<SampleWin>> parseSampleWins(std::string_view text, std::string &error);
+std::optional<std::vector<SampleCircuit>> parseSampleCircuits(std::string_view text, std::string &error);
 
 }

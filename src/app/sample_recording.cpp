@@ -1,9 +1,30 @@
 #include "app/sample_recording.h"
 
+#include "charts/season_chart.h"
+#include "progression/gain_charts.h"
 #include "results/grid.h"
 #include "results/recording.h"
+#include "standings/constructor_standings.h"
+#include "standings/driver_standings.h"
 
 namespace circuidex {
+
+namespace {
+
+// "305 305 mètres": the blank between the thousands doesn't break the line.
+std::string metres(int length)
+{
+    std::string digits = std::to_string(length);
+    if (digits.size() > 3)
+        digits.insert(digits.size() - 3, "\u00A0");
+    return digits + " mètres";
+}
+
+constexpr const charts::Instance *seasonCharts[] = {
+    &charts::form8,        &charts::form41,       &charts::form45,       &charts::form53,      &charts::form71,
+    &progression::form101, &progression::form102, &progression::form105, &progression::form106};
+
+}
 
 void enterSampleDriver(const WritableSeason &season, const SampleDriver &driver, const SampleCareer &career)
 {
@@ -57,6 +78,31 @@ void recordSampleRace(results::MainRecord &main, const SampleSeason &sample, int
     main.Text39.set(number(race.pole));
     results::storeGrid(season, race.name, {race.grid});
     results::recordGrandPrix(main);
+}
+
+std::string sampleDescription(const SampleCircuit &circuit)
+{
+    return circuit.name + "\r\n" + circuit.place + "\r\n\r\nUn tour mesure " + metres(circuit.length) + " et compte " +
+        std::to_string(circuit.turns) + " virages.\r\nLes voitures y tournent dans le sens " +
+        (circuit.clockwise ? "horaire" : "antihoraire") + ".\r\nEn " + circuit.year + " la course a compté " +
+        std::to_string(circuit.laps) + " tours soit " + metres(circuit.distance) + ".\r\n";
+}
+
+void chooseSampleSubjects(const WritableSeason &season)
+{
+    const auto drivers = standings::driverStandings(season, {}).table.rows;
+    const auto teams = standings::constructorStandings(season, {}).rows;
+    for (const charts::Instance *shown : seasonCharts) {
+        charts::SeasonChart chart(*shown);
+        chart.open(season);
+        for (std::size_t s = 0; s < chart.subjects.size(); ++s) {
+            const bool byNumber = shown->subject == charts::Subject::driverNumber;
+            const auto &table = shown->subject == charts::Subject::teamName ? teams : drivers;
+            const std::string &name = table[s].name;
+            chart.subjects[s].set(byNumber ? std::to_string(results::driverNamed(season, name).value_or(0)) : name);
+        }
+        chart.close(season);
+    }
 }
 
 }

@@ -14,4 +14,11 @@ void enterSampleCalendar(const WritableSeason &season, const SampleSeason &sampl
 // The race of a slot, with the changes of team that happened before it and its grid, into the season that is open.
 void recordSampleRace(results::MainRecord &main, const SampleSeason &sample, int slot);
 
+// What stands in the description of a circuit, in French, lines ended by CR LF. It has no comma: each would end a line
+// where it is shown, so lengths are whole metres.
+std::string sampleDescription(const SampleCircuit &circuit);
+
+// The first four of the championships as the subjects of each chart of one season, as its user would leave it.
+void chooseSampleSubjects(const WritableSeason &season);
+
 }

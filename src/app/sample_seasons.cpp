@@ -1,10 +1,12 @@
 // Makes the sample program folder: records the real results of data/ race by race through the program's own recording,
-// careers and past winners included. 2005 lacks its last race, so that a newcomer has a real one to record.
+// careers and past winners included. 2005 lacks its last race, so that a newcomer has a real one to record. With 2006, what
+// an update brings a year later: all four seasons complete.
 //
-//     sample-seasons DATA FOLDER
+//     sample-seasons DATA FOLDER [2006]
 #include "app/sample_recording.h"
 #include "statistics/season_statistics.h"
 #include "store/archive.h"
+#include "store/text.h"
 
 #include <cstdio>
 #include <fstream>
@@ -81,6 +83,20 @@ void enterPast(Store &store, const std::string &data)
     enterRecords(archive, data);
 }
 
+// Where the screen of the circuits looks for them. One race has a file name without its accent.
+bool describeCircuits(const Store &store, const std::string &data)
+{
+    const std::string photos = (store.folder() / "Photos").string(), folder = photos + "/descriptioncircuits";
+    bool kept = disk::makeFolder(photos) && disk::makeFolder(folder);
+    for (const SampleCircuit &circuit : parsed(data + "/circuits.txt", parseSampleCircuits)) {
+        const std::string name = circuit.race == "Brésil" ? "bresil" : circuit.race;
+        disk::Stamp after;
+        kept =
+            kept && disk::replace(folder + "/" + name + ".txt", toCodePage(sampleDescription(circuit)), false, after);
+    }
+    return kept;
+}
+
 // The careers after a season, with one more season behind each driver.
 Careers careersAfter(const WritableSeason &season, const SampleSeason &sample, Careers before)
 {
@@ -124,8 +140,9 @@ void crown(const WritableSeason &season, const SampleSeason &sample, Careers &ca
 
 int main(int argc, char **argv)
 {
-    if (argc != 3) {
-        std::fputs("usage: sample-seasons DATA FOLDER\n", stderr);
+    const bool yearLater = argc == 4 && std::string_view(argv[3]) == "2006";
+    if (argc != 3 && !yearLater) {
+        std::fputs("usage: sample-seasons DATA FOLDER [2006]\n", stderr);
         return 2;
     }
     const std::string data = argv[1];
@@ -135,7 +152,10 @@ int main(int argc, char **argv)
     Careers careers;
     for (const SampleCareer &career : parsed(data + "/carrieres.txt", parseSampleCareers))
         careers[career.name] = career;
-    for (const std::string year : {"2003", "2004", "2005"}) {
+    std::vector<std::string> years{"2003", "2004", "2005"};
+    if (yearLater)
+        years.push_back("2006");
+    for (const std::string &year : years) {
         const SampleSeason sample = parsed(data + "/" + year + ".saison", parseSampleSeason);
         results::MainRecord main(store, faults);
         main.an.set(year);
@@ -144,7 +164,7 @@ int main(int argc, char **argv)
         for (const SampleDriver &driver : sample.drivers)
             enterSampleDriver(season, driver, careers[driver.name]);
         enterSampleCalendar(season, sample);
-        const bool complete = year != "2005";
+        const bool complete = yearLater || year != "2005";
         const int races = static_cast<int>(sample.races.size()) - (complete ? 0 : 1);
         for (int slot = 0; slot < races; ++slot) {
             recordSampleRace(main, sample, slot);
@@ -154,12 +174,14 @@ int main(int argc, char **argv)
             careers = careersAfter(season, sample, std::move(careers));
             crown(season, sample, careers);
         }
+        chooseSampleSubjects(season);
     }
     statistics::sortAllTimeLists(store); // the last newcomers' older entries go
     dropLeftovers(store);
-    store.setYearMarker("2005");
+    store.setYearMarker(years.back());
     store.settle();
-    if (!faults.said.empty() || store.writesLost()) {
+    const bool described = describeCircuits(store, data);
+    if (!faults.said.empty() || store.writesLost() || !described) {
         std::fprintf(stderr, "the sample seasons are not whole: %s\n", faults.said.c_str());
         return 1;
     }

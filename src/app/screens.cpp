@@ -10,20 +10,30 @@
     screen(form6)                 \
     screen(form7)                 \
     screen(form8)                 \
+    screen(form11)                \
     screen(form12)                \
+    screen(form13)                \
     screen(form14)                \
+    screen(form15)                \
+    screen(form16)                \
+    screen(form17)                \
+    screen(form19)                \
     screen(form20)                \
     screen(form21)                \
     screen(form23)                \
     screen(form24)                \
     screen(form25)                \
     screen(form26)                \
+    screen(form27)                \
+    screen(form28)                \
+    screen(form29)                \
     screen(form30)                \
     screen(form31)                \
     screen(form32)                \
     screen(form33)                \
     screen(form34)                \
     screen(form36)                \
+    screen(form37)                \
     screen(form38)                \
     screen(form39)                \
     screen(form40)                \
@@ -31,12 +41,26 @@
     screen(form48)                \
     screen(form49)                \
     screen(form50)                \
+    screen(form51)                \
     screen(form59)                \
     screen(form60)                \
     screen(form61)                \
+    screen(form62)                \
+    screen(form65)                \
+    screen(form68)                \
+    screen(form69)                \
     screen(form70)                \
+    screen(form72)                \
     screen(form75)                \
+    screen(form78)                \
+    screen(form80)                \
+    screen(form85)                \
+    screen(form89)                \
+    screen(form91)                \
+    screen(form93)                \
+    screen(form94)                \
     screen(form100)               \
+    screen(form101)               \
     screen(frmmain)               \
     screen(menuScreens)
 

@@ -17,17 +17,33 @@ struct Paper {
     double top, bottom;
     double gridFrom, gridTo;
     std::uint32_t gridColour; // 0xRRGGBB
+    double left = 0, beyond = 0; // of white paper on both sides of the segments
 
-    constexpr double width() const { return vertex(segments); }
+    constexpr double vertex(int k) const { return left + charts::vertex(k); }
+    constexpr double width() const { return charts::vertex(segments); }
+    constexpr double right() const { return left + width(); }
+    constexpr double sheet() const { return right() + beyond; } // all of the white, from 0 on
 };
 
 // A chart's subjects are driver numbers, or names of drivers or teams.
 enum class Subject { driverNumber, driverName, teamName };
 
+// Four subjects in the season of the chart, or one in that season and in the three before it.
+enum class Series { ofSubjects, ofSeasons };
+
+// What an opening takes up of the thickness last chosen. It is kept when the user chooses it, but by a chart that keeps
+// only the width, at its closing.
+enum class Resumes { thickness, width, nothing, widthKeptAtClosing };
+
+// What a drawing puts back on the base before it begins. It shows where nothing can be computed.
+enum class Clears { nothing, firstRace, allRaces };
+
 // Without a key, a setting isn't kept. The subjects' key is followed by 1 to 4.
 struct SettingKeys {
     std::string_view thickness, width; // sections bordergraph and bordergraphtxt
-    std::string_view subjects, scale = {}; // section plots
+    std::string_view subjects, scale = {};
+    std::string_view subjectsSection = "plots", scaleSection = "plots";
+    Resumes resumes = Resumes::thickness;
 };
 
 struct Instance {
@@ -42,11 +58,18 @@ struct Instance {
     AverageOf average = AverageOf::nothing;
     Subject subject;
     SettingKeys keys;
-    SeriesCells (*read)(const Season &, const results::Scale &, const Subjects &);
+    SeriesCells (*read)(const Season &, const results::Scale &, const Subjects &); // names, or numbers for driverPoints
     bool refreshesScale = false; // the points of the places, at opening
     std::string_view leads = {}; // words of the pair sentences; none without pairs
+    Series series = Series::ofSubjects;
+    std::string_view firstSubjects = {}; // what drivers 1 to 4 have under this prefix are the subjects at first
+    Clears clears = Clears::nothing;
+    std::optional<double> zeroLine = {}; // its height
+    std::string_view axis = {}; // what follows the figures beside the paper where the scale is fixed; none without
+    bool showsDrivers = false; // of the teams
 
     constexpr bool scaled() const { return !defaultScale.empty(); }
+    constexpr bool ofSeasons() const { return series == Series::ofSeasons; }
     constexpr Level level() const { return {base, unit, downFrom}; }
 };
 
@@ -58,6 +81,7 @@ inline constexpr std::array<std::uint32_t, seriesCount> seriesColours{0xFF0000, 
 
 inline constexpr Paper driverPointsPaper{2760, 10455, 10680, 2760, 0xEFFEEF};
 inline constexpr Paper teamPointsPaper{2760, 10575, 10800, 2760, 0xEFFEEF};
+inline constexpr Paper driverSeasonsPaper{1560, 9375, 9600, 1560, 0xEFFEEF};
 inline constexpr Paper placesPaper{1440, 8415, 8645, 1485, 0xE0E0E0};
 
 // A driver's points added up.

@@ -1,21 +1,30 @@
 #include "charts/season_chart.h"
 
+#include "store/names.h"
+
 namespace circuidex::charts {
 
 namespace {
 
-constexpr std::string_view bordergraph = "bordergraph", bordergraphtxt = "bordergraphtxt", plots = "plots";
+constexpr std::string_view bordergraph = "bordergraph", bordergraphtxt = "bordergraphtxt";
 constexpr std::string_view normalMode = "1", customMode = "2";
 
 std::string keptOr(const Season &season, std::string_view section, std::string_view key, std::string_view otherwise)
 {
-    std::string kept = season.read(section, key);
+    std::string kept = key.empty() ? std::string() : season.read(section, key);
     return kept.empty() ? std::string(otherwise) : kept;
 }
 
-std::string numbered(std::string_view key, std::size_t index)
+void keep(const WritableSeason &season, std::string_view section, std::string_view key, const std::string &text)
 {
-    return std::string(key) + std::to_string(index + 1);
+    if (!key.empty())
+        season.write(section, key, text);
+}
+
+// Of one series; none where the subjects aren't kept.
+std::string subjectKey(const SettingKeys &keys, std::size_t series)
+{
+    return keys.subjects.empty() ? std::string() : keys::join(keys.subjects, std::to_string(series + 1));
 }
 
 }
@@ -31,50 +40,114 @@ SeasonChart::SeasonChart(const Instance &instance) : m_instance(instance)
 void SeasonChart::open(const WritableSeason &season)
 {
     const SettingKeys &keys = m_instance.keys;
-    width.set(keptOr(season, bordergraphtxt, keys.width, "2"));
+    resumeThickness(season);
+    for (std::size_t s = 0; s < subjects.size(); ++s) {
+        const std::string otherwise = firstSubject(static_cast<int>(s), season);
+        subjects[s].set(keptOr(season, keys.subjectsSection, subjectKey(keys, s), otherwise));
+    }
+    if (m_instance.scaled())
+        scale.set(keptOr(season, keys.scaleSection, keys.scale, m_instance.defaultScale));
+}
+
+void SeasonChart::resumeThickness(const WritableSeason &season)
+{
+    const SettingKeys &keys = m_instance.keys;
+    if (keys.resumes != Resumes::nothing)
+        width.set(keptOr(season, bordergraphtxt, keys.width, "2"));
+    if (keys.resumes != Resumes::thickness)
+        return;
     const std::string mode = season.read(bordergraph, keys.thickness);
     if (mode == normalMode)
         drawNormal(season);
     else if (mode == customMode)
         drawCustom(season);
-    for (std::size_t s = 0; s < subjects.size(); ++s) {
-        const bool byNumber = m_instance.subject == Subject::driverNumber;
-        const std::string otherwise = byNumber ? std::to_string(s + 1) : std::string(clickHere);
-        subjects[s].set(keptOr(season, plots, numbered(keys.subjects, s), otherwise));
-    }
-    if (m_instance.scaled())
-        scale.set(keptOr(season, plots, keys.scale, m_instance.defaultScale));
+}
+
+std::string SeasonChart::firstSubject(int series, const Season &season) const
+{
+    if (m_instance.subject == Subject::driverNumber)
+        return std::to_string(series + 1);
+    if (m_instance.firstSubjects.empty())
+        return std::string(clickHere);
+    return season.driver(m_instance.firstSubjects, series + 1);
 }
 
 void SeasonChart::close(const WritableSeason &season) const
 {
+    const SettingKeys &keys = m_instance.keys;
     for (std::size_t s = 0; s < subjects.size(); ++s)
-        season.write(plots, numbered(m_instance.keys.subjects, s), subjects[s].text());
-    if (m_instance.scaled())
-        season.write(plots, m_instance.keys.scale, scale.text());
+        keep(season, keys.subjectsSection, subjectKey(keys, s), subjects[s].text());
+    keep(season, keys.scaleSection, keys.scale, scale.text());
+    if (keys.resumes == Resumes::widthKeptAtClosing)
+        keep(season, bordergraphtxt, keys.width, width.text());
 }
 
 void SeasonChart::draw(const WritableSeason &season, const results::Scale &points)
 {
-    m_values = m_instance.read(season, points, chosen());
+    readValues(season, points);
     m_mask = maskLeft(end(season));
-    for (int s = 0; s < seriesCount; ++s)
-        m_names[static_cast<std::size_t>(s)] = named(s, season);
+    nameSeries(season);
     if (!m_instance.leads.empty())
         for (const int index : {1, 0})
             drawPair(index, season);
     for (int s = 0; s < seriesCount; ++s)
         drawSeries(s, season.numbers());
-    if (m_instance.rule == Rule::level)
+    if (m_instance.average == AverageOf::values)
         drawNormal(season);
     else
         parkAverage();
+}
+
+void SeasonChart::readValues(const Season &season, const results::Scale &points)
+{
+    Subjects texts;
+    for (int s = 0; s < seriesCount; ++s)
+        texts[static_cast<std::size_t>(s)] = subject(s);
+    if (!m_instance.ofSeasons())
+        m_values = m_instance.read(season, points, texts);
+    for (int s = 0; s < seriesCount && m_instance.ofSeasons(); ++s) {
+        const SeriesCells year = m_instance.read(seasonOf(s, season), points, {subject(s)});
+        m_values.cells[static_cast<std::size_t>(s)] = year.cells[0];
+        m_values.restarts[static_cast<std::size_t>(s)] = year.restarts[0];
+    }
+}
+
+// A season that is no year leaves the years that were told before.
+void SeasonChart::nameSeries(const Season &season)
+{
+    for (int s = 0; s < seriesCount; ++s) {
+        const auto at = static_cast<std::size_t>(s);
+        if (m_instance.showsDrivers)
+            m_drivers[at] = subject(s).empty()
+                ? statistics::TeamDrivers()
+                : statistics::driversOfTeam(seasonOf(s, season), subject(s), driverSlots);
+        if (!m_instance.ofSeasons())
+            m_names[at] = m_instance.subject == Subject::driverNumber ? season.nom(subject(s)) : subject(s);
+        else if (!season.stem().empty())
+            m_names[at] = season.numbers().stepped(season.stem(), -s);
+    }
+}
+
+Season SeasonChart::seasonOf(int series, const Season &season) const
+{
+    if (!m_instance.ofSeasons())
+        return season;
+    return Season(season.store(), seasonStem(season.numbers().stepped(season.stem(), -series)));
+}
+
+const std::string &SeasonChart::subject(int series) const
+{
+    return subjects[m_instance.ofSeasons() ? 0 : static_cast<std::size_t>(series)].text();
 }
 
 void SeasonChart::drawSeries(int series, const Numbers &numbers)
 {
     const auto s = static_cast<std::size_t>(series);
     const Values values = numbersIn(m_values.cells[s], numbers);
+    if (m_instance.clears == Clears::firstRace)
+        m_curves[s].y[1] = m_instance.base;
+    else if (m_instance.clears == Clears::allRaces)
+        m_curves[s] = flat(m_instance.base);
     switch (m_instance.rule) {
     case Rule::runningTotal:
         m_curves[s] = runningTotal(m_instance.base, unit(numbers), values);
@@ -103,7 +176,7 @@ void SeasonChart::drawPair(int index, const Season &season)
 void SeasonChart::drawNormal(const WritableSeason &season)
 {
     m_widths = thin;
-    season.write(bordergraph, m_instance.keys.thickness, normalMode);
+    keep(season, bordergraph, m_instance.keys.thickness, std::string(normalMode));
     if (m_instance.average == AverageOf::values)
         parkAverage();
 }
@@ -112,8 +185,9 @@ void SeasonChart::drawCustom(const WritableSeason &season)
 {
     if (const auto pixels = charts::lineWidth(season.numbers().value(width.text())))
         m_widths.fill(*pixels);
-    season.write(bordergraph, m_instance.keys.thickness, customMode);
-    season.write(bordergraphtxt, m_instance.keys.width, width.text());
+    keep(season, bordergraph, m_instance.keys.thickness, std::string(customMode));
+    if (m_instance.keys.resumes != Resumes::widthKeptAtClosing)
+        keep(season, bordergraphtxt, m_instance.keys.width, width.text());
 }
 
 void SeasonChart::highlight(int series, const Numbers &numbers)
@@ -133,14 +207,6 @@ void SeasonChart::parkAverage()
     m_averageShown = false;
 }
 
-Subjects SeasonChart::chosen() const
-{
-    Subjects texts;
-    for (std::size_t s = 0; s < subjects.size(); ++s)
-        texts[s] = subjects[s].text();
-    return texts;
-}
-
 std::optional<int> SeasonChart::end(const Season &season) const
 {
     switch (m_instance.ends) {
@@ -156,19 +222,13 @@ std::optional<int> SeasonChart::end(const Season &season) const
     return std::nullopt;
 }
 
-std::string SeasonChart::named(int series, const Season &season) const
-{
-    const std::string &subject = subjects[static_cast<std::size_t>(series)].text();
-    return m_instance.subject == Subject::driverNumber ? season.nom(subject) : subject;
-}
-
 std::string SeasonChart::total(int series, const Season &season) const
 {
-    const std::string &subject = subjects[static_cast<std::size_t>(series)].text();
-    if (subject.empty())
+    const std::string &whose = subject(series);
+    if (whose.empty())
         return {};
-    return m_instance.subject == Subject::driverNumber ? season.driver("nbpts", subject)
-                                                       : season.read(keys::N, keys::ptsecurie(subject));
+    return m_instance.subject == Subject::driverNumber ? season.driver("nbpts", whose)
+                                                       : season.read(keys::N, keys::ptsecurie(whose));
 }
 
 std::optional<double> SeasonChart::unit(const Numbers &numbers) const
@@ -188,8 +248,13 @@ double SeasonChart::sumTo(int series, int slot, const Numbers &numbers) const
 {
     double sum = 0;
     for (int k = 0; k <= slot; ++k)
-        sum += numbers.value(cell(series, k)).value_or(0);
+        sum = restartsAt(series, k) ? 0 : sum + numbers.value(cell(series, k)).value_or(0);
     return sum;
+}
+
+bool SeasonChart::restartsAt(int series, int slot) const
+{
+    return m_values.restarts[static_cast<std::size_t>(series)][static_cast<std::size_t>(slot)];
 }
 
 void SeasonChart::setCell(int series, int slot, const std::string &text)
@@ -199,7 +264,7 @@ void SeasonChart::setCell(int series, int slot, const std::string &text)
 
 std::vector<Tick> SeasonChart::ticks(const Numbers &numbers) const
 {
-    if (!m_instance.scaled())
+    if (!m_instance.scaled() && m_instance.axis.empty())
         return {};
     return axisTicks(m_instance.base, unit(numbers), m_instance.paper.top, m_instance.paper.bottom);
 }

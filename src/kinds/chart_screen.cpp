@@ -2,12 +2,10 @@
 
 #include "results/main_record.h"
 #include "shell/look.h"
+#include "standings/tone.h"
 
-#include <QAction>
 #include <QBoxLayout>
-#include <QClipboard>
 #include <QGuiApplication>
-#include <QSaveFile>
 
 namespace circuidex {
 
@@ -15,61 +13,42 @@ using namespace charts;
 
 namespace {
 
-constexpr double scaleEdge = 600, captionEdge = 960; // twips left of the paper, for what names the heights
+constexpr double scaleEdge = 600, captionEdge = 1080; // twips left of the paper, for what names the heights
 constexpr double gap = 80, leader = 220; // of these, from such a caption to the paper
 constexpr double margin = 150; // twips around the rest
+constexpr double nameRoom = 1800; // twips right of the paper, for the names of the lines
 constexpr double overshoot = 100; // a line may pass the upper edge of the paper by so much
-constexpr double captionHeight = 225;
 constexpr double averageCaption = 400; // above a paper that may show an average
 constexpr double maskWidth = 15000;
 
-TwipRect bounds(const TwipLine &l)
-{
-    return {std::min(l.x1, l.x2), std::min(l.y1, l.y2), std::abs(l.x2 - l.x1), std::abs(l.y2 - l.y1)};
-}
+// The cells of a team's drivers, by series.
+const std::array<QString, seriesCount> driverCells{u"Label4"_s, u"Label6"_s, u"Label8"_s, u"Label9"_s};
 
-ChartStroke stroke(const TwipLine &l, const QColor &colour)
+QString counted(const QString &number, double value, const QString &what)
 {
-    return {{{l.x1, l.y1}, {l.x2, l.y2}}, colour, l.width};
-}
-
-// Under its segment. The twentieth Grand Prix has the caption with index 0.
-TwipRect captionPlace(const Paper &paper, int slot)
-{
-    return {vertex(slot), paper.bottom, vertex(slot + 1) - vertex(slot), captionHeight};
-}
-
-TwipLine gridLine(const Paper &paper, int k)
-{
-    return {vertex(k), paper.gridFrom, vertex(k), paper.gridTo, 1};
-}
-
-TwipLine baseLine(const Paper &paper)
-{
-    return {0, paper.bottom, paper.width(), paper.bottom, 1};
+    return number + u' ' + what + (std::abs(value) < 2 ? u""_s : u"s"_s);
 }
 
 }
 
 ChartScreen::ChartScreen(Context &theContext, const QString &name, const QString &title, const ChartControls &controls)
-    : Screen(theContext, name, title), m_chart(controls.instance), m_controls(controls), m_view(new ChartView(body()))
+    : PaperScreen(theContext, name, title, controls.instance.paper), m_chart(controls.instance), m_controls(controls)
 {
-    registerPaper();
+    if (masked())
+        shape(u"stopgraph"_s).geometryNow = [this] { return mask(); };
+    if (const auto zero = controls.instance.zeroLine)
+        registerLine(u"Line100"_s, {}, look::quiet, [this, zero] {
+            return TwipLine{paper().left, *zero, paper().right(), *zero, 1};
+        });
     registerLines();
     if (controls.instance.average != AverageOf::nothing)
         registerAverage();
-    registerSaving();
-    m_view->onEnter = [this] { draw(); };
-    m_view->describe = [this](int series, int point) {
+    view()->onEnter = [this] { draw(); };
+    view()->describe = [this](int series, int point) {
         return series < seriesCount && point > 0
-            ? gpName(point - 1) + u" – "_s + meaning(series, point - 1)
+            ? raceName(series, point - 1) + u" – "_s + subjectName(series) + u" : "_s + valueText(series, point - 1)
             : QString();
     };
-}
-
-WritableSeason ChartScreen::season() const
-{
-    return context.main.writableSeason();
 }
 
 QColor ChartScreen::colour(int series) const
@@ -77,17 +56,53 @@ QColor ChartScreen::colour(int series) const
     return QColor::fromRgb(seriesColours[static_cast<std::size_t>(series)]);
 }
 
-QString ChartScreen::gpName(int slot) const
+// Of seasons side by side, with the year.
+QString ChartScreen::raceName(int series, int slot) const
 {
-    return qt(season().namegp(slot));
+    const Season its = m_chart.seasonOf(series, season());
+    const QString name = qt(its.namegp(slot));
+    const QString known = name.isEmpty() ? u"GP%1"_s.arg(slot + 1) : name;
+    return m_chart.instance().ofSeasons() ? known + u' ' + qt(its.stem()) : known;
 }
 
-void ChartScreen::registerLine(const QString &name, int index, QColor colour, std::function<TwipLine()> line)
+QString ChartScreen::seriesName(int series) const
 {
-    ShapeControl &made = shape(name, index);
-    made.setFore(colour);
-    made.geometryNow = [line] { return bounds(line()); };
-    made.lineNow = std::move(line);
+    return m_chart.name(series) == clickHere ? QString() : qt(m_chart.name(series));
+}
+
+QString ChartScreen::subjectName(int series) const
+{
+    return qt(m_chart.name(series));
+}
+
+// Of the race and, where they are added up, so far.
+QString ChartScreen::valueText(int series, int slot) const
+{
+    const Rule rule = m_chart.instance().rule;
+    if (rule == Rule::gain || rule == Rule::cumulatedGain)
+        return gainText(series, slot);
+    const Numbers &numbers = context.store.numbers();
+    const double value = numbers.value(m_chart.cell(series, slot)).value_or(0);
+    const double shown = rule == Rule::level ? value : m_chart.sumTo(series, slot, numbers);
+    const QString points = counted(qt(numbers.text(shown)), shown, u"point"_s);
+    return rule == Rule::level ? points : points + u" (+%1)"_s.arg(qt(numbers.text(value)));
+}
+
+QString ChartScreen::gainText(int series, int slot) const
+{
+    const Numbers &numbers = context.store.numbers();
+    const auto gain = numbers.value(m_chart.cell(series, slot));
+    const auto places = [&](double value) {
+        return counted(qt(standings::signedText(value, "0", numbers)), value, u"place"_s);
+    };
+    if (m_chart.instance().rule == Rule::gain)
+        return !gain ? u"pas de progression"_s : *gain == 0 ? u"place gardée"_s : places(*gain);
+    QString text = places(m_chart.sumTo(series, slot, numbers)) + u" au total"_s;
+    if (gain)
+        text += u" (%1)"_s.arg(qt(standings::signedText(*gain, "=", numbers)));
+    else if (m_chart.restartsAt(series, slot))
+        text += u" (sans place sur la grille)"_s;
+    return text;
 }
 
 void ChartScreen::registerLines()
@@ -98,27 +113,8 @@ void ChartScreen::registerLines()
             registerLine(name, k, colour(s), [this, s, k] {
                 const Curve &curve = m_chart.curve(s);
                 return TwipLine{vertex(k), curve.at(k - 1), vertex(k + 1), curve.at(k), m_chart.lineWidth(s)};
-            });
-            static_cast<ShapeControl *>(control(name, k))->tipNow = [this, s, k] { return m_view->describe(s, k + 1); };
+            }).tipNow = [this, s, k] { return view()->describe(s, k + 1); };
         }
-}
-
-void ChartScreen::registerPaper()
-{
-    shape(u"Label10"_s).geometryNow = [this] {
-        return TwipRect{0, paper().top, paper().width(), paper().bottom - paper().top};
-    };
-    shape(u"stopgraph"_s).geometryNow = [this] { return mask(); };
-    shape(u"Line5"_s).lineNow = [this] { return baseLine(paper()); };
-    const QColor gridColour = QColor::fromRgb(paper().gridColour);
-    for (int k = 1; k < segments; ++k)
-        registerLine(u"Line6"_s, k, gridColour, [this, k] { return gridLine(paper(), k); });
-    for (int slot = 0; slot < segments; ++slot) {
-        ShapeControl &caption = shape(u"Label11"_s, (slot + 1) % segments);
-        caption.textNow = [slot] { return u"GP%1"_s.arg(slot + 1); };
-        caption.tipNow = [this, slot] { return gpName(slot); };
-        caption.geometryNow = [this, slot] { return captionPlace(paper(), slot); };
-    }
 }
 
 // The pieces from the left edge on, Line13(1) to (3) and Line10(1) to (17).
@@ -162,43 +158,12 @@ TwipRect ChartScreen::mask() const
     return {m_chart.mask(), paper().top - overshoot, maskWidth, paper().bottom - paper().top + overshoot};
 }
 
-void ChartScreen::registerSaving()
-{
-    const auto entry = [this](const QString &name, const QString &caption, const QKeySequence &key, auto handler) {
-        auto *action = new QAction(caption, m_view);
-        action->setShortcut(key);
-        action->setShortcutContext(Qt::WidgetShortcut);
-        connect(action, &QAction::triggered, this, handler);
-        m_view->addAction(action);
-        hidden(name, caption, [action] { action->trigger(); });
-    };
-    m_view->setContextMenuPolicy(Qt::ActionsContextMenu);
-    entry(u"copierimage"_s, u"Copier l'image"_s, QKeySequence::Copy,
-          [this] { QGuiApplication::clipboard()->setImage(m_view->image()); });
-    entry(u"enregistrerpng"_s, u"Enregistrer en PNG..."_s, {},
-          [this] { save(u"png"_s, m_view->png()); });
-    entry(u"enregistrersvg"_s, u"Enregistrer en SVG..."_s, {},
-          [this] { save(u"svg"_s, m_view->svg()); });
-}
-
-void ChartScreen::save(const QString &kind, const QByteArray &bytes)
-{
-    const QString filter = u"Images %1 (*.%2)"_s.arg(kind.toUpper(), kind);
-    const auto path = context.dialogs.chooseNewFile(title().toStdString(), filter.toStdString());
-    if (!path)
-        return;
-    QSaveFile file(qt(*path));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
-        context.dialogs.message("L'image n'a pas pu être enregistrée.");
-}
-
 Label *ChartScreen::marker(int series)
 {
-    auto *made =
-        command(qt(m_controls.markers[static_cast<std::size_t>(series)]), u"=> "_s, [this, series] {
-            m_chart.highlight(series, context.store.numbers());
-            showChart();
-        });
+    auto *made = command(qt(m_controls.markers[static_cast<std::size_t>(series)]), u"=> "_s, [this, series] {
+        m_chart.highlight(series, context.store.numbers());
+        showChart();
+    });
     made->setToolTip(qt(m_controls.markerTip));
     return made;
 }
@@ -243,9 +208,39 @@ QLayout *ChartScreen::scaleRow()
     return row;
 }
 
-Button *ChartScreen::drawButton()
+QLayout *ChartScreen::driversPanel(int series, const QString &caption)
 {
-    auto *made = button(u"Command1"_s, u"Traçer courbe"_s, [this] { draw(); });
+    const bool onDark = series % 2 == 0;
+    auto *names = new QVBoxLayout;
+    names->setSpacing(0);
+    for (int car = 0; car < int(m_chart.drivers(series).size()); ++car) {
+        const QString &cell = driverCells[std::size_t(series)];
+        auto *name = add(cell, new Label, car);
+        name->setFixedHeight(17);
+        name->setMargin(1);
+        name->setIndent(5);
+        name->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+        control(cell, car)->setBack(look::pairBars[series]);
+        control(cell, car)->setFore(onDark ? look::onBar : QColor(Qt::black));
+        names->addWidget(name);
+    }
+    auto *row = new QHBoxLayout;
+    row->setSpacing(6);
+    row->addWidget(styled(caption, "hint"), 0, Qt::AlignTop);
+    row->addLayout(names, 1);
+    return row;
+}
+
+void ChartScreen::showDrivers()
+{
+    for (int s = 0; s < seriesCount && m_chart.instance().showsDrivers; ++s)
+        for (int car = 0; const std::string &driver : m_chart.drivers(s))
+            setText(driverCells[std::size_t(s)], qt(driver), car++);
+}
+
+Button *ChartScreen::drawButton(const QString &caption)
+{
+    auto *made = button(u"Command1"_s, caption, [this] { draw(); });
     made->makeMain();
     return made;
 }
@@ -257,7 +252,7 @@ void ChartScreen::begin()
     m_chart.open(season());
     showSubjects();
     draw();
-    m_view->setFocus();
+    view()->setFocus();
 }
 
 void ChartScreen::closing()
@@ -274,6 +269,7 @@ void ChartScreen::draw()
     takeSubjects();
     m_chart.draw(season(), context.main.scale());
     showSubjects();
+    showDrivers();
     showChart();
 }
 
@@ -283,35 +279,36 @@ void ChartScreen::showChart()
     ChartPicture picture;
     const double top = p.top - (m_chart.instance().average == AverageOf::nothing ? margin : averageCaption);
     const double edge = m_chart.instance().scaled() ? scaleEdge : captionEdge;
-    picture.region = {-edge, top, edge + p.width() + margin, p.gridFrom + 30 - top};
+    picture.region = {-edge, top, edge + p.width() + nameRoom, p.gridFrom + 30 - top};
     picture.paper = {0, p.top - overshoot, p.width(), p.bottom - p.top + overshoot};
-    picture.title = title();
+    picture.title = pictureTitle();
     addSeries(picture);
     addAverage(picture);
     addPaper(picture);
     addScale(picture);
     addEdgeCaptions(picture);
-    m_view->setPicture(std::move(picture));
+    view()->setPicture(std::move(picture));
 }
 
 // The series as their controls tell them, as far as the mask, which stands just behind a Grand Prix.
 void ChartScreen::addSeries(ChartPicture &picture) const
 {
-    const TwipRect covered = control(u"stopgraph"_s)->geometry();
+    const double end = masked() ? control(u"stopgraph"_s)->geometry().left : outside;
     for (int s = 0; s < seriesCount; ++s) {
         ChartStroke stroke;
         for (int k = 0; k < segments; ++k) {
             const Control *piece = control(u"Line%1"_s.arg(s + 1), k);
             const TwipLine line = *piece->line();
             if (k == 0)
-                stroke = {{{line.x1, line.y1}}, *piece->fore(), line.width};
-            if (line.x2 <= covered.left)
+                stroke = {{{line.x1, line.y1}}, *piece->fore(), line.width, false, seriesName(s)};
+            if (line.x2 <= end)
                 stroke.points.push_back({line.x2, line.y2});
         }
-        picture.legend.push_back({stroke.colour, qt(m_chart.name(s))});
+        picture.legend.push_back({stroke.colour, stroke.name});
         picture.lines.push_back(std::move(stroke));
     }
-    picture.masks.push_back({covered, look::card});
+    if (masked())
+        picture.masks.push_back({control(u"stopgraph"_s)->geometry(), look::card});
 }
 
 void ChartScreen::addAverage(ChartPicture &picture) const
@@ -323,54 +320,39 @@ void ChartScreen::addAverage(ChartPicture &picture) const
         if (const TwipLine line = *piece->line(); line.x2 <= m_chart.mask())
             picture.lines.push_back(stroke(line, *piece->fore()));
     }
-    const double left = paper().width() - 1500, y = paper().top - averageCaption + captionHeight / 2;
+    const double left = paper().width() - 1500, y = paper().top - averageCaption + axisCaptionHeight / 2;
     picture.leaders.push_back(stroke({left - 350, y, left - 90, y, 1}, Qt::black));
-    picture.texts.push_back({{left, y - captionHeight / 2, 1500, captionHeight},
+    picture.texts.push_back({{left, y - axisCaptionHeight / 2, 1500, axisCaptionHeight},
                              u"Moyenne mobile"_s,
                              Qt::AlignLeft | Qt::AlignVCenter});
 }
 
-void ChartScreen::addPaper(ChartPicture &picture) const
-{
-    const Paper &p = paper();
-    for (int k = 1; k < segments; ++k)
-        picture.grid.push_back(stroke(*control(u"Line6"_s, k)->line(), *control(u"Line6"_s, k)->fore()));
-    for (int slot = 0; slot < segments; ++slot)
-        picture.texts.push_back({captionPlace(p, slot), u"GP%1"_s.arg(slot + 1), Qt::AlignCenter,
-                                 [this, slot] { return gpName(slot); }});
-    picture.axes.push_back(stroke(baseLine(p), look::quiet));
-    picture.axes.push_back(stroke({0, p.top, 0, p.bottom, 1}, look::line));
-}
-
-// What a height means, where that depends on the scale.
+// What a height means, where that depends on the scale or the axis has round figures; over all levels that of zero.
 void ChartScreen::addScale(ChartPicture &picture) const
 {
     const Numbers &numbers = context.store.numbers();
     for (const Tick &tick : m_chart.ticks(numbers)) {
         addLevel(picture, tick.y);
-        addHeight(picture, qt(numbers.text(tick.value)), tick.y, gap);
+        addHeight(picture, qt(numbers.text(tick.value)) + qt(m_chart.instance().axis), tick.y, gap);
     }
+    if (const Control *zero = control(u"Line100"_s))
+        picture.grid.push_back(stroke(*zero->line(), *zero->fore()));
 }
 
 void ChartScreen::addEdgeCaptions(ChartPicture &picture) const
 {
     for (const EdgeCaption &caption : edgeCaptions()) {
-        const double y = m_chart.instance().level().at(caption.value), centre = caption.top + captionHeight / 2;
+        const double y = m_chart.instance().level().at(caption.value), centre = caption.top + axisCaptionHeight / 2;
         addLevel(picture, y);
         picture.leaders.push_back(stroke({-leader, centre, 0, y, 1}, look::line));
         addHeight(picture, qt(caption.text), centre, leader + gap / 2);
     }
 }
 
-void ChartScreen::addLevel(ChartPicture &picture, double y) const
-{
-    picture.grid.push_back(stroke({0, y, paper().width(), y, 1}, look::level));
-}
-
 void ChartScreen::addHeight(ChartPicture &picture, const QString &caption, double centre, double right) const
 {
     picture.texts.push_back(
-        {{picture.region.left, centre - captionHeight / 2, -picture.region.left - right, captionHeight},
+        {{picture.region.left, centre - axisCaptionHeight / 2, -picture.region.left - right, axisCaptionHeight},
          caption,
          Qt::AlignRight | Qt::AlignVCenter});
 }

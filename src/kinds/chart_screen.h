@@ -3,8 +3,7 @@
 // highlight with the moving average, the settings kept, and the pictures of it for other programs. A derived screen
 // says whose lines they are, where its controls stand and what a point means.
 #include "charts/season_chart.h"
-#include "shell/chart_view.h"
-#include "shell/screen.h"
+#include "kinds/paper_screen.h"
 
 namespace circuidex {
 
@@ -25,7 +24,7 @@ struct EdgeCaption {
     double value;
 };
 
-class ChartScreen : public Screen {
+class ChartScreen : public PaperScreen {
 public:
     ChartScreen(Context &context, const QString &name, const QString &title, const ChartControls &controls);
 
@@ -35,37 +34,35 @@ protected:
     void draw();
     void closing() override;
 
-    virtual WritableSeason season() const; // whose values are drawn and which keeps the settings
     virtual void takeSubjects() { } // from the controls into the chart, before a drawing and at closing
     virtual void showSubjects() { } // the other way round, after a drawing
-    virtual QString meaning(int series, int slot) const = 0; // of a point, without the name of the Grand Prix
+    virtual QString seriesName(int series) const; // beside its line; empty for a series that nobody chose
+    virtual QString pictureTitle() const { return title(); }
+    virtual QString subjectName(int series) const; // whose value a point is
+    virtual QString valueText(int series, int slot) const; // what a point says: points, or places gained
     virtual std::vector<EdgeCaption> edgeCaptions() const { return {}; }
 
-    ChartView *view() { return m_view; }
     Label *marker(int series);
     QLayout *thicknessRow();
     QLayout *scaleRow();
-    Button *drawButton();
+    QLayout *driversPanel(int series, const QString &caption); // of the team that a series draws
+    Button *drawButton(const QString &caption = u"Traçer courbe"_s);
     QColor colour(int series) const;
-    QString gpName(int slot) const;
-    const charts::Paper &paper() const { return m_chart.instance().paper; }
 
     charts::SeasonChart m_chart;
 
 private:
+    QString raceName(int series, int slot) const;
+    QString gainText(int series, int slot) const;
+    void showDrivers();
+    bool masked() const { return m_chart.instance().ends != charts::Ends::nowhere; }
     void registerLines();
-    void registerPaper();
     void registerAverage();
-    void registerLine(const QString &name, int index, QColor colour, std::function<TwipLine()> line);
-    void registerSaving();
-    void save(const QString &kind, const QByteArray &bytes);
     void showChart();
     void addSeries(ChartPicture &picture) const;
     void addAverage(ChartPicture &picture) const;
-    void addPaper(ChartPicture &picture) const;
     void addScale(ChartPicture &picture) const;
     void addEdgeCaptions(ChartPicture &picture) const;
-    void addLevel(ChartPicture &picture, double y) const;
     void addHeight(ChartPicture &picture, const QString &caption, double centre, double right) const;
     std::vector<TwipLine> averageLines() const;
     std::pair<QString, int> averageName(int piece) const;
@@ -73,7 +70,6 @@ private:
     TwipRect mask() const;
 
     const ChartControls &m_controls;
-    ChartView *m_view;
 };
 
 // Enter in a box, without Shift, Ctrl or Alt.

@@ -15,12 +15,17 @@ struct Room { // in pixels
     int left, top, width, height;
 };
 
+// On the default printer, or on what the user chooses in the system's print dialog: printer, pages or a PDF file.
+enum class Printing { atOnce, asked };
+
 class Platform {
 public:
     virtual ~Platform() = default;
 
-    // Sends a screen, as it stands, to the default printer; nothing happens without one.
-    virtual void print(QWidget &screen, const std::string &name) = 0;
+    // Prints a screen as it stands; nothing happens without a printer.
+    virtual void print(QWidget &screen, const std::string &name, Printing how) = 0;
+    // Prints a text over as many pages as it needs; nothing happens without a printer.
+    virtual void printText(const std::string &text, Printing how) = 0;
     virtual media::FilmPlayer &player() = 0; // one for the whole program
     virtual void startProgram(const std::string &path) = 0;
     virtual void openAddress(const std::string &address) = 0;

@@ -13,6 +13,7 @@
 #include <ctime>
 #include <fcntl.h>
 #include <memory>
+#include <mutex>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -280,10 +281,20 @@ QThreadPool &decoders()
 {
     static QThreadPool *const pool = [] {
         auto *made = new QThreadPool(QCoreApplication::instance());
-        made->setMaxThreadCount(1); // one large picture in memory at a time
+        made->setMaxThreadCount(2);
         return made;
     }();
     return *pool;
+}
+
+// Held while a picture is decoded that takes memory beyond what is shown: one of them at a time.
+std::unique_lock<std::mutex> turnOf(const Source &source)
+{
+    static std::mutex large;
+    constexpr double smallMemory = 5e6; // bytes
+    const bool inMemory = source.heading.format == QByteArrayView("png"); // the file itself
+    const double takes = source.heading.pixels() * source.heading.bytesPerPixel + (inMemory ? double(source.file->size()) : 0);
+    return takes > smallMemory ? std::unique_lock(large) : std::unique_lock<std::mutex>();
 }
 
 std::atomic<bool> startedAny = false;
@@ -293,6 +304,17 @@ std::atomic<bool> startedAny = false;
 bool canShowPicture(const QString &path)
 {
     return sourceOf(path).heading.format != nullptr;
+}
+
+QSize sizeOfPicture(const QString &path)
+{
+    const Source source = sourceOf(path);
+    if (!source.file || source.heading.format != QByteArrayView("jpeg")) // only a camera's picture may be turned
+        return source.heading.size;
+    QImageReader reader(source.file.get(), source.heading.format);
+    reader.setAutoDetectImageFormat(false);
+    const bool turned = reader.transformation() & QImageIOHandler::TransformationRotate90;
+    return turned ? source.heading.size.transposed() : source.heading.size;
 }
 
 bool isQuickPicture(const QString &path)
@@ -306,6 +328,7 @@ QImage scaledPicture(const QString &path, QSize room)
     const Source source = room.isEmpty() ? Source() : sourceOf(path);
     if (!source.file)
         return {};
+    const auto turn = turnOf(source);
     QBuffer chunks;
     if (source.heading.format == QByteArrayView("png")) {
         chunks.setData(essentialChunks(*source.file));

@@ -3,41 +3,132 @@
 #include "platform/qt_pictures.h"
 
 #include <QDesktopServices>
+#include <QGuiApplication>
 #include <QPageLayout>
 #include <QPainter>
+#include <QPicture>
+#include <QPointer>
+#include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QProcess>
 #include <QScreen>
+#include <QTextDocument>
 #include <QUrl>
 #include <QWidget>
 
+#include <algorithm>
+#include <memory>
+
 namespace circuidex {
 
-bool printScreen(QWidget &screen, const QString &pdfFile)
+namespace {
+
+// A printer to draw on: a PDF file where one is named, otherwise the default one; null when there is none.
+std::unique_ptr<QPrinter> printerFor(const QString &pdfFile)
 {
     if (pdfFile.isEmpty() && QPrinterInfo::defaultPrinter().isNull())
-        return false;
-    QPrinter printer(QPrinter::HighResolution);
+        return nullptr;
+    auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
     if (!pdfFile.isEmpty()) {
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(pdfFile);
+        printer->setOutputFormat(QPrinter::PdfFormat);
+        printer->setOutputFileName(pdfFile);
     }
-    printer.setPageOrientation(screen.width() > screen.height() ? QPageLayout::Landscape : QPageLayout::Portrait);
+    return printer;
+}
+
+// The printer that the user chooses; null when he cancels.
+std::unique_ptr<QPrinter> chosenPrinter(int pages)
+{
+    auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    QPrintDialog dialog(printer.get()); // no parent: a timer may close the screen in front while the dialog is up
+    dialog.setWindowFlag(Qt::WindowStaysOnTopHint);
+    dialog.setMinMax(1, pages);
+    if (dialog.exec() != QDialog::Accepted)
+        return nullptr;
+    return printer;
+}
+
+QPageLayout::Orientation orientationFor(const QWidget &screen)
+{
+    return screen.width() > screen.height() ? QPageLayout::Landscape : QPageLayout::Portrait;
+}
+
+// Drawn straight to a printer a screen becomes one bitmap of half a gigabyte; so its lines and letters are taken down.
+QPicture takenDown(QWidget &screen)
+{
+    awaitPictures();
+    QPicture picture;
+    QPainter painter(&picture);
+    screen.render(&painter);
+    return picture;
+}
+
+bool draw(QWidget &screen, QPrinter &printer)
+{
     QPainter painter;
     if (!painter.begin(&printer))
         return false;
-    const QRectF page = printer.pageRect(QPrinter::DevicePixel);
-    const double scale = std::min(page.width() / screen.width(), page.height() / screen.height());
-    painter.scale(scale, scale);
-    awaitPictures();
-    screen.render(&painter);
+    drawScreen(screen, painter, printer.pageRect(QPrinter::DevicePixel).size());
     return painter.end();
 }
 
-void QtPlatform::print(QWidget &screen, const std::string &)
+std::unique_ptr<QTextDocument> asDocument(const QString &text)
 {
-    printScreen(screen);
+    auto document = std::make_unique<QTextDocument>();
+    QFont font = QGuiApplication::font();
+    font.setPointSize(11);
+    document->setDefaultFont(font);
+    document->setPlainText(text);
+    return document;
+}
+
+}
+
+void drawScreen(QWidget &screen, QPainter &painter, const QSizeF &page)
+{
+    const QPicture picture = takenDown(screen);
+    const double denser = double(painter.device()->logicalDpiX()) / picture.logicalDpiX(); // a picture is drawn so much larger
+    const double scale = std::min(page.width() / screen.width(), page.height() / screen.height());
+    painter.translate((page.width() - scale * screen.width()) / 2, 0);
+    painter.scale(scale / denser, scale / denser);
+    painter.drawPicture(0, 0, picture);
+}
+
+bool printScreen(QWidget &screen, const QString &pdfFile)
+{
+    const auto printer = printerFor(pdfFile);
+    if (printer)
+        printer->setPageOrientation(orientationFor(screen));
+    return printer && draw(screen, *printer);
+}
+
+bool printText(const QString &text, const QString &pdfFile)
+{
+    const auto printer = printerFor(pdfFile);
+    if (printer)
+        asDocument(text)->print(printer.get());
+    return printer && printer->printerState() != QPrinter::Error;
+}
+
+void QtPlatform::print(QWidget &screen, const std::string &, Printing how)
+{
+    if (how == Printing::atOnce) {
+        printScreen(screen);
+        return;
+    }
+    const QPointer<QWidget> still(&screen);
+    const auto printer = chosenPrinter(1);
+    if (printer && still)
+        draw(screen, *printer);
+}
+
+void QtPlatform::printText(const std::string &text, Printing how)
+{
+    if (how == Printing::atOnce)
+        circuidex::printText(QString::fromStdString(text));
+    else if (const auto printer = chosenPrinter(9999))
+        asDocument(QString::fromStdString(text))->print(printer.get());
 }
 
 void QtPlatform::wake()

@@ -79,7 +79,7 @@ void subtractResult(const WritableSeason &season, std::string_view slot, const S
     takeBack(stored, season, scale);
 }
 
-Recording amendGrandPrix(MainRecord &main, Amendment amendment)
+Recording amendGrandPrix(MainRecord &main, Amendment amendment, const std::optional<Scale> &countedAt)
 {
     if (!main.enterGrandPrix())
         return Recording::refused;
@@ -90,7 +90,7 @@ Recording amendGrandPrix(MainRecord &main, Amendment amendment)
     if (amendment == Amendment::byUser && !hasResult(season, main.gp.text()))
         countStarts(season, Count::add);
     main.refreshScale();
-    subtractResult(season, main.Label40.text(), main.scale());
+    subtractResult(season, main.Label40.text(), countedAt.value_or(main.scale()));
     enterResult(main);
     if (!action.end("la modification"))
         return Recording::lost;

@@ -18,6 +18,7 @@ enum class Amendment { byUser, byProgram };
 // "Enregistrer les modifications du GP séléctionné": the cursor's slot takes the fields as they stand, under the name
 // in gp. By the user, a slot without a result is recorded; the program's own amendments don't make up for its missing
 // start. Where the name is that of another race with a result, which goes, the season is copied before. Refuses what a
-// recording refuses by the name.
-Recording amendGrandPrix(MainRecord &main, Amendment amendment);
+// recording refuses by the name. The stored result is subtracted at the scale given, or at that of the moment.
+Recording amendGrandPrix(MainRecord &main, Amendment amendment, const std::optional<Scale> &countedAt = {});
+
 }

@@ -1,5 +1,7 @@
 #include "results/main_record.h"
 
+#include "results/simulation.h"
+
 namespace circuidex::results {
 
 // Blanks and quotes around a year are taken off as it is typed.
@@ -18,7 +20,7 @@ std::string MainRecord::quietNotice() const
         ? ""
         : "La saison " + inQuotes(an.text()) + " n'est pas une année de quatre chiffres : rien n'y est conservé.";
     std::string lines;
-    for (const std::string &line : {noYear, store.notice(), overwritten})
+    for (const std::string &line : {noYear, store.notice(), simulationNotice(store), overwritten})
         if (!line.empty())
             lines += (lines.empty() ? "" : "\n") + line;
     return lines;

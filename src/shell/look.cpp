@@ -30,6 +30,24 @@ QColor between(const QColor &from, const QColor &to, double way)
 
 }
 
+std::vector<QColor> finishShades()
+{
+    std::vector<QColor> shades;
+    for (const QRgb shade : {0x00FF00U, 0x8FF98AU, 0xB3FBAEU, 0xCDFCC9U, 0xFDD0C6U, 0xF99393U, 0xF87878U, 0xFF0000U})
+        shades.push_back(QColor::fromRgb(shade));
+    return shades;
+}
+
+std::vector<QColor> gridShades()
+{
+    constexpr int half = 13;
+    std::vector<QColor> shades;
+    for (const auto &[from, to] : {std::pair(0x00FF00, 0xCAFDCB), std::pair(0xFFC0C0, 0xF32525)})
+        for (int i = 0; i < half; ++i)
+            shades.push_back(between(QColor::fromRgb(QRgb(from)), QColor::fromRgb(QRgb(to)), i / double(half - 1)));
+    return shades;
+}
+
 double contrast(const QColor &a, const QColor &b)
 {
     const auto [darker, lighter] = std::minmax({luminance(a), luminance(b)});
@@ -77,6 +95,8 @@ QString styleSheet(const Skin &skin)
 #body { background:#F4F5F7; }
 QToolTip { background:#FFFFFF; color:#1F2733; border:1px solid #D9DDE3; padding:4px; }
 #card { background:#FFFFFF; border:1px solid #D9DDE3; border-radius:6px; }
+#slot { background:#FFFFFF; border:1px solid #D9DDE3; border-radius:6px; }
+#slot[chosen="true"] { background:#C0C0FF; border:1px solid MAIN; }
 #caption { font-weight:bold; font-size:12px; color:#3D4755; }
 #hint { color:#666F7D; font-size:12px; }
 #large { font-weight:bold; font-size:18px; }
@@ -154,7 +174,7 @@ QString legendSwatch(const QColor &colour)
 
 QString modeGroup(const QColor &behind)
 {
-    return u"#modes { background:%1; border-radius:6px; }"_s.arg(behind.name());
+    return u"#modes { background:%1; border-radius:6px; } #modes QPushButton { padding:3px 5px; }"_s.arg(behind.name());
 }
 
 QString narrowHeads()

@@ -8,6 +8,8 @@
 #include <QGradient>
 #include <QString>
 
+#include <vector>
+
 class QApplication;
 
 namespace circuidex::look {
@@ -36,6 +38,9 @@ inline const QColor average{0, 0, 0};           // of a highlighted line
 inline const QColor pairBars[]{{255, 0, 0}, {0, 255, 0}, {0, 0, 255}, {255, 255, 0}}; // of two and two subjects
 
 inline const QColor bars{0, 0, 192};            // of ranked tables
+inline const QColor levelBars[]{{0, 0, 192}, {192, 192, 255}}; // by turns, of places held
+inline const QColor onLevelBars[]{{255, 255, 255}, {0x1F, 0x27, 0x33}};
+inline const QColor seasonBars[]{{255, 128, 128}, {128, 255, 128}, {128, 128, 255}, {255, 255, 128}}; // newest first
 inline const QColor level{0xEE, 0xF0, 0xF3};    // the level lines of a chart
 inline const QColor bubble{255, 255, 255, 240}; // behind what a point of a chart says
 
@@ -50,6 +55,11 @@ inline constexpr int gap = 8;        // pixels, the grid that everything stands 
 inline constexpr QMargins margins{10, 8, 10, 10}; // of every screen, within its border
 
 inline QColor colour(const Colour &c) { return {c.red, c.green, c.blue}; }
+
+// Of the bars of places held, best first: from green to red, at the finish in steps, on the grid from the first place to
+// the middle and on to the last.
+std::vector<QColor> finishShades();
+std::vector<QColor> gridShades();
 
 // How well one colour is read on another, from 1 to 21. Text needs 4.5.
 double contrast(const QColor &a, const QColor &b);

@@ -1,9 +1,9 @@
 #include "shell/screen.h"
 
-#include "platform/platform.h"
 #include "shell/accessibility.h"
 #include "shell/chrome.h"
 #include "shell/focus_ring.h"
+#include "shell/help_topics.h"
 #include "shell/look.h"
 #include "shell/page.h"
 #include "shell/screens.h"
@@ -87,6 +87,7 @@ Screen::Screen(Context &theContext, const QString &name, const QString &title, C
     else if (m_bar)
         m_bar->setTitle(title);
     shortcut(QKeySequence(u"Ctrl+P"_s), [this] { print(); });
+    shortcut(QKeySequence(u"Ctrl+Shift+P"_s), [this] { print(Printing::asked); });
 }
 
 Screen::~Screen()
@@ -187,7 +188,8 @@ QString Screen::text(const QString &name, std::optional<int> index) const
 
 TwipRect Screen::place() const
 {
-    const TwipRect size{0, 0, width() * twipsPerPixel, height() * twipsPerPixel};
+    const bool asSet = QWidget::size() == m_sizedTo;
+    const TwipRect size{0, 0, asSet ? m_width : width() * twipsPerPixel, asSet ? m_height : height() * twipsPerPixel};
     if (m_outOfSight || pos() == m_placedAt) // where it was put, to the twip
         return {m_left, m_top, size.width, size.height};
     return {x() * twipsPerPixel, y() * twipsPerPixel, size.width, size.height};
@@ -213,6 +215,16 @@ void Screen::setPlace(double left, double top)
     }
     m_placedAt = pos();
     setVisible(!m_outOfSight);
+}
+
+void Screen::setSize(double width, double height)
+{
+    const QSize free = room().size(), wanted(qRound(width / twipsPerPixel), qRound(height / twipsPerPixel));
+    layout()->activate(); // the least size that the content needs
+    m_width = width;
+    m_height = height;
+    m_sizedTo = wanted.boundedTo(free).boundedTo(maximumSize()).expandedTo(minimumSize());
+    resize(m_sizedTo);
 }
 
 QRect Screen::room() const
@@ -288,11 +300,11 @@ void Screen::dress()
 }
 
 // A page that scrolls is printed whole, without the bar over it.
-void Screen::print()
+void Screen::print(Printing how)
 {
     const QSize seen = m_page->viewport()->size();
     const bool scrolls = m_body->height() > seen.height() || m_body->width() > seen.width();
-    context.platform.print(scrolls ? *m_body : static_cast<QWidget &>(*this), m_name.toStdString());
+    context.platform.print(scrolls ? *m_body : static_cast<QWidget &>(*this), m_name.toStdString(), how);
 }
 
 QVBoxLayout *Screen::page()
@@ -343,7 +355,7 @@ Label *Screen::command(const QString &name, const QString &caption, std::functio
 Label *Screen::printCommand(const QString &name)
 {
     auto *made = command(name, u"Imprimer"_s, [this] { print(); });
-    made->setToolTip(u"Imprimer cette fenêtre (Ctrl+P)"_s);
+    made->setToolTip(u"Imprimer cette fenêtre (Ctrl+P ; choix de l'imprimante, PDF : Maj+Ctrl+P)"_s);
     return made;
 }
 
@@ -466,6 +478,8 @@ void Screen::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape && windowFlags().testFlag(Qt::WindowStaysOnTopHint))
         close();
+    else if (event->key() == Qt::Key_F1)
+        openHelp(context.screens, m_name);
     else
         QWidget::keyPressEvent(event);
 }

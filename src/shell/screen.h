@@ -1,6 +1,7 @@
 #pragma once
 // The base of all screens: a borderless window with the program's own title bar, the skin, drag, close, kept on top, the
 // wait pointer, printing, and the register of named controls through which screens, tests and the driver reach it.
+#include "platform/platform.h"
 #include "shell/skin.h"
 #include "shell/table.h"
 #include "shell/widgets.h"
@@ -23,7 +24,6 @@ namespace results {
 class MainRecord;
 }
 class Dialogs;
-class Platform;
 class Screens;
 class Store;
 
@@ -69,6 +69,9 @@ public:
     // Where the window stands, in twips. Far off means out of sight: open, but not seen.
     TwipRect place() const;
     void setPlace(double left, double top);
+    // In twips, as pulled by the user. What neither the display nor the content allows isn't done, but place() tells it
+    // until the window gets another size.
+    void setSize(double width, double height);
     void putAway(double top = 50000) { setPlace(0, top); } // open, but not seen
     bool seen() const { return !m_outOfSight; }
     void present(); // shows it in front, if it is in sight, and whole on the display
@@ -78,7 +81,7 @@ public:
     void setWaiting(bool on);
 
     void dress(); // takes the skin that the program now has
-    void print();
+    virtual void print(Printing how = Printing::atOnce); // the window as it stands; Ctrl+P, with Shift by the dialog
 
 protected:
     Context &context;
@@ -150,6 +153,8 @@ private:
     std::shared_ptr<const int> m_alive = std::make_shared<const int>(0); // what listens for this screen ends with it
     double m_left = 0, m_top = 0; // twips, as last set
     QPoint m_placedAt{1 << 20, 0}; // where that put the window; nowhere at first
+    double m_width = 0, m_height = 0; // the same of its size
+    QSize m_sizedTo;
     bool m_outOfSight = false, m_closed = false, m_tabsOrdered = false;
     int m_waiting = 0;
     Skin m_skin;

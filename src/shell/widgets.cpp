@@ -6,10 +6,13 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCoreApplication>
+#include <QDateTime>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPixmapCache>
 #include <QShortcut>
 #include <QStyle>
 
@@ -30,6 +33,14 @@ void run(const std::function<void()> &handler)
 {
     if (const auto copy = handler)
         copy();
+}
+
+// What a picture decoded for a room is kept under, so that a page turned back to is there at once.
+QString keptAs(const QString &path, const QSize &room)
+{
+    const QFileInfo file(path);
+    const QString about = u"%1 %2 %3 %4 "_s.arg(room.width()).arg(room.height()).arg(file.size()).arg(file.lastModified().toMSecsSinceEpoch());
+    return about + path;
 }
 
 // Outlines in a square of 100 by 100.
@@ -117,7 +128,7 @@ int keyNamed(const QString &name)
         {u"Space", Qt::Key_Space},    {u"Left", Qt::Key_Left},     {u"Right", Qt::Key_Right},   {u"Up", Qt::Key_Up},
         {u"Down", Qt::Key_Down},      {u"PageUp", Qt::Key_PageUp}, {u"PageDown", Qt::Key_PageDown},
         {u"Home", Qt::Key_Home},      {u"End", Qt::Key_End},       {u"Delete", Qt::Key_Delete},
-        {u"Backspace", Qt::Key_Backspace}};
+        {u"Backspace", Qt::Key_Backspace}, {u"F1", Qt::Key_F1}};
     for (const auto &[text, key] : keys)
         if (name == QStringView(text))
             return key;
@@ -245,7 +256,14 @@ void Remark::insertFromMimeData(const QMimeData *source)
     insertPlainText(source->text().simplified());
 }
 
-ReadOnlyText::ReadOnlyText(QWidget *parent) : QPlainTextEdit(parent)
+FreeText::FreeText(QWidget *parent) : QPlainTextEdit(parent) {}
+
+bool FreeText::event(QEvent *event)
+{
+    return leftToWindow(*this, *event) || QPlainTextEdit::event(event);
+}
+
+ReadOnlyText::ReadOnlyText(QWidget *parent) : FreeText(parent)
 {
     setReadOnly(true);
     setTabChangesFocus(true);
@@ -278,13 +296,13 @@ void setMark(QWidget &widget, const char *property, bool on)
 
 void sendKey(QWidget &widget, const QString &name)
 {
-    constexpr QLatin1String withControl("Ctrl+");
-    const bool control = name.startsWith(withControl);
-    const QString plain = control ? name.mid(withControl.size()) : name;
-    const auto key = static_cast<Qt::Key>(keyNamed(plain));
+    const auto key = static_cast<Qt::Key>(keyNamed(name.size() == 1 ? name : name.section(u'+', -1)));
     if (key == 0)
         return;
-    const QKeyCombination pressed(control ? Qt::ControlModifier : Qt::NoModifier, key);
+    Qt::KeyboardModifiers held = Qt::NoModifier;
+    held.setFlag(Qt::ControlModifier, name.startsWith(QLatin1String("Ctrl+")));
+    held.setFlag(Qt::ShiftModifier, name.contains(QLatin1String("Shift+")));
+    const QKeyCombination pressed(held, key);
     if (QShortcut *meant = shortcutOf(widget, pressed)) {
         emit meant->activated();
         return;
@@ -316,10 +334,18 @@ void Picture::setPath(const QString &path)
     update();
 }
 
+void Picture::setEnlarged(bool on)
+{
+    m_enlarged = on;
+    update();
+}
+
 void Picture::load()
 {
     m_decoding.cancel();
-    if (isQuickPicture(m_path))
+    if (QPixmap kept; QPixmapCache::find(keptAs(m_path, m_scaledFor), &kept))
+        m_scaled = kept;
+    else if (isQuickPicture(m_path))
         take(scaledPicture(m_path, m_scaledFor));
     else
         m_decoding.setFuture(startPicture(m_path, m_scaledFor));
@@ -329,6 +355,8 @@ void Picture::take(const QImage &image)
 {
     m_scaled = QPixmap::fromImage(image);
     m_scaled.setDevicePixelRatio(devicePixelRatioF());
+    if (!image.isNull())
+        QPixmapCache::insert(keptAs(m_path, m_scaledFor), m_scaled);
 }
 
 void Picture::paintEvent(QPaintEvent *)
@@ -343,8 +371,12 @@ void Picture::paintEvent(QPaintEvent *)
         drawBlank(painter, rect(), m_outline);
         return;
     }
-    const QSize shown = (QSizeF(m_scaled.size()) / devicePixelRatioF()).toSize();
-    painter.drawPixmap((width() - shown.width()) / 2, (height() - shown.height()) / 2, m_scaled);
+    QSize shown = (QSizeF(m_scaled.size()) / devicePixelRatioF()).toSize();
+    if (m_enlarged || shown.width() > width() || shown.height() > height()) // also until it is decoded for a new size
+        shown.scale(size(), Qt::KeepAspectRatio);
+    const QRect place({(width() - shown.width()) / 2, (height() - shown.height()) / 2}, shown);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawPixmap(place, m_scaled);
 }
 
 QString WidgetControl::text() const
@@ -376,7 +408,7 @@ void WidgetControl::setText(const QString &text)
         label->setText(text);
     else if (auto *edit = qobject_cast<QLineEdit *>(m_widget))
         setFromStart(*edit, text);
-    else if (auto *lines = dynamic_cast<ReadOnlyText *>(m_widget))
+    else if (auto *lines = dynamic_cast<FreeText *>(m_widget))
         lines->setPlainText(text);
     else if (auto *remark = qobject_cast<QPlainTextEdit *>(m_widget))
         remark->setPlainText(QString(text).replace(u'\n', u' ').remove(u'\r'));

@@ -98,8 +98,17 @@ protected:
     void insertFromMimeData(const QMimeData *source) override;
 };
 
+// A text of many lines.
+class FreeText : public QPlainTextEdit {
+public:
+    explicit FreeText(QWidget *parent = nullptr);
+
+protected:
+    bool event(QEvent *event) override; // leaves the window its shortcuts
+};
+
 // A text of many lines to read: selected and copied, never changed.
-class ReadOnlyText : public QPlainTextEdit {
+class ReadOnlyText : public FreeText {
 public:
     explicit ReadOnlyText(QWidget *parent = nullptr);
 };
@@ -116,7 +125,7 @@ protected:
 // A yes or no that the style sheet tells apart, changed while the widget is on show.
 void setMark(QWidget &widget, const char *property, bool on);
 
-// A key by its name, as "Enter", "a" or "Ctrl+E", typed into a widget: its window's shortcuts come first.
+// A key by its name, as "Enter", "a", "Ctrl+E" or "Ctrl+Shift+P", typed into a widget: its window's shortcuts come first.
 void sendKey(QWidget &widget, const QString &name);
 
 // What a blank frame is for: a light outline of it is drawn instead.
@@ -130,6 +139,7 @@ public:
     const QString &path() const { return m_path; }
     void setPath(const QString &path);
     void setOutline(Outline outline) { m_outline = outline; }
+    void setEnlarged(bool on); // a picture smaller than its room fills it too
     QSize sizeHint() const override { return {160, 120}; }
 
 protected:
@@ -142,6 +152,7 @@ private:
     QString m_path;
     QFutureWatcher<QImage> m_decoding;
     Outline m_outline = Outline::none;
+    bool m_enlarged = false;
     QPixmap m_scaled;
     QSize m_scaledFor;
 };

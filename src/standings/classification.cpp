@@ -88,17 +88,25 @@ void LaggingYear::step(int by, const Numbers &numbers)
         year->set(numbers.stepped(year->text(), by));
 }
 
+std::vector<std::string> seasonsBack(const std::string &lastYear, const std::string &firstYear, const Numbers &numbers)
+{
+    std::vector<std::string> years;
+    for (std::optional<std::string> year = lastYear; year && years.size() < longestSpan;) {
+        years.push_back(*year);
+        year = *year > firstYear ? numbers.difference(*year, "1") : std::nullopt;
+    }
+    return years;
+}
+
 std::optional<PlaceList> racesAtPlace(Store &store, const PlaceQuestion &question)
 {
     if (question.driver.empty())
         return std::nullopt;
     PlaceList list;
     const auto place = placeIn(question.place, question.stage, store.numbers());
-    std::optional<std::string> year = question.lastYear;
-    for (int seasons = 0; place && year && seasons < longestSpan && list.races.size() < listedPlaces; ++seasons) {
-        addRaces(list.races, Season(store, *year), question, *place);
-        year = *year > question.firstYear ? store.numbers().difference(*year, "1") : std::nullopt;
-    }
+    for (const std::string &year : seasonsBack(question.lastYear, question.firstYear, store.numbers()))
+        if (place && list.races.size() < listedPlaces)
+            addRaces(list.races, Season(store, year), question, *place);
     list.races.resize(std::min(list.races.size(), listedPlaces));
     list.sentence = "Liste des GP ou " + question.driver + " a été classé N°" + question.place +
         (question.stage == Stage::finish ? " à l'arrivée :" : " sur la grille de départ :");

@@ -48,6 +48,10 @@ struct PlaceQuestion {
 inline constexpr std::size_t listedPlaces = 140;
 inline constexpr int longestSpan = 1000; // seasons; two years that never meet don't keep the program busy
 
+// From the last year down to the first; the last one in any case, also when it comes before the first.
+std::vector<std::string> seasonsBack(const std::string &lastYear, const std::string &firstYear,
+                                     const Numbers &numbers);
+
 struct PlaceList {
     std::vector<std::string> races; // "Monaco - 2004", newest season first, in it by the calendar; 140 at most
     std::string sentence;

@@ -8,7 +8,6 @@ namespace {
 
 constexpr int comparedEntries = 21; // rows 1 to 21 of a list are searched for repeats; the newcomer stands behind them
 constexpr int countedSlots = 30; // of the calendar, 20 of which are in use
-constexpr double namedBar = 750, figuredBar = 1500; // twips from which a bar bears the name, and the figure too
 
 using Texts = std::array<std::string, driverSlots>;
 
@@ -102,19 +101,6 @@ void place(StatisticTable &made, const Numbers &numbers)
     measure(made.table, 0, numbers);
 }
 
-Bar bar(const standings::StandingsRow &row, const std::string &best, const Numbers &numbers)
-{
-    const auto figure = numbers.value(row.points), full = numbers.value(best);
-    if (!figure || !full || *full == 0)
-        return {};
-    Bar made{std::clamp(*figure / *full, 0.0, 1.0) * fullBar, {}};
-    if (made.width >= figuredBar)
-        made.caption = row.name + " (" + row.points + ")";
-    else if (made.width >= namedBar)
-        made.caption = row.name;
-    return made;
-}
-
 }
 
 const Statistic *statisticNamed(std::string_view word)
@@ -130,8 +116,7 @@ StatisticTable statisticTable(const Season &season, const Statistic &statistic)
     collect(made, season, statistic);
     removeRepeats(made.names, made.figures);
     place(made, season.numbers());
-    for (std::size_t row = 0; row < made.bars.size(); ++row)
-        made.bars[row] = bar(made.table.rows[row], made.table.rows[0].points, season.numbers());
+    made.bars = barsOf(made.table.rows, season.numbers());
     return made;
 }
 

@@ -2,10 +2,8 @@
 // The statistics of a season, one figure of all drivers at a time, and the three all-time lists of the archive, as a
 // ranked table with bars. Ranking is also what keeps the all-time lists in order: a recording leaves its newcomers in
 // row 22, and the sorted list is written back.
-#include "standings/ranking.h"
 #include "standings/winners.h"
-
-#include <array>
+#include "statistics/bars.h"
 
 namespace circuidex::statistics {
 
@@ -43,19 +41,12 @@ inline constexpr std::array<Statistic, 15> seasonStatistics{{
 // Null for a word that none bears.
 const Statistic *statisticNamed(std::string_view word);
 
-struct Bar {
-    double width = 0; // twips
-    std::string caption;
-};
-
-inline constexpr double fullBar = 8055; // twips, of the first row
-
 struct StatisticTable {
     // What was ranked, driver 1 or entry 1 in element 0. An absent figure is empty; a repeated name is emptied, its
     // figure "0".
     std::array<std::string, driverSlots> names, figures;
     standings::Standings table; // 26 rows, best first; drivers without a figure behind the others
-    std::array<Bar, driverSlots> bars; // by row
+    Bars bars;
     std::optional<int> first; // the driver or entry in the first row
 };
 

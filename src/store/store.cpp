@@ -1,6 +1,7 @@
 #include "store/store.h"
 
 #include "store/text.h"
+#include "store/text_file.h"
 
 #include <algorithm>
 #include <chrono>
@@ -24,6 +25,7 @@ struct Store::Entry {
     bool settled = false; // false: the file may have changed under the same stamp
     bool utf8 = false; // the file is; here it isn't
     bool withheld = false; // it takes no writes
+    std::optional<unsigned> held; // what is written waits for release(); the writes lost until then
     Damage damage = Damage::none;
     std::uint64_t moment = 0;
     std::int64_t tick = 0;
@@ -220,7 +222,7 @@ bool Store::set(Entry &entry, std::string_view section, std::string_view key, st
         entry.file = KeyFile();
     if (!entry.file.set(section, key, value) && entry.stamp.kind == disk::Kind::file)
         return true;
-    if (!entry.waiting.empty() || entry.file.bytes().size() > large) {
+    if (entry.held || !entry.waiting.empty() || entry.file.bytes().size() > large) {
         entry.waiting.push_back({std::string(section), std::string(key), std::string(value)});
         return true;
     }
@@ -237,8 +239,29 @@ void Store::EcrireINI(std::string_view stem, std::string_view section, std::stri
 void Store::flush()
 {
     for (const auto &[stem, entry] : m_files)
-        if (!entry->waiting.empty())
+        if (!entry->waiting.empty() && !entry->held)
             flush(*entry);
+}
+
+void Store::hold(std::string_view stem)
+{
+    if (Entry *const found = entry(stem))
+        found->held = lostWrites(stem);
+}
+
+bool Store::release(std::string_view stem)
+{
+    Entry *const found = entry(stem);
+    const auto before = found ? std::exchange(found->held, std::nullopt) : std::nullopt;
+    if (!before)
+        return false;
+    if (lostWrites(stem) != *before) {
+        found->waiting.clear();
+        found->loaded = false;
+    } else if (!found->waiting.empty()) {
+        flush(*found);
+    }
+    return lostWrites(stem) == *before;
 }
 
 // Another program may have written meanwhile: what waits then goes into its file.
@@ -332,13 +355,9 @@ bool Store::replaceDamaged(const std::string &path, std::string_view bytes, disk
     return true;
 }
 
-// The file that a write to this path replaces. A link is followed in the program folder, and out of it to a data file
-// of the same name only, since the folder may come from a stranger; empty otherwise.
 std::string Store::writtenFile(const std::string &path) const
 {
-    const std::string target = disk::target(path);
-    const bool ours = target == path || nameOf(target) == nameOf(path) || disk::inside(m_folder.string(), target);
-    return ours ? target : std::string();
+    return text_file::writtenFile(m_folder.string(), path);
 }
 
 bool Store::replace(const std::string &path, std::string_view bytes, disk::Stamp &after)

@@ -43,6 +43,11 @@ public:
     // Writes what large files still lack. Whatever judges by lostWrites() whether an action was kept calls it before.
     void flush();
 
+    // What is written to this file from hold() to release() waits in memory, where all reads see it; then the file takes
+    // it as a whole, so that a kill leaves all of it or nothing. False when it was lost. flush() passes over the file.
+    void hold(std::string_view stem);
+    bool release(std::string_view stem);
+
     // The season that the next start opens: the text of the file "Année" up to the first comma, empty without one.
     std::string yearMarker() const;
     void setYearMarker(std::string_view year);

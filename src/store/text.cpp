@@ -156,6 +156,14 @@ std::string folded(std::string_view utf8)
     return lower;
 }
 
+bool isUtf8(std::string_view bytes)
+{
+    for (std::size_t at = 0; at < bytes.size();)
+        if (nextCharacter(bytes, at) == invalid)
+            return false;
+    return !isAscii(bytes);
+}
+
 bool isText(std::string_view bytes)
 {
     std::size_t odd = 0;

@@ -25,6 +25,10 @@ bool comesBack(std::string_view utf8);
 // Lower case for ASCII and for the accented letters of French, of text in UTF-8.
 std::string folded(std::string_view utf8);
 
+// True for text that means more in UTF-8 than in ASCII and nothing else: it has characters beyond ASCII, and no byte that
+// UTF-8 doesn't allow.
+bool isUtf8(std::string_view bytes);
+
 // False for bytes that nobody wrote as a text file: more than one in sixteen is a control character without a meaning
 // in text (of chance bytes it is one in ten), or sixteen zeros stand in a row, as in a block that never reached the
 // disk. A few odd bytes, and no bytes at all, are text.

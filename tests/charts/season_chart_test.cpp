@@ -86,6 +86,7 @@ TEST_F(SeasonCharts, MaskInThreeWays)
         show(*chart, "2005");
     EXPECT_EQ(points.mask(), 10690);
     EXPECT_EQ(start.mask(), vertex(8) + 10) << "nobody on the first two places of the grid";
+    choose(teams, "-,-,-,-", "2005");
     EXPECT_EQ(teams.mask(), 10) << "nobody chosen";
     choose(teams, "Renault,-,-,-", "2005");
     EXPECT_EQ(teams.mask(), 10690);

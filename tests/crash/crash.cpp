@@ -11,9 +11,14 @@
 // For every five of these, one other child puts back the copy of a damaged season and is killed so; from the second
 // round on the start after it too. The season's name must lead to the damaged file or to the good one all the time, the
 // damaged one must be there under some name, and the last start must end with the good one in its place.
+//
+// Two more are killed at each call of a simulation's start and stop, and once more while the next start stops what it
+// finds. The season must be as before or hold the whole simulated race, with the next start knowing which, and as before
+// in the end.
 #include "results/amending.h"
 #include "results/new_season.h"
 #include "results/recording.h"
+#include "results/simulation.h"
 #include "store/temporary_folder.h"
 #include "store/watched_calls.h"
 
@@ -172,12 +177,54 @@ void putBack(const fs::path &folder)
     store.EcrireINI("2005", "essai", "clef", "1");
 }
 
+// A simulation from its start to its stop, of two drivers or of nobody.
+void simulate(const fs::path &folder, bool typed)
+{
+    Store store(folder);
+    store.protect();
+    Silent dialogs;
+    results::MainRecord main(store, dialogs);
+    main.an.set("2005");
+    const results::SimulatedScore scores[] = {{"5", typed ? "10" : ""}, {"9", typed ? "8" : ""}};
+    if (const auto running = results::startSimulation(main, scores))
+        results::stopSimulation(main, *running);
+    store.settle();
+}
+
+// A start after that, which stops what still runs.
+void stopSimulated(const fs::path &folder)
+{
+    Store store(folder);
+    store.protect();
+    Silent dialogs;
+    results::MainRecord main(store, dialogs);
+    main.an.set("2005");
+    results::forgetUnrecorded(store);
+    if (const auto running = results::runningSimulation(store))
+        results::stopSimulation(main, *running);
+    store.settle();
+}
+
+// The season without the traces that a stopped simulation may leave.
+std::string withoutTraces(const std::string &season)
+{
+    std::string kept;
+    for (std::size_t at = 0; at < season.size();) {
+        const std::string line = season.substr(at, season.find('\n', at) + 1 - at);
+        at += line.size();
+        if (!line.ends_with("Chine=\r\n") && !line.ends_with("ecuriepts/gp18=0\r\n"))
+            kept += line;
+    }
+    return kept;
+}
+
 class Trial {
 public:
     Trial(const fs::path &sample, const Course &course) : m_sample(sample), m_course(course) { }
 
     int faults() const { return m_faults; }
     int killed() const { return m_killed; }
+    int found() const { return m_found; } // simulations that still ran after a kill
 
     void atCall(std::size_t call)
     {
@@ -214,6 +261,24 @@ public:
         return true;
     }
 
+    // False behind the last call.
+    bool simulating(std::size_t call, bool typed)
+    {
+        const Workshop folder(m_sample);
+        const std::string where = "simulation, call " + std::to_string(call);
+        const int status = killAt(call, [&] { simulate(folder.path(), typed); });
+        if (WIFEXITED(status))
+            return false;
+        count(status);
+        lookAtSimulation(folder, where);
+        count(killAt(call * 7 % 60, [&] { stopSimulated(folder.path()); }));
+        lookAtSimulation(folder, where + ", twice");
+        stopSimulated(folder.path());
+        if (withoutTraces(content(folder / "f12005.ini")) != withoutTraces(content(m_sample / "f12005.ini")))
+            fault(where + ": the season isn't as before");
+        return true;
+    }
+
 private:
     static constexpr const char *written = "[essai]\r\nclef=1\r\n";
 
@@ -222,6 +287,16 @@ private:
         m_killed += WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
         if (WIFSIGNALED(status) ? WTERMSIG(status) != SIGKILL : WEXITSTATUS(status) != 0)
             fault("the child came to another end");
+    }
+    void lookAtSimulation(const Workshop &folder, const std::string &where)
+    {
+        Store store(folder.path());
+        results::forgetUnrecorded(store);
+        const bool runs = results::runningSimulation(store).has_value();
+        if (runs != (store.LireINI("2005", "gp", "nogp") == "19") ||
+            (!runs && withoutTraces(content(folder / "f12005.ini")) != withoutTraces(content(m_sample / "f12005.ini"))))
+            fault(where + ": the next start is told wrong");
+        m_found += runs;
     }
     void lookAtSeason(const Workshop &folder, const std::string &damaged, const std::string &where)
     {
@@ -279,6 +354,7 @@ private:
     const Course &m_course;
     int m_faults = 0;
     int m_killed = 0;
+    int m_found = 0;
 };
 
 }
@@ -307,6 +383,11 @@ int main(int argc, char **argv)
             call = 0, ++laps;
         else
             call += i % std::size(damaged) == std::size(damaged) - 1;
-    std::printf("%d kills while restoring; %d faults in all\n", trial.killed() - before, trial.faults());
-    return trial.faults() == 0 && trial.killed() > static_cast<int>(kills) ? 0 : 1;
+    std::printf("%d kills while restoring\n", trial.killed() - before);
+    const int restored = trial.killed();
+    for (const bool typed : {true, false})
+        for (std::size_t call = 0; trial.simulating(call, typed); ++call) { }
+    std::printf("%d kills in simulations, which still ran after %d; %d faults in all\n", trial.killed() - restored,
+                trial.found(), trial.faults());
+    return trial.faults() == 0 && trial.killed() > static_cast<int>(kills) && trial.found() > 0 ? 0 : 1;
 }

@@ -16,7 +16,8 @@ protected:
         for (const char *name :
              {"programme/Photos/Circuits/Monaco.JPG", "programme/Photos/Actu/Brésil2005.jpg",
               "programme/Photos/Circuits/Br‚sil.JPG", "programme/photos.txt", "programme/Été/É.png",
-              "programme/Monaco2005.avi/piste.txt", "programme/a.png", "programme/A.png", "dehors.txt"}) {
+              "programme/Monaco2005.avi/piste.txt", "programme/a.png", "programme/A.png",
+              "programme/photos/CIRCUITS/spa.jpg", "dehors.txt"}) {
             std::filesystem::create_directories((outside / name).parent_path());
             layDown(outside / name, "x");
         }
@@ -48,6 +49,8 @@ TEST_F(FileLookup, FindsFilesHoweverTheirPathIsWritten)
         {"\\PHOTOS\\circuits\\mOnAcO.jpg", monaco},
         {"Photos\\/\\Circuits//Monaco.JPG", monaco},
         {"\\photos\\actu\\BRÉSIL2005.JPG", "programme/Photos/Actu/Brésil2005.jpg"},
+        {"\\Photos\\Circuits\\Spa.JPG", "programme/photos/CIRCUITS/spa.jpg"}, // beside a folder of the same name
+        {root + "/programme\\Photos\\Circuits\\Spa.JPG", "programme/photos/CIRCUITS/spa.jpg"},
         {"été\\é.PNG", "programme/Été/É.png"},
         {"\\Photos\\Circuits\\br‚sil.jpg", "programme/Photos/Circuits/Br‚sil.JPG"},
         {"\\Photos\\Circuits\\Bresil.JPG", ""},

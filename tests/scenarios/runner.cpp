@@ -6,8 +6,9 @@
 //
 //     folder sample | folder empty    the program folder that the scenario starts with; before the first command
 //     decimal ,                       the user's decimal separator, otherwise a point
-//     raw NAME TEXT                   writes a file of the program folder from outside, "\n" for a line break
-//     picture NAME                    writes a small PNG picture under any name
+//     raw NAME TEXT                   writes a file of the program folder from outside, "\n" for a line break; a name
+//                                     with blanks stands in quotes
+//     picture NAME [WIDTHxHEIGHT]     writes a PNG picture under any name, 4x3 pixels by default
 //     restart                         the program is killed and started on the same folder
 //     > COMMAND                       given to the driver; without an expected answer any but an error is right
 //     = COMMAND => ANSWER             the same, with the answer that it must give, to the letter
@@ -22,7 +23,7 @@
 #include "shell/look.h"
 
 #include <QApplication>
-#include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -150,10 +151,12 @@ private:
             copySample();
         else if (word == u"decimal")
             m_decimal = rest.at(0).toLatin1();
+        else if (word == u"raw" && rest.startsWith(u'"'))
+            writeRaw(rest.section(u'"', 1, 1), rest.section(u'"', 2).mid(1));
         else if (word == u"raw")
             writeRaw(rest.section(u' ', 0, 0), rest.section(u' ', 1));
         else if (word == u"picture")
-            QImage(4, 3, QImage::Format_Mono).save(m_folder.filePath(rest), "PNG");
+            writePicture(rest.section(u' ', 0, 0), rest.section(u' ', 1));
         else if (word == u"restart")
             m_driver.reset();
         else if (line != u"folder empty")
@@ -162,16 +165,35 @@ private:
 
     void copySample()
     {
-        const QDir sample(m_sample);
-        for (const QString &name : sample.entryList(QDir::Files))
-            if (!QFile::copy(sample.filePath(name), m_folder.filePath(name)))
+        const QDir sample(QDir(m_sample).absolutePath());
+        for (QDirIterator at(sample.path(), QDir::Files, QDirIterator::Subdirectories); at.hasNext();) {
+            const QString file = at.next(), name = sample.relativeFilePath(file);
+            if (!QFile::copy(file, placeOf(name)))
                 fail(m_where, QStringLiteral("can't copy ") + name);
+        }
+    }
+
+    // Of a file to be, its folder made.
+    QString placeOf(const QString &name) const
+    {
+        const QString path = m_folder.filePath(name);
+        QDir().mkpath(QFileInfo(path).path());
+        return path;
     }
 
     void writeRaw(const QString &name, QString text)
     {
-        QFile file(m_folder.filePath(name));
+        QFile file(placeOf(name));
         if (!file.open(QIODevice::WriteOnly) || file.write(text.replace(u"\\n"_qs, u"\r\n"_qs).toLatin1()) < 0)
+            fail(m_where, QStringLiteral("can't write ") + name);
+    }
+
+    void writePicture(const QString &name, const QString &size)
+    {
+        const QStringList sides = (size.isEmpty() ? u"4x3"_qs : size).split(u'x');
+        QImage image(sides.value(0).toInt(), sides.value(1).toInt(), QImage::Format_Mono);
+        image.fill(1);
+        if (!image.save(placeOf(name), "PNG"))
             fail(m_where, QStringLiteral("can't write ") + name);
     }
 

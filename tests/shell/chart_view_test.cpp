@@ -103,6 +103,40 @@ TEST_F(ChartViewTest, IsWalkedByTheArrowKeys)
     EXPECT_EQ(entered, 1);
 }
 
+// A line wholly out of sight is passed over.
+TEST_F(ChartViewTest, IsEnteredAtTheFirstPointInSight)
+{
+    ChartPicture shown = picture();
+    shown.lines[0].points = {{0, -10}, {100, -10}};
+    view.setPicture(shown);
+    EXPECT_EQ(press(Qt::Key_Left), "1 at 0");
+}
+
+TEST_F(ChartViewTest, NamesItsLinesAtTheirEnds)
+{
+    ChartPicture shown = picture();
+    const auto inkBeside = [&](int y) {
+        view.setPicture(shown);
+        return hasColour(view.grab().toImage(), {210, y - 6, 60, 12}, QColor(0x1F, 0x27, 0x33));
+    };
+    EXPECT_FALSE(inkBeside(20));
+    shown.lines[0].name = QStringLiteral("HHH");
+    EXPECT_TRUE(inkBeside(20));
+    EXPECT_FALSE(inkBeside(100));
+    shown.lines[0].points.back().y = 100;
+    EXPECT_TRUE(inkBeside(100));
+}
+
+TEST(Spread, KeepsNamesApartAndNearTheirLines)
+{
+    const std::vector<double> lone{50, 10, 90}, meeting{50, 53, 50, 90}, low{98, 99, 100}, tooMany{1, 2, 3};
+    EXPECT_EQ(spread(lone, 10, 0, 100), lone);
+    EXPECT_EQ(spread(meeting, 10, 0, 100), (std::vector<double>{41, 61, 51, 90})) << "around their mean, in order";
+    EXPECT_EQ(spread(low, 10, 0, 100), (std::vector<double>{80, 90, 100}));
+    EXPECT_EQ(spread(tooMany, 60, 0, 100), (std::vector<double>{0, 60, 120}));
+    EXPECT_TRUE(spread({}, 10, 0, 100).empty());
+}
+
 TEST_F(ChartViewTest, PaintsTheBubbleOverTheLines)
 {
     const QImage plain = view.grab().toImage();

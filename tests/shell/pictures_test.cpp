@@ -75,6 +75,18 @@ TEST_F(Pictures, OfOtherKindsAreNot)
     }
 }
 
+// As a camera stores them that was held upright: a quarter turn to the right, in a note before the picture.
+TEST_F(Pictures, AreTurnedAsTheirCameraWasHeld)
+{
+    saved("x.jpg", "JPG", 40, 20);
+    const std::string note("\xFF\xE1\0\x22" "Exif\0\0MM\0*\0\0\0\x8\0\1\1\x12\0\3\0\0\0\1\0\6\0\0\0\0\0\0", 36);
+    laid("turned.jpg", content(folder / "x.jpg").insert(2, note));
+    EXPECT_EQ(sizeOfPicture(at("x.jpg")), QSize(40, 20));
+    EXPECT_EQ(sizeOfPicture(at("turned.jpg")), QSize(20, 40));
+    EXPECT_EQ(scaledPicture(at("turned.jpg"), {90, 90}).size(), QSize(20, 40));
+    EXPECT_EQ(sizeOfPicture(at("none.jpg")), QSize());
+}
+
 TEST_F(Pictures, AreBoundedByTheirHeading)
 {
     constexpr struct {
@@ -86,6 +98,7 @@ TEST_F(Pictures, AreBoundedByTheirHeading)
         {4000, 3000, 8, 6, 1, true},   {5000, 3000, 8, 6, 1, false},  // as a whole: 100 MB
         {2500, 2500, 16, 2, 0, true},  {3000, 2500, 16, 2, 0, false},
         {5000, 4000, 8, 3, 0, true},   {5000, 4001, 1, 0, 0, false},
+        {60000, 60000, 8, 2, 0, false},
         {0, 9, 8, 2, 0, false},        {0xFFFFFFFF, 0xFFFFFFFF, 8, 2, 0, false},
     };
     for (const auto &c : cases)

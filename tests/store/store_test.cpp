@@ -451,6 +451,29 @@ TEST_F(StoreTest, YearMarkerIsOneLineAndReplacesTheFile)
     EXPECT_TRUE(store.writesLost());
 }
 
+// Held, a file takes all that is written meanwhile or nothing.
+TEST_F(StoreTest, HeldFileIsWrittenAsAWhole)
+{
+    write("k", "1");
+    for (const auto &[refused, kept] : {std::pair(-1, true), std::pair(0, false), std::pair(1, false)}) {
+        store.hold("2005");
+        int writes = 0;
+        const WatchedCalls watched([&](const WatchedCalls::Call &) { return writes == refused ? EIO : 0; });
+        for (; writes < 2; ++writes) {
+            store.newMoment();
+            write(writes == 0 ? "k" : "j", "2");
+        }
+        store.settle();
+        EXPECT_EQ(content(file()), one);
+        writes = refused == 1 ? 1 : 2;
+        EXPECT_EQ(store.release("2005"), kept);
+        writes = 2;
+        EXPECT_EQ(read("k") + read("j"), kept ? "22" : "1");
+        fs::remove(file());
+        layDown(file(), one);
+    }
+}
+
 // A large file is written once an action; until then it is the one before the action, and reads show the new values.
 TEST_F(StoreTest, LargeFileIsWrittenAsAWholeAtTheEndOfAnAction)
 {

@@ -1,4 +1,5 @@
 // Form12, the podium: the first three of a Grand Prix with their pictures, and a walk through the podiums of the season.
+#include "platform/qt_pictures.h"
 #include "results/pictures.h"
 #include "shell/look.h"
 #include "shell/screens.h"
@@ -135,9 +136,8 @@ void Form12::showLarge(int column)
     if (!viewer)
         return;
     viewer->setText(u"Image1"_s, path);
-    const QPixmap picture(path);
-    viewer->resize(picture.width() + static_cast<int>(50 / twipsPerPixel),
-                   picture.height() + static_cast<int>(900 / twipsPerPixel));
+    if (const QSize own = sizeOfPicture(path); !own.isEmpty())
+        viewer->setSize(own.width() * twipsPerPixel + 50, own.height() * twipsPerPixel + 900);
 }
 
 }

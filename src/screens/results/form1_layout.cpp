@@ -5,6 +5,7 @@
 #include "results/navigation.h"
 #include "screens/results/form1_side_screens.h"
 #include "shell/look.h"
+#include "kinds/page_view.h"
 #include "kinds/place_names.h"
 
 #include <QBoxLayout>
@@ -20,17 +21,28 @@ const QString numberTip = u"Double-cliquez pour accéder à la liste"_s;
 const QString nameTip = u"Double-cliquez ici pour modifier l'arrivée du GP. Cliquez sur \"Enregistrer les modifications du GP "
                         "séléctionné\" pour prendre en compte vos modifications."_s;
 
-// Buttons and labels that simply open a screen.
+// Labels that simply open a screen, that of web pages at an address.
 struct PlainOpening {
     QString control, caption, screen, tip;
+    void (*open)(const Context &) = nullptr;
 };
+
+void openSite(const Context &context)
+{
+    openPage(context, projectSite(context), u"site"_s);
+}
+
+void openForum(const Context &context)
+{
+    openPage(context, forum(context), u"maj"_s);
+}
 
 const PlainOpening plainLabels[] = {
     {u"Label72"_s, u"Mise à Jour en Ligne"_s, u"Form67"_s, u"Mettre à jour Circuidex"_s},
     {u"Label73"_s, u"Infos MàJ"_s, u"Form44"_s, u"Dernières informations concernant Circuidex et ses mises à jour"_s},
-    {u"Label18"_s, u"Forum"_s, u"Form97"_s, {}},
-    {u"Label19"_s, u"Site"_s, u"Form97"_s, {}},
-    {u"Label17"_s, u"Options"_s, u"Form93"_s, {}},
+    {u"Label18"_s, u"Forum"_s, u"Form97"_s, u"Aller sur le Forum Circuidex"_s, openForum},
+    {u"Label19"_s, u"Site"_s, u"Form97"_s, u"Aller sur le site Circuidex"_s, openSite},
+    {u"Label17"_s, u"Options"_s, u"Form93"_s, u"Options de Circuidex"_s},
     {u"Label51"_s, u"A Propos"_s, u"Form17"_s, {}},
 };
 
@@ -352,7 +364,9 @@ QWidget *Form1::footer()
     rows->setSpacing(0);
     std::vector<Label *> labels;
     for (const PlainOpening &row : plainLabels) {
-        labels.push_back(command(row.control, row.caption, [this, row] { context.screens.open(row.screen); }));
+        labels.push_back(command(row.control, row.caption, [this, row] {
+            row.open ? row.open(context) : void(context.screens.open(row.screen));
+        }));
         labels.back()->setToolTip(row.tip);
         leadsTo(*labels.back(), row.screen);
     }
@@ -367,7 +381,17 @@ QWidget *Form1::footer()
         row->addStretch(1);
         rows->addLayout(row);
     }
+    rows->addWidget(addresses());
     return card({}, rows);
+}
+
+// The site's and the contact's names, where they are known.
+QWidget *Form1::addresses()
+{
+    const QString names = QStringList{projectSite(context), contactAddress(context)}.join(u"   "_s).trimmed();
+    auto *made = command(u"Label15"_s, names, [this] { openSite(context); });
+    made->setVisible(!names.isEmpty());
+    return made;
 }
 
 QWidget *Form1::sideButton(const QString &name)

@@ -6,7 +6,9 @@
 #include "results/media_of_grand_prix.h"
 #include "results/navigation.h"
 #include "results/new_season.h"
+#include "results/options.h"
 #include "results/recording.h"
+#include "results/simulation.h"
 #include "screens/results/form1_side_screens.h"
 #include "shell/look.h"
 #include "statistics/season_statistics.h"
@@ -40,7 +42,7 @@ void Form1::start()
     if (results::openMarkedSeason(m_main))
         context.screens.open(u"Form46"_s);
     results::openOnLastRecorded(m_main);
-    context.skin = skinNamed(context.store.LireINI(keys::galerie, "skin", "couleur"));
+    context.skin = skinNamed(results::chosenSkin(context.store));
     dress();
 }
 
@@ -89,10 +91,8 @@ void Form1::registerHidden()
         context.screens.close(u"Form4"_s);
     });
     m_newSeason = &timer(u"Timer55"_s, 0, Kind::once, [this] { clearNewSeason(); });
-    m_lap =
-        &timer(u"Timerlap"_s, 0, Kind::once, [this] { context.screens.open(u"Form13"_s); });
-    m_img =
-        &timer(u"Timerimg"_s, 0, Kind::once, [this] { context.screens.open(u"Form13"_s); });
+    m_lap = &timer(u"Timerlap"_s, 0, Kind::once, [this] { showCircuitLarge(); });
+    m_img = &timer(u"Timerimg"_s, 0, Kind::once, [this] { showLarge(m_main.Image2); });
     m_vid = &timer(u"Timervid"_s, 0, Kind::once, [this] { playFilm(); });
 }
 
@@ -218,6 +218,27 @@ void Form1::filmClicked()
     }
 }
 
+// A viewer that is open already takes the picture and the name too.
+const Screen *Form1::showLarge(const Field &picture)
+{
+    const Screen *viewer = context.screens.open(u"Form13"_s);
+    if (!viewer)
+        return nullptr;
+    viewer->setText(u"Image1"_s, qt(picture.text()));
+    for (const QString &named : {u"Label1"_s, u"Label11"_s})
+        viewer->setText(named, qt(m_main.gp.text()));
+    return viewer;
+}
+
+void Form1::showCircuitLarge()
+{
+    const Screen *viewer = showLarge(m_main.Image1);
+    if (!viewer)
+        return;
+    viewer->press(u"Command3"_s);
+    viewer->setText(u"Command3"_s, u"Taille réele."_s);
+}
+
 void Form1::playFilm()
 {
     Screen *gallery = context.screens.open(u"frmmain"_s);
@@ -331,6 +352,8 @@ void Form1::closing()
         clearNewSeason();
     if (isYear(m_main.an.text())) // anything else would open on nothing
         context.store.setYearMarker(m_main.an.text());
+    if (const auto running = results::runningSimulation(context.store)) // also one that a kill left
+        results::stopSimulation(m_main, *running);
     m_main.clearTotalsSoon = {};
     context.screens.onChange = {};
     context.screens.closeAll();

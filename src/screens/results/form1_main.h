@@ -32,6 +32,7 @@ private:
     QWidget *grandPrixCommands();
     QWidget *windowCommands();
     QWidget *footer();
+    QWidget *addresses();
 
     Edit *edit(const QString &name, Field &field, int width, const QString &tip);
     void nameTyped(Edit *box, Field &number, Field &name);
@@ -54,6 +55,8 @@ private:
     void afterResult();
     void filmClicked();
     void playFilm();
+    const Screen *showLarge(const Field &picture);
+    void showCircuitLarge();
     void gpTyped(const std::string &text);
     void start();
     void clearTotalsSoon(const QString &season);

@@ -1,6 +1,7 @@
 // Form3, the profile of a driver: his whole record, his pictures and his team's, and beside it the sheet of his ratios,
 // Form14, which moves with it. Emptying the fields and storing them puts a new driver into the slot.
 #include "kinds/driver_form.h"
+#include "kinds/page_view.h"
 #include "kinds/picker.h"
 #include "shell/look.h"
 #include "shell/screens.h"
@@ -103,10 +104,7 @@ QWidget *Form3::identityCard()
                     4, 2);
     Edit *site = box(*grid, 5, u"Text12"_s, u"Site Web:"_s);
     site->setToolTip(u"Double-clic = Ouvrir le site"_s);
-    site->onDoubleClick = [this, site] {
-        if (Screen *browser = context.screens.open(u"Form97"_s))
-            browser->setText(u"Adresse"_s, site->text());
-    };
+    site->onDoubleClick = [this, site] { openPage(context, site->text()); };
     grid->setColumnStretch(1, 1);
     return card({}, grid);
 }

@@ -14,7 +14,14 @@ namespace {
 class Form14 : public Screen {
 public:
     Form14(Context &context, const QString &name, const QString &title);
+    void print(Printing how) override; // beside a profile, so without the words that keep the place
 };
+
+void Form14::print(Printing how)
+{
+    setText(u"Label13"_s, {});
+    Screen::print(how);
+}
 
 Form14::Form14(Context &theContext, const QString &name, const QString &title) :
     Screen(theContext, name, title)
@@ -62,16 +69,14 @@ Form14::Form14(Context &theContext, const QString &name, const QString &title) :
     grid->setColumnStretch(0, 1);
     auto *zone = add(u"Label13"_s, new Label(u"ZONE D'IMPRESSION POUR LE PROFIL"_s));
     zone->setObjectName(u"hint"_s);
-    auto *print = command(u"Label12"_s, u"Imprimer - A coté d'une fiche Pilote"_s, [this, zone] {
-        zone->clear();
-        this->print();
-    });
+    auto *toPrinter =
+        command(u"Label12"_s, u"Imprimer - A coté d'une fiche Pilote"_s, [this] { print(Printing::atOnce); });
     auto *layout = page();
     layout->addLayout(head);
     layout->addWidget(card({}, grid));
     layout->addStretch(1);
     layout->addWidget(zone, 0, Qt::AlignCenter);
-    layout->addWidget(print, 0, Qt::AlignRight);
+    layout->addWidget(toPrinter, 0, Qt::AlignRight);
     resize(400, 620);
 }
 

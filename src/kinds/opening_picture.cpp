@@ -1,0 +1,29 @@
+#include "kinds/opening_picture.h"
+
+#include "platform/qt_pictures.h"
+#include "shell/text.h"
+#include "results/options.h"
+
+#include <QPainter>
+#include <QSvgRenderer>
+
+namespace circuidex {
+
+QString openingPicturePath(const Store &store)
+{
+    return qt(results::openingPicture(store));
+}
+
+void OpeningPicture::paintEvent(QPaintEvent *event)
+{
+    if (canShowPicture(path())) {
+        Picture::paintEvent(event);
+        return;
+    }
+    static QSvgRenderer drawing(u":/images/circuidex.svg"_s);
+    QPainter painter(this);
+    QSizeF size = QSizeF(drawing.defaultSize()).scaled(this->size(), Qt::KeepAspectRatio);
+    drawing.render(&painter, {QPointF((width() - size.width()) / 2, (height() - size.height()) / 2), size});
+}
+
+}

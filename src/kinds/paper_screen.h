@@ -1,0 +1,42 @@
+#pragma once
+// A screen with a chart on ruled paper: a line for each Grand Prix of the season and its caption below, as named
+// controls, and the pictures of the chart for other programs. What is drawn on the paper is the derived screen's.
+#include "charts/chart_instances.h"
+#include "shell/chart_view.h"
+#include "shell/screen.h"
+
+namespace circuidex {
+
+class PaperScreen : public Screen {
+protected:
+    // The paper outlives the screen.
+    PaperScreen(Context &context, const QString &name, const QString &title, const charts::Paper &paper);
+
+    virtual WritableSeason season() const; // whose calendar it is; the main screen's
+    QString gpName(int slot) const;
+
+    ChartView *view() { return m_view; }
+    const ChartView *view() const { return m_view; }
+    const charts::Paper &paper() const { return m_paper; }
+
+    // A piece of a line, asked for whenever it is painted or looked at.
+    ShapeControl &registerLine(const QString &name, std::optional<int> index, QColor colour,
+                               std::function<TwipLine()> line);
+
+    void addPaper(ChartPicture &picture) const;
+    void addLevel(ChartPicture &picture, double y) const; // a level line of the paper
+
+private:
+    void registerPaper();
+    void registerSaving();
+    void save(const QString &kind, const QByteArray &bytes);
+
+    const charts::Paper &m_paper;
+    ChartView *m_view;
+};
+
+ChartStroke stroke(const TwipLine &line, const QColor &colour);
+
+inline constexpr double axisCaptionHeight = 225; // twips
+
+}

@@ -1,0 +1,70 @@
+// Form93, the options: the colour of the title bars, which the next screens opened take, and the way out of the
+// automatic change of the display's mode.
+#include "results/main_record.h"
+#include "results/options.h"
+#include "shell/look.h"
+#include "shell/screens.h"
+
+#include <QBoxLayout>
+
+namespace circuidex::screens {
+
+namespace {
+
+struct Choice {
+    QString button, caption;
+    std::string_view couleur;
+};
+
+const Choice choices[]{
+    {u"Command1"_s, u"Bleu"_s, "bleu"},
+    {u"Command2"_s, u"Vert"_s, "vert"},
+    {u"Command3"_s, u"Rouge"_s, "rouge"},
+    {u"Command4"_s, u"Orange"_s, "orange"},
+};
+
+class Form93 : public Screen {
+public:
+    Form93(Context &context, const QString &name, const QString &title);
+
+private:
+    QWidget *colours();
+    void choose(std::string_view couleur);
+};
+
+Form93::Form93(Context &theContext, const QString &name, const QString &title) : Screen(theContext, name, title)
+{
+    hidden(u"Command5"_s, u"validation"_s, [this] { context.skin = skinNamed(results::chosenSkin(context.store)); });
+    page()->addWidget(colours());
+    resize(420, sizeHint().height());
+}
+
+QWidget *Form93::colours()
+{
+    auto *row = new QHBoxLayout;
+    row->setSpacing(look::gap);
+    for (const Choice &choice : choices) {
+        auto *swatch = new QLabel;
+        swatch->setFixedSize(14, 14);
+        swatch->setStyleSheet(look::swatch(look::colour(skinNamed(choice.couleur).main)));
+        row->addWidget(swatch);
+        row->addWidget(button(choice.button, choice.caption, [this, &choice] { choose(choice.couleur); }), 1);
+    }
+    return card(u"Couleur de la barre de titre:"_s, row);
+}
+
+void Form93::choose(std::string_view couleur)
+{
+    results::keepSkin(context.store, couleur);
+    press(u"Command5"_s);
+    close();
+}
+
+}
+
+ScreenRows form93()
+{
+    return {screenRow<Form93>(u"Form93"_s, u"Options de Circuidex"_s)};
+}
+
+}
