@@ -352,9 +352,12 @@ void BarColumns::addPlaces(ChartPicture &picture, const Block &block) const
 {
     const Lay at = lay(block.stage, single());
     const double shift = block.stage == Stage::grid ? m_stripLeft : 0;
-    for (int place = 1; place <= lastPlace(block.stage); ++place)
-        picture.texts.push_back(
-            {{shift + at.first + at.pitch * (place - 1), at.baseline, at.pitch, captionHeight}, placeName(place)});
+    for (int place = 1; place <= lastPlace(block.stage); ++place) {
+        const double left = shift + at.first + at.pitch * (place - 1), top = picture.region.top;
+        picture.texts.push_back({{left, at.baseline, at.pitch, captionHeight}, placeName(place)});
+        if (place % 2 == 0 && !single()) // so that the eye keeps the seasons of a place together
+            picture.masks.push_back({{left, top, at.pitch, at.baseline - top}, look::level});
+    }
     picture.axes.push_back({{{0, at.baseline}, {seenWidth, at.baseline}}, look::line});
 }
 

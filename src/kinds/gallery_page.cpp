@@ -48,6 +48,11 @@ void GalleryPage::takeSlot(QWidget *widget, Clicks &clicks)
     widget->installEventFilter(this);
 }
 
+bool GalleryPage::isSlot(const QWidget *widget) const
+{
+    return std::ranges::find(m_slots, widget) != m_slots.end();
+}
+
 QLabel *GalleryPage::pageNumber()
 {
     auto *number = styled({}, "large");
@@ -73,14 +78,18 @@ void GalleryPage::select(int slot)
     showSelection();
 }
 
-// Of all slots only the selected one is a stop of the Tab key: the arrows lead to the others.
+// Of all slots only the selected one is a stop of the Tab key: the arrows lead to the others. The focus goes with it,
+// once it is among them.
 void GalleryPage::showSelection()
 {
     const int selected = gallery.selected().value_or(0);
+    const bool onSlot = isSlot(focusWidget());
     for (int slot = 1; slot <= slotCount(); ++slot) {
         showSelected(slot, slot == selected);
         slotWidget(slot)->setFocusPolicy(slot == std::max(selected, 1) ? Qt::StrongFocus : Qt::ClickFocus);
     }
+    if (onSlot && selected > 0)
+        slotWidget(selected)->setFocus();
 }
 
 void GalleryPage::fileByChoice(int slot)
@@ -109,7 +118,6 @@ void GalleryPage::walk(int by)
     if (to < 1 || to > slotCount())
         return;
     select(to);
-    slotWidget(to)->setFocus();
 }
 
 void GalleryPage::turnPage(int by)
@@ -125,7 +133,6 @@ void GalleryPage::emptySlot()
 
 void GalleryPage::keyPressEvent(QKeyEvent *event)
 {
-    const bool onSlot = std::ranges::find(m_slots, focusWidget()) != m_slots.end();
     switch (event->key()) {
     case Qt::Key_PageDown:
         return turnPage(1);
@@ -134,7 +141,7 @@ void GalleryPage::keyPressEvent(QKeyEvent *event)
     default:
         break;
     }
-    if (!onSlot)
+    if (!isSlot(focusWidget()))
         return Screen::keyPressEvent(event);
     switch (event->key()) {
     case Qt::Key_Right:

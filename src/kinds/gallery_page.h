@@ -49,6 +49,7 @@ protected:
 
 private:
     void takeSlot(QWidget *widget, Clicks &clicks);
+    bool isSlot(const QWidget *widget) const;
     void walk(int by);
     void fileByDrop(int slot, const QString &path);
 

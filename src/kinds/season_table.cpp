@@ -184,7 +184,7 @@ void SeasonTable::showYears(const std::string &subject)
     for (int column = 0; column < seasonsCompared; ++column) {
         const SeasonHead &season = told[at(seasonsCompared - 1 - column)];
         for (const int titled : {pointsColumn + column, differencesColumn + column})
-            m_table->model().setTitle(titled, qt(season.year), yearTip(season, subject)); // for who can't see them
+            m_table->model().setTitle(titled, qt(season.year), seasonTip(season, subject)); // for who can't see them
         for (const int index : {firstPointsHead + column, firstReferenceHead + column}) {
             auto *year = static_cast<WidgetControl *>(control(yearHead, index));
             year->setText(qt(season.year));

@@ -20,8 +20,7 @@ constexpr double aroundWide = 50, aroundHigh = 900, footHigh = 800;
 
 }
 
-Viewer::Viewer(Context &theContext, const QString &name, const QString &title, QWidget *between,
-               QWidget *heading)
+Viewer::Viewer(Context &theContext, const QString &name, const QString &title, QWidget *between, QWidget *heading)
     : Screen(theContext, name, title), m_picture(add(u"Image1"_s, new Picture)), m_area(new QScrollArea)
 {
     m_picture->setEnlarged(true);

@@ -1,9 +1,10 @@
 #pragma once
-// The journal: articles by number, each a pair of text files of the program folder, "Journal p<n>.txt" with the body and
-// "Journal t<n>.txt" with the title. What is typed and not saved yet lies in a draft beside them.
+// The journal: articles by number, each a pair of text files of the program folder, "Journal p<n>.txt" with the body
+// and "Journal t<n>.txt" with the title. What is typed and not saved yet lies in a draft beside them.
 //
-// A save is one step although it changes two files: it first writes the article whole into a third one. A program killed
-// after that is taken to have saved: the article reads as the new one, and the two files follow at its next opening.
+// A save is one step although it changes two files: it first writes the article whole into a third one. A program
+// killed after that is taken to have saved: the article reads as the new one, and the two files follow at its next
+// opening.
 #include "store/store.h"
 
 #include <array>

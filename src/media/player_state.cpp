@@ -103,6 +103,13 @@ std::optional<Counters> FilmPlayer::RefreshCounters()
                     "Image courrante: " + std::to_string(*frame)};
 }
 
+void FilmPlayer::letGo()
+{
+    m_device.letGo();
+    IsPlaying = false;
+    m_state = noMedia;
+}
+
 void FilmPlayer::follow(Player::ByHand what)
 {
     IsPlaying = what == Player::ByHand::resumed;

@@ -42,7 +42,7 @@ public:
     // What the counters say now; absent while the device answers nothing, so that they stay as they are.
     std::optional<Counters> RefreshCounters();
 
-    void letGo() { m_device.letGo(); }
+    void letGo(); // the gallery has gone: no media
 
     std::function<void()> changedByHand = [] {}; // the person at the film's window has paused, resumed or closed it
 

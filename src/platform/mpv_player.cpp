@@ -48,7 +48,6 @@ constexpr Option options[] = {
     {"title", "Circuidex - ${filename}"},
     {"x11-name", "circuidex"},
     {"wayland-app-id", "circuidex"},
-    {"ontop", "yes"}, // as all windows of the program
     {"autofit-larger", "70%x70%"},
     // At its end the film stands still on the last frame.
     {"keep-open", "yes"},
@@ -117,6 +116,7 @@ bool MpvPlayer::start()
         mpv_observe_property(m_mpv, static_cast<std::uint64_t>(what), name, format);
     };
     observe(Seen::pause, "pause", MPV_FORMAT_FLAG);
+    observe(Seen::focus, "focused", MPV_FORMAT_FLAG);
     observe(Seen::end, "eof-reached", MPV_FORMAT_FLAG);
     observe(Seen::length, "duration", MPV_FORMAT_DOUBLE);
     observe(Seen::frameCount, "estimated-frame-count", MPV_FORMAT_INT64);
@@ -159,6 +159,16 @@ void MpvPlayer::setPaused(bool on)
     mpv_set_property_async(m_mpv, setting, "pause", MPV_FORMAT_FLAG, &flag);
 }
 
+// The film is kept on top, as all windows of the program, but not before it has the focus, or else for a second: a
+// window that comes up on top is put below the one that has the focus by some window managers.
+void MpvPlayer::keepOnTop(bool on)
+{
+    if (m_onTop == on)
+        return;
+    m_onTop = on;
+    tell({"set", "ontop", on ? "yes" : "no"});
+}
+
 void MpvPlayer::open(const std::string &path)
 {
     attend();
@@ -169,6 +179,7 @@ void MpvPlayer::open(const std::string &path)
         return;
     m_path = path;
     forget();
+    keepOnTop(false);
     tell({"loadfile", m_path.c_str()}, ++m_asked);
 }
 
@@ -279,9 +290,15 @@ std::optional<media::Player::ByHand> MpvPlayer::takeProperty(const mpv_event &ev
         break;
     case Seen::at:
         m_at = valueOf<double>(property);
+        if (m_at.value_or(0) > 1)
+            keepOnTop(true);
         break;
     case Seen::end:
         m_ended = valueOf<int>(property).value_or(0) != 0;
+        break;
+    case Seen::focus:
+        if (valueOf<int>(property).value_or(0) != 0)
+            keepOnTop(true);
         break;
     case Seen::pause:
         int now = valueOf<int>(property).value_or(0);

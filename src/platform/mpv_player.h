@@ -43,13 +43,14 @@ public:
     void attend(); // takes in what happened; on the program's thread
 
 private:
-    enum class Seen : std::uint64_t { pause = 1, end, length, frameCount, at };
+    enum class Seen : std::uint64_t { pause = 1, end, length, frameCount, at, focus };
 
     bool start();
     void stop();
     void forget();
     void tell(const std::vector<const char *> &command, std::uint64_t reply = 0);
     void setPaused(bool on);
+    void keepOnTop(bool on);
     std::optional<ByHand> take(const mpv_event &event);
     std::optional<ByHand> takeProperty(const mpv_event &event);
     std::optional<ByHand> takeEnd(const mpv_event &event);
@@ -60,7 +61,7 @@ private:
     std::string m_path; // of the open film
     std::uint64_t m_asked = 0; // counts the films asked for, so that only the last one's answer counts
     std::int64_t m_entry = -1; // mpv's number for the open film, once it has taken it
-    bool m_paused = false, m_ended = false, m_refused = false;
+    bool m_onTop = false, m_paused = false, m_ended = false, m_refused = false;
     std::optional<double> m_length, m_at; // seconds
     std::optional<std::int64_t> m_frames;
 };

@@ -10,8 +10,8 @@
 
 namespace circuidex::text_file {
 
-// The file that a write to this path replaces. A link is followed in the folder, and out of it to a file of the same name
-// only, since the folder may come from a stranger; empty otherwise.
+// The file that a write to this path replaces. A link is followed in the folder, and out of it to a file of the same
+// name only, since the folder may come from a stranger; empty otherwise.
 std::string writtenFile(const std::string &folder, const std::string &path);
 
 // What a file's bytes say, and the bytes of a text. The line break at the end is the line's, not the text's.

@@ -173,7 +173,7 @@ ChartStroke Form72::lineOf(int number) const
         const Control *piece = control(name, k);
         const TwipLine line = *piece->line();
         if (k == 0)
-            made = {{{line.x1, line.y1}}, *piece->fore(), line.width, {}, line.width == front};
+            made = {{{line.x1, line.y1}}, *piece->fore(), line.width, line.width == front, {}};
         made.points.push_back({line.x2, line.y2});
     }
     return made;

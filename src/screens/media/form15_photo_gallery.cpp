@@ -59,14 +59,16 @@ QLayout *Form15::head()
 {
     auto *row = new QHBoxLayout;
     row->setSpacing(6);
-    row->addWidget(styled(u"Cliquez sur une image pour la voir et double-cliquez pour spécifier le chemin:"_s, "hint"), 1);
+    row->addWidget(styled(u"Cliquez sur une image pour la voir et double-cliquez pour spécifier le chemin:"_s, "hint"),
+                   1);
     row->addWidget(styled(u"Photo:"_s, "caption"));
     row->addWidget(arrow(u"Command9"_s, u"◀"_s, u"Photo précédente (flèche gauche)"_s, [this] { gallery.stepBack(); }));
     auto *slot = slotNumber();
     slot->setFixedWidth(28);
     slot->setAlignment(Qt::AlignCenter);
     row->addWidget(slot);
-    row->addWidget(arrow(u"Command10"_s, u"▶"_s, u"Photo suivante (flèche droite)"_s, [this] { gallery.stepForward(); }));
+    row->addWidget(
+        arrow(u"Command10"_s, u"▶"_s, u"Photo suivante (flèche droite)"_s, [this] { gallery.stepForward(); }));
     return row;
 }
 

@@ -1,5 +1,5 @@
-// Form16, a picture of the photo gallery, large; its arrows walk through the gallery behind it. The profile of a driver and
-// the podium show their pictures in it too.
+// Form16, a picture of the photo gallery, large; its arrows walk through the gallery behind it. The profile of a driver
+// and the podium show their pictures in it too.
 #include "kinds/viewer.h"
 #include "store/store.h"
 
@@ -23,7 +23,8 @@ protected:
 void Form16::step(int by)
 {
     const Screen *gallery = context.screens.find(u"Form15"_s);
-    const auto slot = gallery ? context.store.numbers().whole(gallery->text(u"iNdexx"_s).toStdString(), -99, 99) : std::nullopt;
+    const auto slot =
+        gallery ? context.store.numbers().whole(gallery->text(u"iNdexx"_s).toStdString(), -99, 99) : std::nullopt;
     if (!slot)
         return;
     int to = *slot;

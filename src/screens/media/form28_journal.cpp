@@ -73,9 +73,10 @@ void Form28::layOut()
 {
     auto *about = add(
         u"Label1"_s,
-        new Label(u"Ceci est un journal, vous pouvez y enregistrer toutes les informations que vous trouvez sur internet. "
-                  "Si un article vous intéresse, vous n'avez qu'à faire un copier-coller de celui-ci dans la zone texte "
-                  "çi-dessous(raccourçis Windows: Copier: Ctrl+c - Coller: Ctrl+v) et enregistrer."_s));
+        new Label(
+            u"Ceci est un journal, vous pouvez y enregistrer toutes les informations que vous trouvez sur internet. "
+            "Si un article vous intéresse, vous n'avez qu'à faire un copier-coller de celui-ci dans la zone texte "
+            "çi-dessous(raccourçis Windows: Copier: Ctrl+c - Coller: Ctrl+v) et enregistrer."_s));
     about->setObjectName(u"hint"_s);
     about->setWordWrap(true);
     m_title = add(u"Text2"_s, new Edit);

@@ -17,7 +17,10 @@ public:
     Form29(Context &context, const QString &name, const QString &title);
 
 private:
-    int pageNumber() const { return context.store.numbers().whole(m_page->text().toStdString(), 1, lastPage).value_or(1); }
+    int pageNumber() const
+    {
+        return context.store.numbers().whole(m_page->text().toStdString(), 1, lastPage).value_or(1);
+    }
     void turnTo(int page);
     void fill();
     void openArticle(int row);

@@ -1,4 +1,5 @@
-// Form65, an article of the journal as a sheet of paper, printed page by page: the title stands, the text moves below it.
+// Form65, an article of the journal as a sheet of paper, printed page by page: the title stands, the text moves below
+// it.
 #include "shell/look.h"
 #include "shell/screens.h"
 
@@ -114,7 +115,8 @@ Form65::Form65(Context &theContext, const QString &name, const QString &title)
     m_title.onChange = [this](const QString &) { m_sheet->update(); };
     take({});
     auto *buttons = new QVBoxLayout;
-    const auto mover = [&](const QString &control, const QString &caption, double twips, const QKeySequence &keys, const QString &tip) {
+    const auto mover = [&](const QString &control, const QString &caption, double twips, const QKeySequence &keys,
+                           const QString &tip) {
         auto *made = button(control, caption, [this, twips] { move(twips); });
         made->setToolTip(tip);
         shortcut(keys, [made] { made->click(); });
