@@ -6,8 +6,6 @@
 #include <QPointer>
 #include <QTimer>
 
-#include <memory>
-
 namespace circuidex {
 
 using namespace Qt::StringLiterals;
@@ -86,16 +84,15 @@ void fetchPage(const QUrl &address, QObject *owner, std::function<void(const Fet
         if (reply->bytesAvailable() > largestPage)
             reply->abort();
     });
-    const auto ownerGone = std::make_shared<bool>(false);
-    QObject::connect(owner, &QObject::destroyed, reply, [reply, ownerGone] {
-        *ownerGone = true;
-        reply->abort();
+    QObject::connect(owner, &QObject::destroyed, reply, [reply] {
+        if (!reply->isFinished())
+            --onTheirWay;
+        reply->disconnect(); // what it still has to say belongs to nobody
+        reply->deleteLater(); // which ends it, too
     });
-    QObject::connect(reply, &QNetworkReply::finished, reply, [reply, address, ownerGone, then = std::move(then)] {
+    QObject::connect(reply, &QNetworkReply::finished, reply, [reply, address, then = std::move(then)] {
         --onTheirWay;
         reply->deleteLater();
-        if (*ownerGone)
-            return;
         const QString fault = faultOf(*reply);
         const bool there = reply->url() == asSent(address);
         then({there ? address : reply->url(), fault.isEmpty() ? reply->readAll() : QByteArray(),
