@@ -42,17 +42,23 @@ TEST(UpdateRun, CancelledAtAnyMomentLeavesTheFolderOldOrNew)
     Members members;
     for (const char *season : seasons)
         members.push_back({season, after});
-    server.lay(QStringLiteral("/miseajour.zip"), {.content = QByteArray::fromStdString(zipOf(members))});
+    const QByteArray archive = QByteArray::fromStdString(zipOf(members));
     const TemporaryFolder folder;
     layDown(folder / "serveurs.ini", "[serveurs]\r\nmaj=" + server.address({}).toStdString() + "\r\n");
     Driver driver(folder.path(), Numbers());
     std::mt19937 random(20060312);
     std::map<std::string, int> editions;
+    int cut = 0; // in the middle of the transfer
     for (int i = 0; i < cancels; ++i) {
         SCOPED_TRACE(i);
         std::filesystem::remove_all(folder / "Sauvegardes"); // so many copies aren't made within a minute
         for (const char *season : seasons)
             layDown(folder / season, before);
+        const bool stalls = i % 2 == 0; // in the middle of the archive
+        server.lay(QStringLiteral("/miseajour.zip"),
+                   {.content = archive,
+                    .sent = stalls ? qsizetype(random()) % archive.size() : -1,
+                    .silent = stalls});
         answer(driver, "open Form67");
         answer(driver, "press Form67.Command1");
         answer(driver, "wait " + std::to_string(random() % 12));
@@ -61,6 +67,7 @@ TEST(UpdateRun, CancelledAtAnyMomentLeavesTheFolderOldOrNew)
         answer(driver, "settle");
         const std::string calls = answer(driver, "calls");
         ASSERT_TRUE(calls.starts_with("start /") && calls.ends_with("/Zip\tend")) << calls;
+        cut += std::filesystem::exists(folder / "miseajour.zip.part");
         ASSERT_EQ(online::unpackAll(folder.path()), std::vector<std::string>());
         const std::string edition = editionOf(folder);
         ASSERT_TRUE(edition == "before" || edition == "after") << edition;
@@ -68,6 +75,7 @@ TEST(UpdateRun, CancelledAtAnyMomentLeavesTheFolderOldOrNew)
     }
     EXPECT_GT(editions["before"], 20);
     EXPECT_GT(editions["after"], 5);
+    EXPECT_GT(cut, 20);
 }
 
 }
