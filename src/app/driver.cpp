@@ -1,5 +1,7 @@
 #include "app/driver.h"
 
+#include "platform/qt_download.h"
+#include "platform/qt_page.h"
 #include "platform/qt_pictures.h"
 
 #include <QCoreApplication>
@@ -73,12 +75,36 @@ std::optional<std::string> stemOf(const QString &file)
     return file.mid(2, file.size() - 6).toStdString();
 }
 
-void runEvents(int milliseconds)
+// What is due, or where nothing is, what comes next.
+void runEvents(bool awaitMore)
 {
-    QEventLoop loop;
-    QTimer::singleShot(milliseconds, Qt::PreciseTimer, &loop, &QEventLoop::quit);
-    loop.exec();
+    QCoreApplication::processEvents(awaitMore ? QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents
+                                              : QEventLoop::AllEvents);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
+
+// Transfers and pages on their way. Each may take its time: with every one that comes or goes the clock starts anew.
+class Traffic {
+public:
+    bool pending()
+    {
+        const State now{downloadCount(), pagesOnTheirWay()};
+        if (!(now == m_seen) || !m_since.isValid())
+            m_since.start();
+        m_seen = now;
+        return (now.downloads.running > 0 || now.pages > 0) && !m_since.hasExpired(mostWait);
+    }
+
+private:
+    static constexpr int mostWait = 10'000; // milliseconds
+    struct State {
+        DownloadCount downloads;
+        int pages = 0;
+        bool operator==(const State &) const = default;
+    };
+    State m_seen;
+    QElapsedTimer m_since;
+};
 
 // The command, the first word of the argument, and what follows it.
 struct Words {
@@ -174,8 +200,26 @@ void RecordingPlatform::openAddress(const std::string &address)
     calls << u"open "_s + QString::fromStdString(address);
 }
 
-Driver::Driver(const std::filesystem::path &folder, Numbers numbers) :
-    m_program(folder, numbers, m_dialogs, m_platform)
+void RecordingPlatform::changeDisplay(const DisplayMode &mode)
+{
+    calls << u"mode %1 %2 %3 75"_s.arg(mode.width).arg(mode.height).arg(mode.depth);
+}
+
+void RecordingPlatform::endProgram()
+{
+    calls << u"end"_s;
+    ended = true;
+}
+
+void RecordingPlatform::startAnew()
+{
+    m_player.reset();
+    ended = false;
+}
+
+Driver::Driver(const std::filesystem::path &folder, Numbers numbers)
+    : m_folder(folder), m_numbers(numbers),
+      m_program(std::make_unique<Program>(folder, numbers, m_dialogs, m_platform))
 {
 }
 
@@ -194,15 +238,20 @@ std::optional<QString> Driver::execute(const QString &line)
     else
         answer = onControl(words.first, words.rest).value_or(error(u"no such command: "_s + words.first));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // screens that closed are gone
-    m_program.settle();
-    m_program.offerCopies();
+    m_program->settle();
+    if (m_platform.ended) { // what it wrote stays, the rest is gone with it
+        m_program.reset();
+        m_platform.startAnew();
+        m_program = std::make_unique<Program>(m_folder, m_numbers, m_dialogs, m_platform);
+    }
+    m_program->offerCopies();
     return answer;
 }
 
 std::optional<QString> Driver::dispatch(const QString &command, const QString &arguments)
 {
     if (command == u"start") {
-        m_program.start();
+        m_program->start();
         return ok;
     }
     if (command == u"quit") {
@@ -210,10 +259,10 @@ std::optional<QString> Driver::dispatch(const QString &command, const QString &a
         return ok;
     }
     if (command == u"windows")
-        return m_program.screens().openNames().join(u'\t');
+        return m_program->screens().openNames().join(u'\t');
     if (command == u"screens") {
         QStringList names;
-        for (const ScreenRow &row : m_program.screens().rows())
+        for (const ScreenRow &row : m_program->screens().rows())
             names << row.name;
         return names.join(u'\t');
     }
@@ -229,23 +278,44 @@ std::optional<QString> Driver::dispatch(const QString &command, const QString &a
         m_dialogs.answers.push_back(unescaped(arguments));
         return ok;
     }
-    if (command == u"wait") {
-        runEvents(std::clamp(arguments.toInt(), 0, 600000));
-        return ok;
-    }
-    if (command == u"settle") {
-        QElapsedTimer elapsed;
-        elapsed.start();
-        QCoreApplication::processEvents();
-        while (awaitPictures() || m_program.screens().timersPending()) {
-            if (elapsed.hasExpired(60000))
-                return error(u"timers don't come to rest"_s);
-            const bool timers = m_program.screens().timersPending();
-            QCoreApplication::processEvents(timers ? QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents : QEventLoop::AllEvents);
-        }
-        return ok;
-    }
+    if (command == u"wait")
+        return wait(std::clamp(arguments.toInt(), 0, 600000));
+    if (command == u"settle")
+        return settle();
     return std::nullopt;
+}
+
+QString Driver::wait(int milliseconds) const
+{
+    QTimer over;
+    over.setSingleShot(true);
+    over.setTimerType(Qt::PreciseTimer);
+    over.start(milliseconds);
+    do
+        runEvents(true);
+    while (over.isActive() && !m_platform.ended);
+    return ok;
+}
+
+QString Driver::settle() const
+{
+    constexpr int mostWait = 60'000, look = 100; // milliseconds; a silent server brings no event
+    Traffic traffic;
+    QTimer wake;
+    wake.start(look);
+    QElapsedTimer elapsed;
+    elapsed.start();
+    runEvents(false);
+    while (!m_platform.ended) {
+        const bool pictures = awaitPictures(), timers = m_program->screens().timersPending();
+        const bool onTheWay = traffic.pending();
+        if (!pictures && !timers && !onTheWay)
+            break;
+        if (!onTheWay && elapsed.hasExpired(mostWait))
+            return error(u"timers don't come to rest"_s);
+        runEvents(!pictures);
+    }
+    return ok;
 }
 
 // "film 60000 1500", "film at 2000 50", "film none"
@@ -275,7 +345,7 @@ std::optional<QString> Driver::onScreens(const QString &command, const QString &
     if (!commands.contains(command))
         return std::nullopt;
     const Words words = split(argument);
-    Screens &screens = m_program.screens();
+    Screens &screens = m_program->screens();
     if (!screens.exists(words.first))
         return error(u"no such screen: "_s + words.first);
     if (command == u"open") {
@@ -322,11 +392,11 @@ std::optional<QString> Driver::onFiles(const QString &command, const QString &ar
     const std::string section = unescaped(match.captured(2)).toStdString();
     const QString key = match.captured(3);
     if (command == u"read")
-        return escaped(QString::fromStdString(m_program.store().LireINI(*stem, section, unescaped(key).toStdString())));
+        return escaped(QString::fromStdString(m_program->store().LireINI(*stem, section, unescaped(key).toStdString())));
     const qsizetype equals = key.indexOf(u'=');
     if (equals < 0)
         return error(u"expected: key=value"_s);
-    m_program.store().EcrireINI(*stem, section, unescaped(key.left(equals)).toStdString(),
+    m_program->store().EcrireINI(*stem, section, unescaped(key.left(equals)).toStdString(),
                                 unescaped(key.mid(equals + 1)).toStdString());
     return ok;
 }
@@ -335,7 +405,7 @@ Control *Driver::find(const QString &reference, QString &reason) const
 {
     static const QRegularExpression form(QStringLiteral(R"(^(\w+)\.([^(]+)(?:\((-?\d+)\))?$)"));
     const auto match = form.match(reference);
-    const Screens &screens = m_program.screens();
+    const Screens &screens = m_program->screens();
     if (!match.hasMatch() || !screens.exists(match.captured(1))) {
         reason = error(u"no such screen or control: "_s + reference);
         return nullptr;
@@ -401,8 +471,8 @@ std::optional<QString> Driver::onControl(const QString &command, const QString &
     const Words words = split(argument);
     if (command == u"get" && words.first.contains(QLatin1String("..")))
         return run(words.first);
-    if (command == u"geom" && m_program.screens().isOpen(words.first)) { // of the window itself
-        const TwipRect r = m_program.screens().find(words.first)->place();
+    if (command == u"geom" && m_program->screens().isOpen(words.first)) { // of the window itself
+        const TwipRect r = m_program->screens().find(words.first)->place();
         return QStringList{number(r.left), number(r.top), number(r.width), number(r.height)}.join(u'\t');
     }
     QString reason;

@@ -59,19 +59,23 @@ private:
 // Notes what was asked of the machine.
 class RecordingPlatform : public Platform {
 public:
-    media::FilmPlayer &player() override { return m_player; }
+    media::FilmPlayer &player() override { return m_player ? *m_player : m_player.emplace(film); }
     void print(QWidget &screen, const std::string &name, Printing how) override;
     void printText(const std::string &text, Printing how) override;
     void startProgram(const std::string &path) override;
     void openAddress(const std::string &address) override;
+    void changeDisplay(const DisplayMode &mode) override;
+    void endProgram() override;
     Room roomFor(const QWidget &) const override { return room; }
 
     QStringList calls;
     Room room{0, 0, 1024, 768}; // of the display that the screens are made for
     StandInPlayer film{calls};
+    bool ended = false; // the program, by itself
+    void startAnew(); // the machine, for a program that starts
 
 private:
-    media::FilmPlayer m_player{film};
+    std::optional<media::FilmPlayer> m_player;
 };
 
 class Driver {
@@ -81,7 +85,7 @@ public:
     // The answer to one command line; absent for an empty line and a comment.
     std::optional<QString> execute(const QString &line);
     bool ended() const { return m_ended; }
-    Program &program() { return m_program; }
+    Program &program() { return *m_program; }
     RecordingPlatform &platform() { return m_platform; }
 
 private:
@@ -90,12 +94,16 @@ private:
     std::optional<QString> onControl(const QString &command, const QString &argument);
     std::optional<QString> onFilm(const QString &argument);
     std::optional<QString> onFiles(const QString &command, const QString &argument);
+    QString wait(int milliseconds) const;
+    QString settle() const;
     QString run(const QString &run) const;
     Control *find(const QString &reference, QString &error) const;
 
     QueuedDialogs m_dialogs;
     RecordingPlatform m_platform;
-    Program m_program;
+    std::filesystem::path m_folder;
+    Numbers m_numbers;
+    std::unique_ptr<Program> m_program;
     bool m_ended = false;
 };
 

@@ -38,6 +38,7 @@
     screen(form39)                \
     screen(form40)                \
     screen(form42)                \
+    screen(form46)                \
     screen(form48)                \
     screen(form49)                \
     screen(form50)                \
@@ -47,6 +48,7 @@
     screen(form61)                \
     screen(form62)                \
     screen(form65)                \
+    screen(form67)                \
     screen(form68)                \
     screen(form69)                \
     screen(form70)                \
@@ -59,6 +61,8 @@
     screen(form91)                \
     screen(form93)                \
     screen(form94)                \
+    screen(form96)                \
+    screen(form98)                \
     screen(form100)               \
     screen(form101)               \
     screen(frmmain)               \

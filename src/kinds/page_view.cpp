@@ -150,7 +150,10 @@ QLayout *PageScreen::addressRow()
 QWidget *PageScreen::view()
 {
     m_view = new PageView;
-    m_view->onGo = [this](const QUrl &address) { m_address->setText(address.toString()); };
+    m_view->onGo = [this](const QUrl &address) {
+        m_address->setText(address.toString());
+        m_address->setCursorPosition(0);
+    };
     m_view->onOutside = [this](const QUrl &address) {
         context.platform.openAddress(address.toString(QUrl::FullyEncoded).toStdString());
     };
@@ -211,6 +214,12 @@ QString contactAddress(const Context &context)
 QString forum(const Context &context, const QString &page)
 {
     return updateServer(context, u"/forum/"_s + page);
+}
+
+void fetchNotice(const Context &context, const QString &path, QObject *owner)
+{
+    if (const QUrl address(updateServer(context, path)); isPageAddress(address))
+        fetchPage(address, owner, [](const FetchedPage &) {});
 }
 
 void openPage(const Context &context, const QString &address, const QString &server)

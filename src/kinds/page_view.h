@@ -65,6 +65,9 @@ QString contactAddress(const Context &context);
 // Opens the screen of any web page on this address, of a server by its key in serveurs.ini.
 void openPage(const Context &context, const QString &address, const QString &server = {});
 
+// Fetches a page of the update server that nobody sees; the server knows by it that a program runs.
+void fetchNotice(const Context &context, const QString &path, QObject *owner);
+
 // Where the forum is; empty without an update server.
 QString forum(const Context &context, const QString &page = {});
 

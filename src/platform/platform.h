@@ -15,6 +15,10 @@ struct Room { // in pixels
     int left, top, width, height;
 };
 
+struct DisplayMode { // in pixels, and bits of a pixel
+    int width, height, depth;
+};
+
 // On the default printer, or on what the user chooses in the system's print dialog: printer, pages or a PDF file.
 enum class Printing { atOnce, asked };
 
@@ -29,6 +33,12 @@ public:
     virtual media::FilmPlayer &player() = 0; // one for the whole program
     virtual void startProgram(const std::string &path) = 0;
     virtual void openAddress(const std::string &address) = 0;
+
+    // Another mode for the whole display, at 75 Hz; where there is no such thing, nothing happens.
+    virtual void changeDisplay(const DisplayMode &mode) = 0;
+
+    // The program ends as soon as what runs has returned; no screen goes through its closing.
+    virtual void endProgram() = 0;
 
     // What is free of panels on the display that a window stands on.
     virtual Room roomFor(const QWidget &window) const = 0;

@@ -30,6 +30,15 @@ fs::path executableFolder()
     return fs::read_symlink("/proc/self/exe", error).parent_path();
 }
 
+fs::path exampleFolder()
+{
+    std::error_code ignored; // what can't be looked at isn't there
+    for (const fs::path &place : {executableFolder() / "exemples", executableFolder().parent_path() / "sample"})
+        if (fs::is_directory(place, ignored))
+            return place;
+    return {};
+}
+
 fs::path programFolder()
 {
     const fs::path beside = executableFolder();

@@ -11,4 +11,8 @@ std::filesystem::path executableFolder();
 // be.
 std::filesystem::path programFolder();
 
+// Where the example seasons lie that come with the program: "exemples" beside it, or what its build recorded. Empty
+// without any.
+std::filesystem::path exampleFolder();
+
 }

@@ -10,6 +10,8 @@ using online::Transfer;
 
 namespace {
 
+DownloadCount count;
+
 constexpr qint64 piece = 1 << 18; // bytes held in memory at most, so that a fast server waits for a slow disk
 
 QNetworkRequest networkRequest(const online::Request &request)
@@ -59,6 +61,20 @@ QtDownload::QtDownload(std::chrono::milliseconds mostSilence, QObject *parent) :
 QtDownload::~QtDownload()
 {
     dropReply();
+    setRunning(false);
+}
+
+DownloadCount downloadCount()
+{
+    return count;
+}
+
+void QtDownload::setRunning(bool on)
+{
+    if (on && !m_running)
+        ++count.begun;
+    count.running += int(on) - int(m_running);
+    m_running = on;
 }
 
 void QtDownload::StartDownload(const QString &source, const QString &destination, bool flag)
@@ -67,7 +83,7 @@ void QtDownload::StartDownload(const QString &source, const QString &destination
     if (m_ending.isActive())
         finish();
     m_transfer = std::make_unique<Transfer>(source.toStdString(), destination.toStdString(), flag);
-    m_running = true;
+    setRunning(true);
     tell();
     if (m_transfer->state() == Transfer::State::asking)
         ask();
@@ -167,7 +183,7 @@ void QtDownload::dropReply()
 void QtDownload::finish()
 {
     m_ending.stop();
-    m_running = false;
+    setRunning(false);
     tell();
     emit ended(m_transfer->state() == Transfer::State::done);
 }

@@ -13,6 +13,14 @@ class QNetworkReply;
 
 namespace circuidex {
 
+// How many transfers run in the program, and how many were begun so far.
+struct DownloadCount {
+    int running = 0;
+    unsigned begun = 0;
+    bool operator==(const DownloadCount &) const = default;
+};
+DownloadCount downloadCount();
+
 class QtDownload : public QObject {
     Q_OBJECT
 public:
@@ -42,6 +50,7 @@ private:
     void silent();
     void tell();
     void dropReply();
+    void setRunning(bool on);
     void finish();
 
     QNetworkAccessManager m_network;

@@ -6,6 +6,8 @@
 #include <QPointer>
 #include <QTimer>
 
+#include <memory>
+
 namespace circuidex {
 
 using namespace Qt::StringLiterals;
@@ -43,9 +45,18 @@ QString faultOf(const QNetworkReply &reply)
     }
 }
 
+// Qt takes one slash off a path that begins with two, and the dot out of "/./": so the path is sent as it stands.
+QUrl asSent(const QUrl &address)
+{
+    QUrl sent = address;
+    if (sent.path().startsWith(u"//"))
+        sent.setPath(u"/."_s + sent.path());
+    return sent;
+}
+
 QNetworkRequest requestFor(const QUrl &address)
 {
-    QNetworkRequest request(address);
+    QNetworkRequest request(asSent(address));
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
     request.setMaximumRedirectsAllowed(mostRedirects);
     request.setTransferTimeout(mostSilence);
@@ -75,14 +86,21 @@ void fetchPage(const QUrl &address, QObject *owner, std::function<void(const Fet
         if (reply->bytesAvailable() > largestPage)
             reply->abort();
     });
-    QObject::connect(owner, &QObject::destroyed, reply, &QNetworkReply::abort);
-    QObject::connect(reply, &QNetworkReply::finished, reply,
-                     [reply, owner = QPointer<QObject>(owner), then = std::move(then)] {
-                         --onTheirWay;
-                         reply->deleteLater();
-                         if (owner)
-                             then({reply->url(), reply->readAll(), reply->rawHeader("Content-Type"), faultOf(*reply)});
-                     });
+    const auto ownerGone = std::make_shared<bool>(false);
+    QObject::connect(owner, &QObject::destroyed, reply, [reply, ownerGone] {
+        *ownerGone = true;
+        reply->abort();
+    });
+    QObject::connect(reply, &QNetworkReply::finished, reply, [reply, address, ownerGone, then = std::move(then)] {
+        --onTheirWay;
+        reply->deleteLater();
+        if (*ownerGone)
+            return;
+        const QString fault = faultOf(*reply);
+        const bool there = reply->url() == asSent(address);
+        then({there ? address : reply->url(), fault.isEmpty() ? reply->readAll() : QByteArray(),
+              reply->rawHeader("Content-Type"), fault});
+    });
 }
 
 int pagesOnTheirWay()

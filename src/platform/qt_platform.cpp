@@ -2,6 +2,7 @@
 
 #include "platform/qt_pictures.h"
 
+#include <QCoreApplication>
 #include <QDesktopServices>
 #include <QGuiApplication>
 #include <QPageLayout>
@@ -152,6 +153,12 @@ void QtPlatform::startProgram(const std::string &path)
 void QtPlatform::openAddress(const std::string &address)
 {
     QDesktopServices::openUrl(QUrl(QString::fromStdString(address)));
+}
+
+// Not by quit(), which would close the windows one by one.
+void QtPlatform::endProgram()
+{
+    QCoreApplication::exit(0);
 }
 
 Room QtPlatform::roomFor(const QWidget &window) const

@@ -21,6 +21,8 @@ public:
     media::FilmPlayer &player() override { return m_player; }
     void startProgram(const std::string &path) override;
     void openAddress(const std::string &address) override;
+    void changeDisplay(const DisplayMode &) override { } // no display of today lends itself to it
+    void endProgram() override;
     Room roomFor(const QWidget &window) const override;
 
 private:

@@ -157,4 +157,16 @@ bool openMarkedSeason(MainRecord &main)
     return true;
 }
 
+void markFirstSeason(Store &store)
+{
+    store.setYearMarker(" 2004 "); // with the blanks that numbers in a text file have
+}
+
+void forgetMarkedSeason(MainRecord &main)
+{
+    const std::string marker = main.surroundings.findFile("Année");
+    if (!marker.empty())
+        main.surroundings.deleteFile(marker);
+}
+
 }

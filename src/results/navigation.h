@@ -41,4 +41,9 @@ void openOnLastRecorded(MainRecord &main);
 // The year marker into the season box; "2005" where there is none. True when there was none: a first start.
 bool openMarkedSeason(MainRecord &main);
 
+// Two ways out of a first start: the year marker with the season that the first update opens on, and none, so that the
+// next start is a first one again.
+void markFirstSeason(Store &store);
+void forgetMarkedSeason(MainRecord &main);
+
 }

@@ -1,7 +1,5 @@
 #include "results/options.h"
 
-#include "store/keys.h"
-
 namespace circuidex::results {
 
 std::string chosenSkin(const Store &store)
@@ -22,6 +20,19 @@ std::string openingPicture(const Store &store)
 void keepOpeningPicture(Store &store, std::string_view path)
 {
     store.EcrireINI(keys::ARCHIVES, "fond", "fond", path);
+}
+
+std::optional<SavedDisplay> displayToRestore(const Season &season)
+{
+    constexpr std::string_view ecran = "ecran";
+    const auto number = [&](std::string_view key, int most) {
+        return season.numbers().whole(season.read(ecran, key), 1, most);
+    };
+    const auto width = number("resolutionX", 100'000), height = number("resolutiony", 100'000);
+    const auto depth = number("nbcouleurs", 64);
+    if (season.read(ecran, "adaptationauto") != "vrai" || !width || !height || !depth)
+        return std::nullopt;
+    return SavedDisplay{*width, *height, *depth};
 }
 
 }

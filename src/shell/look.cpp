@@ -130,6 +130,7 @@ QPushButton:focus { border:1px solid MAIN; }
 QPushButton:disabled { color:#A0A7B2; background:#F7F8FA; }
 QPushButton[main="true"] { background:FILL; color:#FFFFFF; border:1px solid EDGE; font-weight:bold; }
 QPushButton[main="true"]:hover { background:EDGE; }
+QPushButton[main="true"]:disabled { background:#E3E6EB; color:#8A92A0; border:1px solid #D9DDE3; }
 QPushButton[quietly="true"] { text-align:left; padding:2px 10px; }
 QPushButton[name="true"] { text-align:left; padding:2px 8px; }
 QPushButton[edge="true"] { border:0; border-left:1px solid #D9DDB8; border-radius:0; padding:0; font-weight:bold;
@@ -150,6 +151,9 @@ QTableView::item:selected { background:#E4E7FF; color:#1F2733; }
 QHeaderView { background:#FFFFFF; }
 QHeaderView::section { background:#F4F5F7; color:#3D4755; border:0; border-bottom:1px solid #D9DDE3; padding:3px 6px;
     font-weight:bold; font-size:12px; }
+QProgressBar { background:#EEF0F3; border:1px solid #D9DDE3; border-radius:4px; min-height:18px; max-height:18px;
+    text-align:center; }
+QProgressBar::chunk { background:#C0C0FF; border-radius:3px; }
 QScrollBar:vertical { background:transparent; width:10px; margin:0; }
 QScrollBar::handle:vertical { background:#C9CFD8; border-radius:5px; min-height:24px; }
 QScrollBar:horizontal { background:transparent; height:10px; margin:0; }

@@ -18,6 +18,12 @@ constexpr int pixels(double twips)
     return static_cast<int>(twips / twipsPerPixel);
 }
 
+// A little beside a button is still on it.
+bool isOn(const QRect &button, const QMouseEvent &event)
+{
+    return !button.isEmpty() && button.adjusted(-4, -4, 4, 4).contains(event.pos());
+}
+
 void drawButton(QPainter &painter, const QRect &rect, bool held, bool cross)
 {
     painter.setPen(Qt::NoPen);
@@ -53,15 +59,21 @@ void TitleBar::setSkin(const Skin &skin)
     update();
 }
 
+void TitleBar::hideButtons()
+{
+    m_buttons = m_closeHeld = m_minimiseHeld = false;
+    update();
+}
+
 QRect TitleBar::closeRect() const
 {
     const TwipRect at = chrome::image4apa(width() * twipsPerPixel);
-    return {pixels(at.left), pixels(at.top), pixels(at.width), pixels(at.height)};
+    return m_buttons ? QRect(pixels(at.left), pixels(at.top), pixels(at.width), pixels(at.height)) : QRect();
 }
 
 QRect TitleBar::minimiseRect() const
 {
-    return m_minimise ? closeRect().translated(-22, 0) : QRect();
+    return m_minimise && m_buttons ? closeRect().translated(-22, 0) : QRect();
 }
 
 void TitleBar::paintEvent(QPaintEvent *)
@@ -79,8 +91,9 @@ void TitleBar::paintEvent(QPaintEvent *)
     painter.setPen(look::onSkin);
     const int left = pixels(chrome::leftEnd);
     painter.drawText(QRect(left, 0, width() - left - 60, height()), Qt::AlignVCenter | Qt::AlignLeft, m_title);
-    drawButton(painter, closeRect(), m_closeHeld, true);
-    if (m_minimise)
+    if (m_buttons)
+        drawButton(painter, closeRect(), m_closeHeld, true);
+    if (m_buttons && m_minimise)
         drawButton(painter, minimiseRect(), m_minimiseHeld, false);
 }
 
@@ -88,8 +101,8 @@ void TitleBar::mousePressEvent(QMouseEvent *event)
 {
     if (event->button() != Qt::LeftButton)
         return;
-    m_closeHeld = closeRect().adjusted(-4, -4, 4, 4).contains(event->pos());
-    m_minimiseHeld = !m_closeHeld && minimiseRect().adjusted(-4, -4, 4, 4).contains(event->pos());
+    m_closeHeld = isOn(closeRect(), *event);
+    m_minimiseHeld = !m_closeHeld && isOn(minimiseRect(), *event);
     m_dragging = !m_closeHeld && !m_minimiseHeld && !window()->isMaximized();
     m_noted = event->globalPosition().toPoint() - window()->pos();
     update();
@@ -115,8 +128,8 @@ void TitleBar::mouseDoubleClickEvent(QMouseEvent *event)
 
 void TitleBar::mouseReleaseEvent(QMouseEvent *event)
 {
-    const bool close = m_closeHeld && closeRect().adjusted(-4, -4, 4, 4).contains(event->pos());
-    const bool minimise = m_minimiseHeld && minimiseRect().adjusted(-4, -4, 4, 4).contains(event->pos());
+    const bool close = m_closeHeld && isOn(closeRect(), *event);
+    const bool minimise = m_minimiseHeld && isOn(minimiseRect(), *event);
     m_closeHeld = m_minimiseHeld = m_dragging = false;
     update();
     if (close)

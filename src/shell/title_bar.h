@@ -19,6 +19,7 @@ public:
     QString title() const { return m_title; }
     void setTitle(const QString &title);
     void setSkin(const Skin &skin);
+    void hideButtons(); // while the window is not to be closed by chance
 
 signals:
     void closeClicked();
@@ -36,7 +37,7 @@ private:
     QRect minimiseRect() const;
 
     Skin m_skin;
-    bool m_minimise;
+    bool m_minimise, m_buttons = true;
     QString m_title = u"TITRE"_s; // until the screen is up
     bool m_closeHeld = false, m_minimiseHeld = false, m_dragging = false;
     QPoint m_noted; // the point of the press, within the window

@@ -9,6 +9,9 @@
 //     raw NAME TEXT                   writes a file of the program folder from outside, "\n" for a line break; a name
 //                                     with blanks stands in quotes
 //     picture NAME [WIDTHxHEIGHT]     writes a PNG picture under any name, 4x3 pixels by default
+//     serve PATH TEXT                 a server on this machine gives this text there; "serveurs.ini" names the server
+//     stall PATH TEXT                 the same, but half of the text comes and then nothing more
+//     asked REQUEST | ...             what the server was asked for since last looked at, "GET " left out
 //     restart                         the program is killed and started on the same folder
 //     > COMMAND                       given to the driver; without an expected answer any but an error is right
 //     = COMMAND => ANSWER             the same, with the answer that it must give, to the letter
@@ -18,8 +21,11 @@
 //     < ANSWER                        the answer that the command before must have given
 //     ~ PATTERN                       a regular expression that the answer before must match as a whole
 //
+// In all lines @server stands for the server's address and @folder for the program folder.
+//
 // An unexpected warning of Qt fails the scenario too.
 #include "app/driver.h"
+#include "online/test_server.h"
 #include "shell/look.h"
 
 #include <QApplication>
@@ -62,7 +68,9 @@ public:
         int number = 0;
         while (!file.atEnd()) {
             m_where = QStringLiteral("%1:%2").arg(m_file).arg(++number);
-            QString line = QString::fromUtf8(file.readLine());
+            QString line = QString::fromUtf8(file.readLine()).replace(u"@folder"_qs, m_folder.path());
+            if (m_server)
+                line.replace(u"@server"_qs, m_server->address({}));
             if (line.endsWith(u'\n'))
                 line.chop(1);
             step(line);
@@ -157,6 +165,10 @@ private:
             writeRaw(rest.section(u' ', 0, 0), rest.section(u' ', 1));
         else if (word == u"picture")
             writePicture(rest.section(u' ', 0, 0), rest.section(u' ', 1));
+        else if (word == u"serve" || word == u"stall")
+            serve(rest.section(u' ', 0, 0), lines(rest.section(u' ', 1)), word == u"stall");
+        else if (word == u"asked")
+            expectAsked(rest);
         else if (word == u"restart")
             m_driver.reset();
         else if (line != u"folder empty")
@@ -173,6 +185,28 @@ private:
         }
     }
 
+    void serve(const QString &path, const QByteArray &text, bool stalls)
+    {
+        if (!m_server) {
+            m_server = std::make_unique<test::TestServer>();
+            const QString address = m_server->address({});
+            writeRaw(u"serveurs.ini"_qs,
+                     u"[serveurs]\\nmaj=%1\\nmiroir=%1/miroir\\nsite=%1/site\\ncontact=moi@exemple.org\\n"_qs.arg(
+                         address));
+        }
+        m_server->lay(path, {.content = text, .sent = stalls ? text.size() / 2 : -1, .silent = stalls});
+    }
+
+    void expectAsked(const QString &requests)
+    {
+        QStringList asked;
+        for (const QByteArray &request : m_server ? std::exchange(m_server->asked, {}) : QList<QByteArray>())
+            asked << QString::fromUtf8(request.mid(4));
+        ++m_checks;
+        if (asked.join(u" | "_qs) != requests)
+            fail(m_where, QStringLiteral("the server was asked for «%1»").arg(asked.join(u" | "_qs)));
+    }
+
     // Of a file to be, its folder made.
     QString placeOf(const QString &name) const
     {
@@ -181,10 +215,15 @@ private:
         return path;
     }
 
-    void writeRaw(const QString &name, QString text)
+    static QByteArray lines(QString text)
+    {
+        return text.replace(u"\\n"_qs, u"\r\n"_qs).toLatin1();
+    }
+
+    void writeRaw(const QString &name, const QString &text)
     {
         QFile file(placeOf(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(text.replace(u"\\n"_qs, u"\r\n"_qs).toLatin1()) < 0)
+        if (!file.open(QIODevice::WriteOnly) || file.write(lines(text)) < 0)
             fail(m_where, QStringLiteral("can't write ") + name);
     }
 
@@ -206,6 +245,7 @@ private:
 
     QString m_sample, m_file, m_where, m_command, m_answer;
     QTemporaryDir m_folder;
+    std::unique_ptr<test::TestServer> m_server;
     std::unique_ptr<Driver> m_driver;
     char m_decimal = '.';
     bool m_open = false;

@@ -1,6 +1,7 @@
 #include "screens/results/form1_main.h"
 
 #include "kinds/name_search.h"
+#include "kinds/page_view.h"
 #include "kinds/picker.h"
 #include "results/amending.h"
 #include "results/media_of_grand_prix.h"
@@ -36,7 +37,8 @@ Form1::Form1(Context &theContext, const QString &name, const QString &title)
     start();
 }
 
-// What opening the program does: the marked season, its last Grand Prix, scale, "nogp" and skin.
+// What opening the program does: the marked season, its last Grand Prix, scale, "nogp" and skin;
+// then the start-up notice.
 void Form1::start()
 {
     if (results::openMarkedSeason(m_main))
@@ -44,6 +46,7 @@ void Form1::start()
     results::openOnLastRecorded(m_main);
     context.skin = skinNamed(results::chosenSkin(context.store));
     dress();
+    fetchNotice(context, u"//progload2.htm"_s, this);
 }
 
 void Form1::registerHidden()
