@@ -291,7 +291,7 @@ TEST(Menus, DropDownsStandWholeOnTheDisplay)
 
 class MenusOfTheProgram : public test::DrivenProgram {
 protected:
-    MenusOfTheProgram() : DrivenProgram({"f12005.ini"}) { }
+    MenusOfTheProgram() : DrivenProgram({"f12005.ini", "Année"}) { }
 };
 
 TEST_F(MenusOfTheProgram, StandBesideTheirButtons)
