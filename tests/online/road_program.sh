@@ -31,7 +31,7 @@ cp -R "$sample" programme
 cp "$bin"/{circuidex,circuidex-driver,Zip} programme/
 { echo '[serveurs]'; echo "maj=http://127.0.0.1:$port"; cat serveurs.ligne; } >programme/serveurs.ini
 printf '%s\n' start 'read f12006.ini [N°] nbpts1' 'press Form1.Label72' settle 'get Form67.page' \
-    'press Form67.Command1' settle 'get Form67.Text2' calls windows quit | drive | tee answers
+    'press Form67.Command1' settle calls windows quit | drive | tee answers
 [[ $(sed -n 2p answers) == "" ]] || fault "the season was there before"
 grep -qx "start $work/programme/Zip	end" answers || fault "the extractor wasn't started"
 [[ -s programme/miseajour.zip ]] || fault "nothing was fetched"

@@ -1,5 +1,5 @@
-// The update cancelled at any moment: the extractor finds whole archives or none, so the folder is as it was before or as
-// after the update, never between the two.
+// The update cancelled at any moment: the extractor finds whole archives or none, so the folder is as it was before or
+// as after the update, never between the two.
 #include "online/archives.h"
 #include "online/test_server.h"
 #include "online/unpacking.h"
@@ -56,9 +56,7 @@ TEST(UpdateRun, CancelledAtAnyMomentLeavesTheFolderOldOrNew)
             layDown(folder / season, before);
         const bool stalls = i % 2 == 0; // in the middle of the archive
         server.lay(QStringLiteral("/miseajour.zip"),
-                   {.content = archive,
-                    .sent = stalls ? qsizetype(random()) % archive.size() : -1,
-                    .silent = stalls});
+                   {.content = archive, .sent = stalls ? qsizetype(random()) % archive.size() : -1, .silent = stalls});
         answer(driver, "open Form67");
         answer(driver, "press Form67.Command1");
         answer(driver, "wait " + std::to_string(random() % 12));

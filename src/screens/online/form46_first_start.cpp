@@ -8,6 +8,7 @@
 #include "results/navigation.h"
 #include "shell/look.h"
 #include "shell/screens.h"
+#include "store/store.h"
 
 #include <QBoxLayout>
 
@@ -62,7 +63,8 @@ Form46::Form46(Context &theContext, const QString &name, const QString &title) :
     m_said = add(u"avis"_s, new Label);
     m_said->setObjectName(u"lost"_s);
     m_said->setWordWrap(true);
-    m_said->setVisible(false);
+    m_said->setMinimumHeight(2 * look::rowHeight); // its place, so that nothing jumps when it says something
+    m_said->setAlignment(Qt::AlignTop);
     layout->addWidget(m_said);
     body()->setMinimumWidth(720);
 }
@@ -88,11 +90,8 @@ QWidget *Form46::withoutDownload()
 // Without a server there is nothing to wait for: the first start stays one.
 void Form46::download()
 {
-    if (const QString obstacle = updateObstacle(context); !obstacle.isEmpty()) {
-        m_said->setText(obstacle);
-        m_said->show();
-        return;
-    }
+    if (const QString obstacle = updateObstacle(context); !obstacle.isEmpty())
+        return m_said->setText(obstacle);
     results::markFirstSeason(context.store);
     m_toDownload = true;
     close();
@@ -107,6 +106,8 @@ void Form46::later()
 // Then the main screen opens as it does on a folder that had them before.
 void Form46::takeExamples()
 {
+    if (context.store.readOnly())
+        return m_said->setText(u"Le dossier est ouvert en lecture seule : rien ne peut y être copié."_s);
     const bool all = online::copyExamples(exampleFolder(), context.store.folder());
     context.store.newMoment();
     results::openMarkedSeason(context.main);
