@@ -17,7 +17,7 @@ void clearPlaces(const WritableSeason &season, std::string_view gpName)
 {
     for (int place = 1; place <= classifiedPlaces; ++place)
         season.write(keys::podiums, keys::podium(place, gpName), "");
-    season.write(keys::podiums, keys::rem(gpName), "");
+    storeRemark(season, gpName, "");
 }
 
 // The fields hold the stored result; what they show afterwards is the caller's affair.
@@ -29,7 +29,7 @@ void takeBack(RaceFields &fields, const WritableSeason &season, const Scale &sca
     countTeams(fields, season, scale, Count::takeBack);
     countPole(fields, season, Count::takeBack);
     fields.Text39.set("");
-    season.write(keys::N, keys::pol(fields.gp.text()), "");
+    storePole(season, fields.gp.text(), "");
     countDrivers(fields, season, scale, Count::takeBack);
 }
 

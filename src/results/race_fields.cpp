@@ -6,6 +6,12 @@ namespace circuidex::results {
 
 namespace {
 
+void store(const WritableSeason &season, std::string_view section, const std::string &key, const std::string &text)
+{
+    if (!text.empty() || !season.read(section, key).empty())
+        season.write(section, key, text);
+}
+
 constexpr int lastKeptSlot = 29;
 
 void count(const WritableSeason &season, std::string_view key, std::string_view amount, Count direction)
@@ -24,6 +30,16 @@ void countFromZero(const WritableSeason &season, std::string_view key, std::stri
         season.subtractFromZero(keys::N, key, amount);
 }
 
+}
+
+void storeRemark(const WritableSeason &season, std::string_view gpName, const std::string &remark)
+{
+    store(season, keys::podiums, keys::rem(gpName), remark);
+}
+
+void storePole(const WritableSeason &season, std::string_view gpName, const std::string &driver)
+{
+    store(season, keys::N, keys::pol(gpName), driver);
 }
 
 void showResult(RaceFields &fields, const Season &season)

@@ -25,6 +25,10 @@ struct RaceFields {
 // Fills the fields with what the season holds for the Grand Prix named in gp; the date is left alone.
 void showResult(RaceFields &fields, const Season &season);
 
+// A race's remark and the number of its pole-sitter. An empty one leaves no key behind where there was none.
+void storeRemark(const WritableSeason &season, std::string_view gpName, const std::string &remark);
+void storePole(const WritableSeason &season, std::string_view gpName, const std::string &driver);
+
 // Season steps that a recording counts in one direction and a cancellation in the other.
 enum class Count { add, takeBack };
 

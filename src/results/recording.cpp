@@ -31,7 +31,7 @@ void enterPlaces(const WritableSeason &season, MainRecord &main)
 {
     for (int place = 1; place <= classifiedPlaces; ++place)
         season.write(keys::podiums, keys::podium(place, main.gp.text()), main.number(place).text());
-    season.write(keys::podiums, keys::rem(main.gp.text()), main.Text41.text());
+    storeRemark(season, main.gp.text(), main.Text41.text());
 }
 
 // The points of this race alone, by team.
@@ -81,7 +81,7 @@ void enterResult(MainRecord &main)
     countTeams(main, season, scale, Count::add);
     enterTeamPoints(season, main, scale);
     countPole(main, season, Count::add);
-    season.write(keys::N, keys::pol(main.gp.text()), main.Text39.text());
+    storePole(season, main.gp.text(), main.Text39.text());
     countDrivers(main, season, scale, Count::add);
 }
 

@@ -31,12 +31,14 @@ Lines changesOf(const Keys &before, const Desk &desk)
     return changed;
 }
 
-// What isn't one of the race's own keys, to the byte.
+// What isn't one of the keys that a stopped simulation leaves, to the byte.
 std::string bytesBeside(const Desk &desk)
 {
     std::string kept;
-    for (const std::string &line : split(content(desk.folder / "f12005.ini"), '\n'))
-        kept += line.ends_with("Chine=\r") || line.ends_with("ecuriepts/gp18=0\r") ? "" : line + "\n";
+    for (const std::string &line : split(content(desk.folder / "f12005.ini"), '\n')) {
+        const bool place = line.starts_with("podium") && line.ends_with("Chine=\r");
+        kept += place || line.starts_with("dategpChine=") || line.ends_with("ecuriepts/gp18=0\r") ? "" : line + "\n";
+    }
     return kept;
 }
 
