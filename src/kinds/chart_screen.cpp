@@ -245,6 +245,20 @@ Button *ChartScreen::drawButton(const QString &caption)
     return made;
 }
 
+QHBoxLayout *ChartScreen::settingsRow(bool prints)
+{
+    auto *row = new QHBoxLayout;
+    row->setSpacing(6);
+    if (prints)
+        row->addWidget(printCommand(u"Label7"_s));
+    row->addLayout(thicknessRow());
+    row->addSpacing(12);
+    if (m_chart.instance().scaled())
+        row->addLayout(scaleRow());
+    row->addStretch(1);
+    return row;
+}
+
 void ChartScreen::begin()
 {
     if (m_chart.instance().refreshesScale)
@@ -300,7 +314,7 @@ void ChartScreen::addSeries(ChartPicture &picture) const
             const Control *piece = control(u"Line%1"_s.arg(s + 1), k);
             const TwipLine line = *piece->line();
             if (k == 0)
-                stroke = {{{line.x1, line.y1}}, *piece->fore(), line.width, false, seriesName(s)};
+                stroke = {{{line.x1, line.y1}}, *piece->fore(), line.width, highlighted(s), seriesName(s)};
             if (line.x2 <= end)
                 stroke.points.push_back({line.x2, line.y2});
         }
@@ -311,6 +325,12 @@ void ChartScreen::addSeries(ChartPicture &picture) const
         picture.masks.push_back({control(u"stopgraph"_s)->geometry(), look::card});
 }
 
+// Alone thicker than the others.
+bool ChartScreen::highlighted(int series) const
+{
+    return m_chart.lineWidth(series) > m_chart.lineWidth((series + 1) % seriesCount);
+}
+
 void ChartScreen::addAverage(ChartPicture &picture) const
 {
     if (!m_chart.averageShown())
@@ -318,7 +338,7 @@ void ChartScreen::addAverage(ChartPicture &picture) const
     for (int i = 0; i < segments; ++i) {
         const Control *piece = averagePiece(i);
         if (const TwipLine line = *piece->line(); line.x2 <= m_chart.mask())
-            picture.lines.push_back(stroke(line, *piece->fore()));
+            picture.lines.push_back({{{line.x1, line.y1}, {line.x2, line.y2}}, *piece->fore(), line.width, true, {}});
     }
     const double left = paper().width() - 1500, y = paper().top - averageCaption + axisCaptionHeight / 2;
     picture.leaders.push_back(stroke({left - 350, y, left - 90, y, 1}, Qt::black));

@@ -43,8 +43,8 @@ protected:
     virtual std::vector<EdgeCaption> edgeCaptions() const { return {}; }
 
     Label *marker(int series);
-    QLayout *thicknessRow();
-    QLayout *scaleRow();
+    // "Imprimer", thickness and scale at the left; what is added stands at the right.
+    QHBoxLayout *settingsRow(bool prints);
     QLayout *driversPanel(int series, const QString &caption); // of the team that a series draws
     Button *drawButton(const QString &caption = u"Traçer courbe"_s);
     QColor colour(int series) const;
@@ -52,6 +52,9 @@ protected:
     charts::SeasonChart m_chart;
 
 private:
+    QLayout *thicknessRow();
+    QLayout *scaleRow();
+    bool highlighted(int series) const;
     QString raceName(int series, int slot) const;
     QString gainText(int series, int slot) const;
     void showDrivers();

@@ -27,7 +27,7 @@ SeasonsChart::SeasonsChart(Context &theContext, const QString &name, const QStri
     auto *layout = page();
     layout->addWidget(question());
     layout->addWidget(card({}, chart), 1);
-    layout->addLayout(foot());
+    layout->addLayout(settingsRow(true));
     resize(1000, 700);
     begin();
 }
@@ -94,19 +94,6 @@ QLayout *SeasonsChart::heads()
     SeasonKey::Colours colours;
     std::copy(std::begin(look::pairBars), std::end(look::pairBars), colours.begin());
     m_key.emplace(*this, headLabels, colours, qt(m_row.heads));
-    return row;
-}
-
-QLayout *SeasonsChart::foot()
-{
-    auto *row = new QHBoxLayout;
-    row->setSpacing(6);
-    row->addWidget(printCommand(u"Label7"_s));
-    row->addLayout(thicknessRow());
-    row->addSpacing(12);
-    if (m_row.controls.instance.scaled())
-        row->addLayout(scaleRow());
-    row->addStretch(1);
     return row;
 }
 

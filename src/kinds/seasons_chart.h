@@ -32,7 +32,6 @@ private:
     QWidget *question();
     QLayout *subject();
     QLayout *heads();
-    QLayout *foot();
 
     const SeasonsChartRow &m_row;
     Field m_year; // an

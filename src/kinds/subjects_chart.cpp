@@ -167,15 +167,7 @@ void SubjectsChart::registerBar(int bar)
 
 QLayout *SubjectsChart::foot()
 {
-    auto *row = new QHBoxLayout;
-    row->setSpacing(6);
-    if (!m_row.hasLinks())
-        row->addWidget(printCommand(u"Label7"_s));
-    row->addLayout(thicknessRow());
-    row->addSpacing(12);
-    if (m_row.controls.instance.scaled())
-        row->addLayout(scaleRow());
-    row->addStretch(1);
+    auto *row = settingsRow(!m_row.hasLinks());
     row->addWidget(drawButton());
     auto *rows = new QVBoxLayout;
     rows->setSpacing(6);
