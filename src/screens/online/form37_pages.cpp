@@ -47,7 +47,9 @@ public:
         resize(900, 640);
         const auto go = [this] { send(qt(m_wanted.text()), qt(m_server.text())); };
         go();
-        timer(u"Timer1"_s, toNavigate, TimerControl::Kind::once, go).start(toNavigate);
+        TimerControl &later = timer(u"Timer1"_s, toNavigate, TimerControl::Kind::once, go);
+        later.start(toNavigate);
+        listen(m_wanted, [&later](const std::string &) { later.start(toNavigate); }); // written while a page is open
     }
 
 private:
