@@ -101,8 +101,7 @@ private:
     QWidget *deletionCard();
     Button *sign(const QString &name, QStyle::StandardPixmap picture, const QString &tip,
                  std::function<void()> handler);
-    Label *leap(const QString &name, const QString &caption, const QString &tip,
-                void (media::FilmPlayer::*seek)(std::int64_t));
+    Label *leap(const QString &name, const QString &caption, const QString &tip, std::function<void()> seek);
 
     void playSelected();
     void playCalled();
@@ -172,12 +171,12 @@ FrmMain::~FrmMain()
 QWidget *FrmMain::pageCard()
 {
     auto *head = new QHBoxLayout;
-    head->addWidget(
-        leap(u"Label1"_s, u"Page N°:"_s, u"Avancer de 2 minutes et demie"_s, &media::FilmPlayer::SeekForward));
+    head->addWidget(leap(u"Label1"_s, u"Page N°:"_s, u"Avancer de 2 minutes et demie"_s,
+                         [this] { m_player.SeekForward(seekLeap); }));
     head->addWidget(pageNumber());
     head->addStretch(1);
     head->addWidget(
-        leap(u"Label2"_s, u"Vidéo N°:"_s, u"Reculer de 2 minutes et demie"_s, &media::FilmPlayer::SeekBack));
+        leap(u"Label2"_s, u"Vidéo N°:"_s, u"Reculer de 2 minutes et demie"_s, [this] { m_player.SeekBack(seekLeap); }));
     auto *number = slotNumber();
     number->setMinimumWidth(26);
     head->addWidget(number);
@@ -277,10 +276,9 @@ Button *FrmMain::sign(const QString &name, QStyle::StandardPixmap picture, const
     return made;
 }
 
-Label *FrmMain::leap(const QString &name, const QString &caption, const QString &tip,
-                     void (media::FilmPlayer::*seek)(std::int64_t))
+Label *FrmMain::leap(const QString &name, const QString &caption, const QString &tip, std::function<void()> seek)
 {
-    auto *made = command(name, caption, [this, seek] { (m_player.*seek)(seekLeap); });
+    auto *made = command(name, caption, std::move(seek));
     made->setToolTip(tip);
     return made;
 }
