@@ -205,7 +205,7 @@ private:
             asked << QString::fromUtf8(request.mid(4));
         ++m_checks;
         const QString all = asked.join(u" | "_qs);
-        QStringList expected = requests.split(u" | "_qs);
+        QStringList expected = requests.split(u" | "_qs, Qt::SkipEmptyParts);
         expected.removeIf([&asked](const QString &each) {
             return each.startsWith(u'(') && asked.removeOne(each.mid(1, each.size() - 2));
         });
