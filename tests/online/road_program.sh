@@ -42,8 +42,8 @@ for _ in {1..200}; do program=$(started); [[ -n $program ]] && break || sleep 0.
 echo "Zip: status 0; $(readlink /proc/"$program"/exe) runs"
 [[ ! -e programme/miseajour.zip ]] || fault "the archive is still there"
 cmp an2006/f12006.ini programme/f12006.ini
-printf '%s\n' start 'set Form1.an 2006' 'key Form1.an Enter' 'read f12006.ini [N°] nbpts1' 'get Form1.gp' \
+printf '%s\n' start settle 'set Form1.an 2006' 'key Form1.an Enter' 'read f12006.ini [N°] nbpts1' 'get Form1.gp' \
     'get Form1.Text31' 'get Form1.nonconservees' quit | drive | tee answers
-[[ $(sed -n 4p answers) == 134 ]] || fault "the champion of 2006 lacks his 134 points"
+[[ $(sed -n 5p answers) == 134 ]] || fault "the champion of 2006 lacks his 134 points"
 sed -n 's/^.*\] "/the server was asked: "/p' serveur.journal
 echo "The season 2006 came by the update screen."

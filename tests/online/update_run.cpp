@@ -35,6 +35,15 @@ std::string editionOf(const TemporaryFolder &folder)
     return found.size() == 1 ? *found.begin() : "between";
 }
 
+// Until the file is there, or the run has ended; without a file for a few moments.
+void letItRun(Driver &driver, const std::filesystem::path &file, std::mt19937::result_type random)
+{
+    if (file.empty())
+        answer(driver, "wait " + std::to_string(random % 12));
+    while (!file.empty() && !std::filesystem::exists(file) && answer(driver, "isopen Form67") == "yes")
+        answer(driver, "wait 1");
+}
+
 TEST(UpdateRun, CancelledAtAnyMomentLeavesTheFolderOldOrNew)
 {
     TestServer server;
@@ -59,7 +68,11 @@ TEST(UpdateRun, CancelledAtAnyMomentLeavesTheFolderOldOrNew)
                    {.content = archive, .sent = stalls ? qsizetype(random()) % archive.size() : -1, .silent = stalls});
         answer(driver, "open Form67");
         answer(driver, "press Form67.Command1");
-        answer(driver, "wait " + std::to_string(random() % 12));
+        letItRun(driver,
+                 i % 4 == 0       ? folder / "miseajour.zip.part"
+                     : i % 4 == 1 ? folder / "miseajour.zip"
+                                  : "",
+                 random());
         if (answer(driver, "isopen Form67") == "yes")
             answer(driver, "press Form67.Command2");
         answer(driver, "settle");
