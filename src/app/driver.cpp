@@ -223,6 +223,18 @@ Driver::Driver(const std::filesystem::path &folder, Numbers numbers)
 {
 }
 
+Driver::~Driver()
+{
+    leave();
+}
+
+// With what it had asked of the network.
+void Driver::leave()
+{
+    m_program.reset();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
 std::optional<QString> Driver::execute(const QString &line)
 {
     if (line.trimmed().isEmpty() || line.startsWith(u'#'))
@@ -240,7 +252,7 @@ std::optional<QString> Driver::execute(const QString &line)
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // screens that closed are gone
     m_program->settle();
     if (m_platform.ended) { // what it wrote stays, the rest is gone with it
-        m_program.reset();
+        leave();
         m_platform.startAnew();
         m_program = std::make_unique<Program>(m_folder, m_numbers, m_dialogs, m_platform);
     }

@@ -81,6 +81,7 @@ private:
 class Driver {
 public:
     Driver(const std::filesystem::path &folder, Numbers numbers);
+    ~Driver();
 
     // The answer to one command line; absent for an empty line and a comment.
     std::optional<QString> execute(const QString &line);
@@ -89,6 +90,7 @@ public:
     RecordingPlatform &platform() { return m_platform; }
 
 private:
+    void leave();
     std::optional<QString> dispatch(const QString &command, const QString &arguments);
     std::optional<QString> onScreens(const QString &command, const QString &argument);
     std::optional<QString> onControl(const QString &command, const QString &argument);
