@@ -66,7 +66,6 @@ TEST_F(Download, FailsWithoutAFile)
         QString said;
     } cases[] = {
         {"/cut", {.content = film, .sent = 1000}, "Échec"},
-        {"/chunks cut", {.content = film, .sent = 1000, .chunked = true}, "Échec"},
         {"/told more", {.content = "abc", .told = 5}, "Échec"},
         {"/silent", {.content = film, .sent = 1000, .silent = true}, "ne répond plus"},
         {"/never answers", {.content = film, .sent = 0, .silent = true}, "ne répond plus"},
