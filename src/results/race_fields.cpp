@@ -6,13 +6,13 @@ namespace circuidex::results {
 
 namespace {
 
+constexpr int lastKeptSlot = 29;
+
 void store(const WritableSeason &season, std::string_view section, const std::string &key, const std::string &text)
 {
     if (!text.empty() || !season.read(section, key).empty())
         season.write(section, key, text);
 }
-
-constexpr int lastKeptSlot = 29;
 
 void count(const WritableSeason &season, std::string_view key, std::string_view amount, Count direction)
 {

@@ -4,9 +4,8 @@
 #include "shell/fixed_text.h"
 #include "shell/look.h"
 #include "shell/screens.h"
-#include "store/disk.h"
 #include "store/store.h"
-#include "store/text.h"
+#include "store/text_file.h"
 
 #include <QBoxLayout>
 
@@ -30,6 +29,7 @@ const Topic topics[]{
     {u"Label9"_s, u"Multi-Média"_s, u"Text10"_s, u"multimedia"_s},
 };
 
+constexpr std::size_t longest = std::size_t(1) << 20; // bytes of the user's own text; a longer one isn't shown
 constexpr int firstRise = 100, nextRises = 5000; // milliseconds until the help comes to the top again
 
 class Form27 : public Screen {
@@ -94,9 +94,9 @@ QWidget *Form27::text()
 // The file's own text; nothing without the file.
 QString Form27::userText() const
 {
-    std::string bytes;
-    disk::read(findFile(context.store.folder(), "A1.txt"), bytes);
-    return isText(bytes) ? qt(toUtf8(bytes)) : QString();
+    const std::filesystem::path folder = context.store.folder();
+    const std::string name = std::filesystem::path(findFile(folder, "A1.txt")).filename().string();
+    return qt(text_file::read(folder.string(), name, longest).value_or(""));
 }
 
 }
