@@ -200,9 +200,24 @@ void RecordingPlatform::openAddress(const std::string &address)
     calls << u"open "_s + QString::fromStdString(address);
 }
 
-void RecordingPlatform::changeDisplay(const DisplayMode &mode)
+DisplayChange RecordingPlatform::changeDisplay(const DisplayMode &mode, int hertz)
 {
-    calls << u"mode %1 %2 %3 75"_s.arg(mode.width).arg(mode.height).arg(mode.depth);
+    calls << u"mode %1 %2 %3 %4"_s.arg(mode.width).arg(mode.height).arg(mode.depth).arg(hertz);
+    if (displayAnswer == DisplayChange::done)
+        display = mode;
+    return displayAnswer;
+}
+
+void RecordingPlatform::changeDisplayPlainly(int width, int height)
+{
+    calls << u"mode %1 %2"_s.arg(width).arg(height);
+    display.width = width;
+    display.height = height;
+}
+
+void RecordingPlatform::restartMachine()
+{
+    calls << u"restart"_s;
 }
 
 void RecordingPlatform::endProgram()
@@ -282,6 +297,8 @@ std::optional<QString> Driver::dispatch(const QString &command, const QString &a
         return list(std::exchange(m_dialogs.shown, {}));
     if (command == u"film")
         return onFilm(arguments);
+    if (command == u"display")
+        return onDisplay(arguments);
     if (command == u"asked")
         return list(std::exchange(m_dialogs.asked, {}));
     if (command == u"calls")
@@ -327,6 +344,22 @@ QString Driver::settle() const
             return error(u"timers don't come to rest"_s);
         runEvents(!pictures);
     }
+    return ok;
+}
+
+// "display 1280 1024 32", "display result 1"
+QString Driver::onDisplay(const QString &argument)
+{
+    const QStringList words = argument.split(u' ', Qt::SkipEmptyParts);
+    const auto number = [&](qsizetype i) { return words.value(i).toInt(); };
+    if (words.value(0) == u"result" && words.size() == 2)
+        m_platform.displayAnswer = number(1) == 0   ? DisplayChange::done
+                                   : number(1) == 1 ? DisplayChange::restartNeeded
+                                                    : DisplayChange::refused;
+    else if (words.size() == 3)
+        m_platform.display = {number(0), number(1), number(2)};
+    else
+        return error(u"expected: display W H DEPTH, or display result N"_s);
     return ok;
 }
 

@@ -64,11 +64,16 @@ public:
     void printText(const std::string &text, Printing how) override;
     void startProgram(const std::string &path) override;
     void openAddress(const std::string &address) override;
-    void changeDisplay(const DisplayMode &mode) override;
+    DisplayMode displayMode() const override { return display; }
+    DisplayChange changeDisplay(const DisplayMode &mode, int hertz) override;
+    void changeDisplayPlainly(int width, int height) override;
+    void restartMachine() override;
     void endProgram() override;
     Room roomFor(const QWidget &) const override { return room; }
 
     QStringList calls;
+    DisplayMode display{1280, 1024, 32};
+    DisplayChange displayAnswer = DisplayChange::done; // to every change but the plain one
     Room room{0, 0, 1024, 768}; // of the display that the screens are made for
     StandInPlayer film{calls};
     bool ended = false; // the program, by itself
@@ -95,6 +100,7 @@ private:
     std::optional<QString> onScreens(const QString &command, const QString &argument);
     std::optional<QString> onControl(const QString &command, const QString &argument);
     std::optional<QString> onFilm(const QString &argument);
+    QString onDisplay(const QString &argument);
     std::optional<QString> onFiles(const QString &command, const QString &argument);
     QString wait(int milliseconds) const;
     QString settle() const;

@@ -14,7 +14,7 @@ namespace circuidex {
 
 namespace {
 
-constexpr int nameWidth = 134, raceWidth = 74, rightWidth = 126; // pixels
+constexpr int gridNameWidth = 134, gridRaceWidth = 74, rightWidth = 126; // pixels
 constexpr int headHeight = 18;
 
 // Figures stand in one column; a mark behind them ("(Pole)") is small and leaves them there.
@@ -65,7 +65,7 @@ int heightOfRows(int rows, int display)
 QString shortened(const QString &name, const QFontMetrics &metrics)
 {
     const qsizetype blank = name.indexOf(u' ');
-    if (blank < 2 || metrics.horizontalAdvance(name) <= raceWidth - 12)
+    if (blank < 2 || metrics.horizontalAdvance(name) <= gridRaceWidth - 12)
         return name;
     return name.left(1) + u"."_s + name.mid(blank);
 }
@@ -97,16 +97,16 @@ DetailedGrid::DetailedGrid(Context &theContext, const QString &name, const QStri
     layout->addWidget(m_bands[1], 0, Qt::AlignLeft);
     setFocusPolicy(Qt::StrongFocus); // no cell looks chosen on opening
     setFocus();
-    setFixedSize(nameWidth + racesOfBand * raceWidth + rightWidth + 20, sizeHint().height());
+    setFixedSize(gridNameWidth + racesOfBand * gridRaceWidth + rightWidth + 20, sizeHint().height());
 }
 
 Table *DetailedGrid::band(const DetailedGridKind &kind, int which, int rowHeight)
 {
     std::vector<Column> columns{kind.name};
-    columns[0].width = nameWidth;
+    columns[0].width = gridNameWidth;
     columns[0].firstIndex += which * kind.rows;
     for (int race = which * racesOfBand; race < (which + 1) * racesOfBand; ++race)
-        columns.push_back({u"Text5"_s, {}, raceWidth, Qt::AlignHCenter, {}, stride * race});
+        columns.push_back({u"Text5"_s, {}, gridRaceWidth, Qt::AlignHCenter, {}, stride * race});
     const auto &right = kind.atRight[static_cast<std::size_t>(which)];
     columns.insert(columns.end(), right.begin(), right.end());
     Table *made = table(std::move(columns), kind.rows);

@@ -9,7 +9,7 @@ namespace circuidex {
 void restoreDisplay(const Context &context)
 {
     if (const auto saved = results::displayToRestore(context.main.season()))
-        context.platform.changeDisplay({saved->width, saved->height, saved->depth});
+        context.platform.changeDisplay({saved->width, saved->height, saved->depth}, 75);
 }
 
 }

@@ -11,7 +11,7 @@ namespace circuidex {
 
 namespace {
 
-constexpr int numberWidth = 30, nameWidth = 128; // pixels
+constexpr int raceNumberWidth = 30, raceNameWidth = 128; // pixels
 const QString gpColumn = u"Label6"_s;
 
 }
@@ -81,7 +81,7 @@ RaceTable::RaceTable(Context &theContext, const QString &name, const QString &ti
 
 Table *RaceTable::raceTable(const QString &gpTitle, std::vector<Column> columns)
 {
-    columns.insert(columns.begin(), {{{}, u"N°"_s, numberWidth, Qt::AlignRight}, {gpColumn, gpTitle, nameWidth}});
+    columns.insert(columns.begin(), {{{}, u"N°"_s, raceNumberWidth, Qt::AlignRight}, {gpColumn, gpTitle, raceNameWidth}});
     int width = 2;
     for (const Column &column : columns)
         width += column.width;

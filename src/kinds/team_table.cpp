@@ -11,7 +11,7 @@ namespace circuidex {
 
 namespace {
 
-constexpr int figureWidth = 84; // pixels
+constexpr int teamFigureWidth = 84; // pixels
 
 struct DriverColumns {
     QString name, first, second; // controls
@@ -72,11 +72,11 @@ QWidget *TeamTable::answer()
     for (const bool second : {false, true})
         for (int car = 1; const DriverColumns &driver : drivers) {
             const QString title = (second ? m_kind.second : m_kind.first).arg(car++);
-            columns.push_back({second ? driver.second : driver.first, title, figureWidth, Qt::AlignRight});
+            columns.push_back({second ? driver.second : driver.first, title, teamFigureWidth, Qt::AlignRight});
             columns.back().back = driver.back;
         }
     for (const auto &[name, title] : {std::pair(u"Text5"_s, m_kind.team), std::pair(u"Text7"_s, m_kind.sum)}) {
-        columns.push_back({name, title, figureWidth, Qt::AlignRight});
+        columns.push_back({name, title, teamFigureWidth, Qt::AlignRight});
         columns.back().back = look::gain;
     }
     m_table = wideTable(u"Nom du Grand-Prix:"_s, std::move(columns));

@@ -17,7 +17,10 @@ struct Room { // in pixels
 
 struct DisplayMode { // in pixels, and bits of a pixel
     int width, height, depth;
+    bool operator==(const DisplayMode &) const = default;
 };
+
+enum class DisplayChange { done, restartNeeded, refused };
 
 // On the default printer, or on what the user chooses in the system's print dialog: printer, pages or a PDF file.
 enum class Printing { atOnce, asked };
@@ -34,8 +37,14 @@ public:
     virtual void startProgram(const std::string &path) = 0;
     virtual void openAddress(const std::string &address) = 0;
 
-    // Another mode for the whole display, at 75 Hz; where there is no such thing, nothing happens.
-    virtual void changeDisplay(const DisplayMode &mode) = 0;
+    // The mode of the display at this moment.
+    virtual DisplayMode displayMode() const = 0;
+    // Another mode for the whole display: asks for it once, and says what came of it.
+    virtual DisplayChange changeDisplay(const DisplayMode &mode, int hertz) = 0;
+    // The fallback: the nearest the display has to this size, whatever its depth and frequency.
+    virtual void changeDisplayPlainly(int width, int height) = 0;
+    // Only ever on the user's Yes.
+    virtual void restartMachine() = 0;
 
     // The program ends as soon as what runs has returned; no screen goes through its closing.
     virtual void endProgram() = 0;

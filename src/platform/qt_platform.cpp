@@ -156,6 +156,13 @@ void QtPlatform::openAddress(const std::string &address)
 }
 
 // Not by quit(), which would close the windows one by one.
+DisplayMode QtPlatform::displayMode() const
+{
+    const QScreen *display = QGuiApplication::primaryScreen();
+    const QSize size = display->size() * display->devicePixelRatio();
+    return {size.width(), size.height(), display->depth()};
+}
+
 void QtPlatform::endProgram()
 {
     QCoreApplication::exit(0);

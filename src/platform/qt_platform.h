@@ -21,7 +21,10 @@ public:
     media::FilmPlayer &player() override { return m_player; }
     void startProgram(const std::string &path) override;
     void openAddress(const std::string &address) override;
-    void changeDisplay(const DisplayMode &) override { } // no display of today lends itself to it
+    DisplayMode displayMode() const override;
+    DisplayChange changeDisplay(const DisplayMode &, int) override { return DisplayChange::refused; }
+    void changeDisplayPlainly(int, int) override { }
+    void restartMachine() override { }
     void endProgram() override;
     Room roomFor(const QWidget &window) const override;
 

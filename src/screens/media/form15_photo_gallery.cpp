@@ -12,7 +12,7 @@ namespace circuidex::screens {
 
 namespace {
 
-constexpr int columns = 6;
+constexpr int photoColumns = 6;
 constexpr int previewDelay = 250; // ms, in which a second click makes it a double click
 
 class Form15 : public GalleryPage {
@@ -40,7 +40,7 @@ private:
 };
 
 Form15::Form15(Context &theContext, const QString &name, const QString &title)
-    : GalleryPage(theContext, name, title, media::photos, columns),
+    : GalleryPage(theContext, name, title, media::photos, photoColumns),
       m_preview(&timer(u"Timer1"_s, 0, TimerControl::Kind::once, [this] { preview(); }))
 {
     hidden(u"cheMin"_s, m_path);
@@ -82,7 +82,7 @@ QLayout *Form15::slotGrid()
         auto *inside = new QVBoxLayout(frame);
         inside->setContentsMargins(4, 4, 4, 4);
         inside->addWidget(addSlot(u"Image1"_s, new Picture));
-        grid->addWidget(frame, slot / columns, slot % columns);
+        grid->addWidget(frame, slot / photoColumns, slot % photoColumns);
     }
     return grid;
 }

@@ -9,7 +9,7 @@ namespace circuidex::screens {
 
 namespace {
 
-constexpr int columns = 3, rows = media::titlesOnPage / columns;
+constexpr int titleColumns = 3, rows = media::titlesOnPage / titleColumns;
 constexpr int lastPage = 10'000'000; // beyond it no number names an article
 
 class Form29 : public Screen {

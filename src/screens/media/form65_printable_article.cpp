@@ -17,7 +17,7 @@ namespace {
 // In twips: a page of the text, and how far the small buttons move it.
 constexpr double pageHigh = 10215, smallStep = 500;
 // The sheet in pixels at its full size; it is shown as large as there is room.
-constexpr double sheetWide = 524, sheetHigh = 741, side = 36, textTop = 44;
+constexpr double sheetWide = 524, sheetHigh = 741, sheetSide = 36, textTop = 44;
 constexpr int linesOnPage = 40; // so that a page ends between two lines
 constexpr double lineHigh = pageHigh / twipsPerPixel / linesOnPage;
 constexpr int textSize = 13, titleSize = 16;
@@ -46,7 +46,7 @@ public:
         m_font.setPixelSize(textSize);
     }
     QSize sizeHint() const override { return (QSizeF(sheetWide, sheetHigh) * 0.91).toSize(); }
-    void setBody(const QString &text) { m_lines = brokenLines(text, m_font, sheetWide - 2 * side); }
+    void setBody(const QString &text) { m_lines = brokenLines(text, m_font, sheetWide - 2 * sheetSide); }
     qsizetype lines() const { return m_lines.size(); }
 
     std::function<QString()> title;
@@ -74,8 +74,8 @@ private:
         bold.setPixelSize(titleSize);
         bold.setBold(true);
         painter.setFont(bold);
-        const QString words = QFontMetricsF(bold).elidedText(title().left(1000), Qt::ElideRight, sheetWide - 2 * side);
-        painter.drawText(QRectF(side, 14, sheetWide - 2 * side, 24), Qt::AlignLeft | Qt::AlignVCenter, words);
+        const QString words = QFontMetricsF(bold).elidedText(title().left(1000), Qt::ElideRight, sheetWide - 2 * sheetSide);
+        painter.drawText(QRectF(sheetSide, 14, sheetWide - 2 * sheetSide, 24), Qt::AlignLeft | Qt::AlignVCenter, words);
     }
     void paintBody(QPainter &painter) const
     {
@@ -85,7 +85,7 @@ private:
         const auto within = [this](double line) { return qsizetype(std::clamp(line, 0.0, double(m_lines.size()))); };
         const qsizetype end = within(std::ceil((textTop - top) / lineHigh) + linesOnPage + 1);
         for (qsizetype i = within(std::floor((textTop - top) / lineHigh)); i < end; ++i)
-            painter.drawText(QRectF(side, top + double(i) * lineHigh, sheetWide - 2 * side, lineHigh),
+            painter.drawText(QRectF(sheetSide, top + double(i) * lineHigh, sheetWide - 2 * sheetSide, lineHigh),
                              Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, m_lines.at(i));
     }
 
@@ -140,7 +140,7 @@ Form65::Form65(Context &theContext, const QString &name, const QString &title)
 void Form65::take(const QString &text)
 {
     m_sheet->setBody(text);
-    m_body.setGeometry({side * twipsPerPixel, textTop * twipsPerPixel, (sheetWide - 2 * side) * twipsPerPixel,
+    m_body.setGeometry({sheetSide * twipsPerPixel, textTop * twipsPerPixel, (sheetWide - 2 * sheetSide) * twipsPerPixel,
                         double(m_sheet->lines()) * lineHigh * twipsPerPixel});
     m_sheet->update();
 }

@@ -12,7 +12,7 @@ namespace circuidex::screens {
 
 namespace {
 
-constexpr int columns = 3, columnWidth = 308; // pixels
+constexpr int listColumns = 3, columnWidth = 308; // pixels
 constexpr menus::Entry webSite{"Site de Circuidex", "Form37"};
 
 class Form59 : public MenuPage {
@@ -58,7 +58,7 @@ QLayout *Form59::page()
     addText(*layout, nextLabel(), qt(menus::windowListText), "text");
     auto *side = new QHBoxLayout;
     side->setSpacing(look::gap);
-    for (int i = 0; i < columns; ++i) {
+    for (int i = 0; i < listColumns; ++i) {
         auto *column = new QVBoxLayout;
         column->setSpacing(0);
         for (const menus::Group &group : menus::windowList())

@@ -9,7 +9,7 @@ namespace circuidex::screens {
 
 namespace {
 
-StandingsKind kind()
+StandingsKind constructorsKind()
 {
     return {
         u"Ecurie favorite:"_s,
@@ -41,7 +41,7 @@ private:
 };
 
 Form5::Form5(Context &theContext, const QString &name, const QString &title)
-    : StandingsScreen(theContext, name, title, kind())
+    : StandingsScreen(theContext, name, title, constructorsKind())
 {
     m_favourite.set(season().read(keys::N, standings::favouriteTeam));
     findFavourite();

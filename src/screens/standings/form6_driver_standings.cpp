@@ -7,7 +7,7 @@ namespace circuidex::screens {
 
 namespace {
 
-StandingsKind kind()
+StandingsKind driversKind()
 {
     return {
         u"Pilote favori:"_s,
@@ -36,7 +36,7 @@ protected:
 };
 
 Form6::Form6(Context &theContext, const QString &name, const QString &title)
-    : StandingsScreen(theContext, name, title, kind())
+    : StandingsScreen(theContext, name, title, driversKind())
 {
     findFavourite();
     int number = 0;

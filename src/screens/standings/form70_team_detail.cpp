@@ -8,7 +8,7 @@ namespace circuidex::screens {
 
 namespace {
 
-DetailedGridKind kind()
+DetailedGridKind teamsGrid()
 {
     const auto points = [](int firstIndex) {
         return std::vector<Column>{{u"Text2"_s, u"Pts:"_s, 48, Qt::AlignRight,
@@ -28,7 +28,7 @@ private:
 };
 
 Form70::Form70(Context &theContext, const QString &name, const QString &title)
-    : DetailedGrid(theContext, name, title, kind())
+    : DetailedGrid(theContext, name, title, teamsGrid())
 {
     fill();
 }

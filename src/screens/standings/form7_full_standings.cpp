@@ -11,7 +11,7 @@ namespace circuidex::screens {
 
 namespace {
 
-DetailedGridKind kind()
+DetailedGridKind driversGrid()
 {
     return {
         driverSlots,
@@ -34,7 +34,7 @@ private:
 };
 
 Form7::Form7(Context &theContext, const QString &name, const QString &title)
-    : DetailedGrid(theContext, name, title, kind()), m_season(theContext.main.season())
+    : DetailedGrid(theContext, name, title, driversGrid()), m_season(theContext.main.season())
 {
     fill(Poles::unmarked);
     timer(u"pole"_s, 50, TimerControl::Kind::once, [this] { fill(Poles::marked); });
