@@ -28,6 +28,7 @@ int main(int argc, char **argv)
         platform.startProgram((circuidex::executableFolder() / "Zip").string());
         return 0;
     }
+    platform.putDisplayBack();
     circuidex::Program program(folder, circuidex::userNumbers(), dialogs, platform);
     if (opening == circuidex::Opening::readOnly)
         program.store().setReadOnly();
