@@ -12,7 +12,7 @@ namespace circuidex {
 
 namespace {
 
-constexpr std::string_view heading = "affichage";
+constexpr std::string_view noteHeading = "affichage";
 constexpr std::size_t longestNote = 256;
 
 // Takes the next word off a line; words are parted by tabs.
@@ -53,7 +53,7 @@ std::string modeText(const OutputMode &mode)
 
 std::string noteText(const NotedDisplay &noted)
 {
-    return std::string(heading) + '\t' + noted.output + '\t' + modeText(noted.own) + '\t' + modeText(noted.changed) +
+    return std::string(noteHeading) + '\t' + noted.output + '\t' + modeText(noted.own) + '\t' + modeText(noted.changed) +
         '\n';
 }
 
@@ -63,7 +63,7 @@ std::optional<NotedDisplay> readNote(std::string_view text)
     if (end == std::string_view::npos)
         return std::nullopt;
     std::string_view line = text.substr(0, end);
-    if (nextWord(line) != heading)
+    if (nextWord(line) != noteHeading)
         return std::nullopt;
     NotedDisplay noted;
     noted.output = nextWord(line);
