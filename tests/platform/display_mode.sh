@@ -17,7 +17,7 @@ skip() { echo "Skipped: $*"; exit 77; }
 
 mode() { echo "    Modeline \"$1\" $2"; }
 {
-    printf 'Section "Device"\n    Identifier "device"\n    Driver "dummy"\nEndSection\n'
+    printf 'Section "Device"\n    Identifier "device"\n    Driver "dummy"\n    VideoRam 32768\nEndSection\n'
     printf 'Section "Monitor"\n    Identifier "monitor"\n    HorizSync 5-1000\n    VertRefresh 5-200\n'
     mode 1280x1024 "108.00 1280 1328 1440 1688 1024 1025 1028 1066" # 60 Hz
     mode 1280x1024_75 "135.00 1280 1296 1440 1688 1024 1025 1028 1066" # 75 Hz
