@@ -31,7 +31,7 @@ int main(int argc, char **argv)
     circuidex::Program program(folder, circuidex::userNumbers(), dialogs, platform);
     if (opening == circuidex::Opening::readOnly)
         program.store().setReadOnly();
-    program.start();
+    program.start(QStringLiteral("Intro"));
     program.settleAtRest();
     return application.exec();
 }
