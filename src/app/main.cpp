@@ -9,9 +9,12 @@
 #include <QLibraryInfo>
 #include <QTranslator>
 
-int main(int argc, char **argv)
+#include <cstdlib>
+
+namespace {
+
+int run(QApplication &application)
 {
-    QApplication application(argc, argv);
     application.setApplicationName(QStringLiteral("Circuidex"));
     circuidex::look::dress(application);
     QTranslator french;
@@ -34,4 +37,13 @@ int main(int argc, char **argv)
     program.start(QStringLiteral("Intro"));
     program.settleAtRest();
     return application.exec();
+}
+
+}
+
+// At the end nothing is left to be done, but the application would wait for each name server that doesn't answer.
+int main(int argc, char **argv)
+{
+    QApplication application(argc, argv);
+    std::_Exit(run(application));
 }

@@ -387,8 +387,8 @@ void Form1::leave()
     context.screens.open(u"Form47"_s);
 }
 
-// The same for whoever closes the window, and what timers still had to do. What the display has lasts until the screens
-// have kept what they keep.
+// The same for whoever closes the window, and what timers still had to do. The display comes last: what the screens keep
+// is kept by then.
 void Form1::closing()
 {
     if (!m_newSeason->tag.isEmpty())
@@ -396,12 +396,12 @@ void Form1::closing()
     if (!m_records->tag.isEmpty())
         sortTimeLists();
     leave();
-    restoreDisplay(context);
     if (const auto running = results::runningSimulation(context.store)) // also one that a kill left
         results::stopSimulation(m_main, *running);
     m_main.clearTotalsSoon = {};
     context.screens.onChange = {};
     context.screens.closeAllBut(u"Form47"_s);
+    restoreDisplay(context);
 }
 
 ScreenRows form1()

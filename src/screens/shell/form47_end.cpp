@@ -1,10 +1,11 @@
-// Form47, the end of the program: it closes the main screen, fetches the closing notice, which nobody waits for, and ends
-// the program a second later.
+// Form47, the end of the program: it closes the main screen, fetches the closing notice, which nobody waits for, and
+// ends the program a second later.
 #include "kinds/page_view.h"
 #include "platform/platform.h"
 #include "shell/look.h"
 #include "shell/screens.h"
 
+#include <QApplication>
 #include <QBoxLayout>
 
 namespace circuidex::screens {
@@ -17,6 +18,11 @@ public:
 
 protected:
     void closing() override { context.platform.endProgram(); } // by whoever doesn't wait for it
+
+private:
+    void end();
+
+    TimerControl *m_end = nullptr;
 };
 
 Form47::Form47(Context &theContext, const QString &name, const QString &title) : Screen(theContext, name, title)
@@ -30,9 +36,18 @@ Form47::Form47(Context &theContext, const QString &name, const QString &title) :
     resize(360, sizeHint().height());
     move(room().center() - rect().center());
     timer(u"Timer1"_s, 333, Kind::repeating, [words] { words->setText(words->text() + u'.'); });
-    timer(u"Timer2"_s, 1000, Kind::once, [this] { context.platform.endProgram(); });
+    m_end = &timer(u"Timer2"_s, 1000, Kind::once, [this] { end(); });
     fetchNotice(context, u"//progunload.htm"_s, this);
     context.screens.close(u"Form1"_s);
+}
+
+// A box that is still up, about the display's mode, is answered first.
+void Form47::end()
+{
+    if (QApplication::activeModalWidget())
+        m_end->start(1000);
+    else
+        context.platform.endProgram();
 }
 
 }
