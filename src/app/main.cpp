@@ -1,4 +1,5 @@
 // Circuidex: the Formula 1 championship, race by race, for one fan.
+#include "app/command_line.h"
 #include "app/program.h"
 #include "online/update_notice.h"
 #include "platform/qt_dialogs.h"
@@ -9,6 +10,7 @@
 #include <QLibraryInfo>
 #include <QTranslator>
 
+#include <cstdio>
 #include <cstdlib>
 
 namespace {
@@ -16,13 +18,17 @@ namespace {
 int run(QApplication &application)
 {
     application.setApplicationName(QStringLiteral("Circuidex"));
+    application.setApplicationVersion(QStringLiteral(CIRCUIDEX_VERSION));
     circuidex::look::dress(application);
     QTranslator french;
     if (french.load(QStringLiteral("qtbase_fr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         application.installTranslator(&french);
+    const circuidex::CommandLine asked(application.arguments());
+    if (const auto status = asked.run())
+        return *status;
     circuidex::QtDialogs dialogs;
     circuidex::QtPlatform platform;
-    const std::filesystem::path folder = circuidex::programFolder();
+    const std::filesystem::path folder = asked.folder();
     const circuidex::FolderLock lock(folder);
     const circuidex::Opening opening = circuidex::openingOf(lock, dialogs);
     if (opening == circuidex::Opening::refused)
@@ -44,6 +50,9 @@ int run(QApplication &application)
 // At the end nothing is left to be done, but the application would wait for each name server that doesn't answer.
 int main(int argc, char **argv)
 {
+    circuidex::chooseDisplay(argc, argv);
     QApplication application(argc, argv);
-    std::_Exit(run(application));
+    const int status = run(application);
+    std::fflush(nullptr);
+    std::_Exit(status);
 }
