@@ -4,6 +4,8 @@
 
 #include <QCoreApplication>
 #include <QDesktopServices>
+#include <QDir>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QPageLayout>
 #include <QPainter>
@@ -48,6 +50,16 @@ std::unique_ptr<QPrinter> chosenPrinter(int pages)
     if (dialog.exec() != QDialog::Accepted)
         return nullptr;
     return printer;
+}
+
+// No ordinary file, or one far too large, was not written by this program.
+QString stateFile()
+{
+    const QString named = qEnvironmentVariable("XDG_STATE_HOME");
+    const QDir folder(named.startsWith(u'/') ? named : QDir::home().filePath(QStringLiteral(".local/state")));
+    const QFileInfo file(folder.filePath(QStringLiteral("circuidex/etat.ini")));
+    constexpr qint64 largest = 1 << 20;
+    return file.exists() && (!file.isFile() || file.size() > largest) ? QString() : file.filePath();
 }
 
 QPageLayout::Orientation orientationFor(const QWidget &screen)
@@ -112,6 +124,23 @@ bool printText(const QString &text, const QString &pdfFile)
     return printer && printer->printerState() != QPrinter::Error;
 }
 
+QtPlatform::QtPlatform() : m_kept(stateFile(), QSettings::IniFormat) { }
+
+bool QtPlatform::placesWindows() const
+{
+    return !QGuiApplication::platformName().startsWith(QLatin1String("wayland")); // whose compositor does
+}
+
+std::string QtPlatform::remembered(const std::string &what) const
+{
+    return m_kept.value(QString::fromStdString(what)).toString().toStdString();
+}
+
+void QtPlatform::remember(const std::string &what, const std::string &text)
+{
+    m_kept.setValue(QString::fromStdString(what), QString::fromStdString(text));
+}
+
 void QtPlatform::print(QWidget &screen, const std::string &, Printing how)
 {
     if (how == Printing::atOnce) {
@@ -170,7 +199,8 @@ void QtPlatform::endProgram()
 
 Room QtPlatform::roomFor(const QWidget &window) const
 {
-    const QRect free = window.screen()->availableGeometry();
+    const QScreen *there = QGuiApplication::screenAt(window.geometry().center()); // also before it is shown there
+    const QRect free = (there ? there : window.screen())->availableGeometry();
     return {free.x(), free.y(), free.width(), free.height()};
 }
 

@@ -5,6 +5,7 @@
 #include "platform/platform.h"
 
 #include <QObject>
+#include <QSettings>
 #include <QSizeF>
 #include <QString>
 
@@ -16,6 +17,7 @@ namespace circuidex {
 
 class QtPlatform : public Platform {
 public:
+    QtPlatform();
     void print(QWidget &screen, const std::string &name, Printing how) override;
     void printText(const std::string &text, Printing how) override;
     media::FilmPlayer &player() override { return m_player; }
@@ -27,9 +29,14 @@ public:
     void restartMachine() override { }
     void endProgram() override;
     Room roomFor(const QWidget &window) const override;
+    bool placesWindows() const override;
+    std::string remembered(const std::string &what) const override;
+    void remember(const std::string &what, const std::string &text) override;
 
 private:
     void wake();
+
+    QSettings m_kept; // in the folder for what a user's programs remember
 
     QObject m_here; // what other threads send for is done on the thread of the program
     std::atomic<bool> m_sentFor = false;
