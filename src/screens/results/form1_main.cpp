@@ -20,7 +20,8 @@
 namespace circuidex::screens {
 
 Form1::Form1(Context &theContext, const QString &name, const QString &title)
-    : Screen(theContext, name, title, Chrome::mainWindow), m_main(theContext.main)
+    : Screen(theContext, name, theContext.store.readOnly() ? title + u"(lecture seule)"_s : title, Chrome::mainWindow),
+      m_main(theContext.main)
 {
     setMouseTracking(true);
     registerHidden();
@@ -35,6 +36,7 @@ Form1::Form1(Context &theContext, const QString &name, const QString &title)
     m_main.clearTotalsSoon = [this](const std::string &season) { clearTotalsSoon(qt(season)); };
     context.screens.onChange = [this](const QString &screen, bool open) { screenChanged(screen, open); };
     comeBack();
+    standWhereLeft();
     start();
 }
 
@@ -296,22 +298,30 @@ void Form1::comeBack()
 
 void Form1::registerShortcuts()
 {
-    const std::pair<QKeySequence, QString> presses[] = {
-        {Qt::Key_PageDown, u"Command8"_s},
-        {Qt::Key_PageUp, u"Command9"_s},
-        {Qt::CTRL | Qt::Key_PageDown, u"Command28"_s},
-        {Qt::CTRL | Qt::Key_PageUp, u"Command29"_s},
-        {Qt::Key_F5, u"Label12"_s},
-        {Qt::CTRL | Qt::Key_N, u"Label36"_s},
-        {Qt::CTRL | Qt::Key_E, u"Command26"_s},
-        {Qt::CTRL | Qt::Key_S, u"Label43"_s},
-        {Qt::CTRL | Qt::Key_G, u"Command30"_s},
+    struct Presses {
+        QKeySequence keys;
+        QString control, does;
     };
-    for (const auto &[keys, pressed] : presses)
-        shortcut(keys, [this, pressed = pressed] {
-            if (typedHolds())
-                press(pressed);
-        });
+    const Presses presses[] = {
+        {Qt::Key_PageDown, u"Command8"_s, u"Grand Prix suivant"_s},
+        {Qt::Key_PageUp, u"Command9"_s, u"Grand Prix précédent"_s},
+        {Qt::CTRL | Qt::Key_PageDown, u"Command28"_s, u"Saison suivante"_s},
+        {Qt::CTRL | Qt::Key_PageUp, u"Command29"_s, u"Saison précédente"_s},
+        {Qt::Key_F5, u"Label12"_s, u"Afficher le Grand Prix nommé"_s},
+        {Qt::CTRL | Qt::Key_N, u"Label36"_s, u"Aller au premier Grand Prix à enregistrer"_s},
+        {Qt::CTRL | Qt::Key_E, u"Command26"_s, u"Enregistrer un Grand-Prix, nom par nom"_s},
+        {Qt::CTRL | Qt::Key_S, u"Label43"_s, u"Enregistrer les modifications du Grand Prix affiché"_s},
+        {Qt::CTRL | Qt::Key_G, u"Command30"_s, u"Grille de départ du Grand Prix affiché"_s},
+    };
+    for (const auto &[keys, control, does] : presses)
+        shortcut(
+            keys,
+            [this, control = control] {
+                if (typedHolds())
+                    press(control);
+            },
+            does);
+    tellKey(u"Flèche gauche, flèche droite"_s, u"Grand Prix précédent, suivant (hors des champs)"_s);
 }
 
 // Only a window taller than the display that the columns are made for has room for that card.
