@@ -1,4 +1,5 @@
 // Circuidex: the Formula 1 championship, race by race, for one fan.
+#include "app/command_line.h"
 #include "app/program.h"
 #include "online/update_notice.h"
 #include "platform/qt_dialogs.h"
@@ -11,15 +12,20 @@
 
 int main(int argc, char **argv)
 {
+    circuidex::chooseDisplay(argc, argv);
     QApplication application(argc, argv);
     application.setApplicationName(QStringLiteral("Circuidex"));
+    application.setApplicationVersion(QStringLiteral(CIRCUIDEX_VERSION));
     circuidex::look::dress(application);
     QTranslator french;
     if (french.load(QStringLiteral("qtbase_fr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         application.installTranslator(&french);
+    const circuidex::CommandLine asked(application.arguments());
+    if (const auto status = asked.run())
+        return *status;
     circuidex::QtDialogs dialogs;
     circuidex::QtPlatform platform;
-    const std::filesystem::path folder = circuidex::programFolder();
+    const std::filesystem::path folder = asked.folder();
     const circuidex::FolderLock lock(folder);
     const circuidex::Opening opening = circuidex::openingOf(lock, dialogs);
     if (opening == circuidex::Opening::refused)
