@@ -69,6 +69,15 @@ void Screens::closeAll()
     m_ending = false;
 }
 
+void Screens::closeAllBut(const QStringList &kept)
+{
+    m_ending = true;
+    for (const QString &name : openNames())
+        if (!kept.contains(name))
+            close(name);
+    m_ending = false;
+}
+
 void Screens::bringMainBack() const
 {
     if (Screen *main = find(u"Form1"_s))

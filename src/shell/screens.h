@@ -57,6 +57,7 @@ public:
     bool exists(const QString &name) const { return row(name) != nullptr; }
     void close(const QString &name);
     void closeAll(); // what a closing screen would open by it doesn't come up
+    void closeAllBut(const QStringList &kept); // the same
     void bringMainBack() const; // the main screen in sight again, after a screen that took its place
 
     QStringList openNames() const; // in the order of opening
