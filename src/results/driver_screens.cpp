@@ -11,7 +11,7 @@ namespace {
 
 std::string actionOnDriver(const MainRecord &main, const std::string &what, DriverBoxes &boxes)
 {
-    return what + " " + boxes.box("nom").text() + " " + main.an.text();
+    return what + " " + ofName(boxes.box("nom").text()) + " " + main.an.text();
 }
 
 }
@@ -36,8 +36,8 @@ bool storeShownDriver(MainRecord &main, DriverBoxes &boxes, DriverScreen screen)
         return false;
     }
     boxes.show(whole);
-    const Action undoable(
-        main.store, actionOnDriver(main, screen == DriverScreen::newDriver ? "nouveau pilote :" : "profil de", boxes));
+    const bool fresh = screen == DriverScreen::newDriver;
+    const Action undoable(main.store, actionOnDriver(main, fresh ? "inscription" : "profil", boxes));
     storeDriver(main.writableSeason(), boxes.nopilot.text(), whole, screen);
     showNamesAnew(main);
     main.said.set("Pilote n° " + boxes.nopilot.text() + " enregistré : " + boxes.box("nom").text());
@@ -50,7 +50,7 @@ void chooseDriverPicture(MainRecord &main, DriverBoxes &boxes, std::string_view 
     if (!chosen)
         return;
     boxes.box(prefix).set(*chosen);
-    const Action undoable(main.store, actionOnDriver(main, "image de", boxes));
+    const Action undoable(main.store, actionOnDriver(main, "image", boxes));
     (prefix == "path" ? boxes.picture1 : boxes.Image1).set(main.surroundings.findPicture(*chosen));
     main.writableSeason().write(keys::N, keys::driver(prefix, boxes.nopilot.text()), *chosen);
 }
@@ -91,7 +91,7 @@ void emptyProfile(DriverProfile &profile)
 
 void storeProfile(MainRecord &main)
 {
-    const Action undoable(main.store, actionOnDriver(main, "profil de", main.profile));
+    const Action undoable(main.store, actionOnDriver(main, "profil", main.profile));
     if (!storeShownDriver(main, main.profile, DriverScreen::profile))
         return;
     if (main.profile.seasons.empty())

@@ -71,8 +71,8 @@ std::string ofName(std::string_view name)
 {
     constexpr std::string_view vowels[] = {"a", "e", "i", "o", "u", "é", "è", "ê", "à", "â", "î", "ô"};
     const std::string lower = folded(name);
-    const bool elides =
-        std::any_of(std::begin(vowels), std::end(vowels), [&](std::string_view each) { return lower.starts_with(each); });
+    const bool elides = std::any_of(std::begin(vowels), std::end(vowels),
+                                    [&](std::string_view each) { return lower.starts_with(each); });
     return std::string(elides ? "d'" : "de ").append(name);
 }
 

@@ -371,7 +371,8 @@ QWidget *Form1::footer()
         leadsTo(*labels.back(), row.screen);
     }
     labels.push_back(command(u"historique"_s, u"Historique"_s, [this] { context.screens.open(u"Historique"_s); }));
-    labels.back()->setToolTip(u"Les dernières actions, pour les annuler (Ctrl+Z) ou les rétablir (Maj+Ctrl+Z) (Ctrl+H)"_s);
+    labels.back()->setToolTip(
+        u"Les dernières actions, pour les annuler (Ctrl+Z) ou les rétablir (Maj+Ctrl+Z) (Ctrl+H)"_s);
     labels.push_back(command(u"Label71"_s, u"Réduire"_s, [this] { showMinimized(); }));
     labels.push_back(command(u"Label53"_s, u"Quitter"_s, [this] { close(); }));
     labels.back()->setToolTip(u"Fermer Circuidex"_s);

@@ -192,7 +192,7 @@ void Form1::record()
 {
     const Waiting waiting(*this);
     finishActions();
-    const Action undoable(context.store, m_main.actionOnRace("enregistrement")); // the lists sorted by it are part of it
+    const Action undoable(context.store, m_main.actionOnRace("enregistrement")); // with the lists sorted by it
     if (results::recordGrandPrix(m_main) != results::Recording::done)
         return;
     m_recordedGp = m_main.gp.text();
