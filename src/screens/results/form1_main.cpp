@@ -1,5 +1,6 @@
 #include "screens/results/form1_main.h"
 
+#include "kinds/display_mode.h"
 #include "kinds/name_search.h"
 #include "kinds/page_view.h"
 #include "kinds/picker.h"
@@ -19,7 +20,8 @@
 namespace circuidex::screens {
 
 Form1::Form1(Context &theContext, const QString &name, const QString &title)
-    : Screen(theContext, name, title, Chrome::mainWindow), m_main(theContext.main)
+    : Screen(theContext, name, theContext.store.readOnly() ? title + u"(lecture seule)"_s : title, Chrome::mainWindow),
+      m_main(theContext.main)
 {
     setMouseTracking(true);
     registerHidden();
@@ -35,19 +37,32 @@ Form1::Form1(Context &theContext, const QString &name, const QString &title)
     context.store.history().finish = [this] { finishActions(); };
     context.screens.onChange = [this](const QString &screen, bool open) { screenChanged(screen, open); };
     comeBack();
+    standWhereLeft();
     start();
 }
 
-// What opening the program does: the marked season, its last Grand Prix, scale, "nogp" and skin;
-// then the start-up notice.
+// What opening the program does: the marked season, the mode of the display, the season's last Grand Prix, scale, "nogp"
+// and skin; then the start-up notice.
 void Form1::start()
 {
     if (results::openMarkedSeason(m_main))
         context.screens.open(u"Form46"_s);
+    const DisplayMode mode = context.platform.displayMode();
+    results::saveDisplay(m_main.writableSeason(), {mode.width, mode.height, mode.depth});
+    if (results::adaptsDisplay(m_main.season()))
+        adapt();
     results::openOnLastRecorded(m_main);
     context.skin = skinNamed(results::chosenSkin(context.store));
     dress();
     fetchNotice(context, u"//progload2.htm"_s, this);
+    context.screens.close(u"Intro"_s);
+}
+
+void Form1::adapt()
+{
+    adaptDisplay(context);
+    if (seen()) // and not behind the first start
+        comeBack();
 }
 
 void Form1::registerHidden()
@@ -89,7 +104,11 @@ void Form1::registerHidden()
     hidden(u"Image6"_s).onHover = [this] { unpoint(); };
 
     using Kind = TimerControl::Kind;
-    m_records = &timer(u"Timerrecords"_s, 0, Kind::once, [this] { sortRecords(); });
+    m_records = &timer(u"Timerrecords"_s, 0, Kind::once, [this] {
+        sortTimeLists();
+        context.screens.close(u"Form32"_s);
+        context.screens.close(u"Form4"_s);
+    });
     m_newSeason = &timer(u"Timer55"_s, 0, Kind::once, [this] { clearNewSeason(); });
     m_lap = &timer(u"Timerlap"_s, 0, Kind::once, [this] { showCircuitLarge(); });
     m_img = &timer(u"Timerimg"_s, 0, Kind::once, [this] { showLarge(m_main.Image2); });
@@ -165,24 +184,23 @@ void Form1::afterResult()
     showPodium();
     context.screens.close(u"Form32"_s);
     m_sorting = std::make_unique<Action>(context.store, std::string_view());
+    m_records->tag = u"à trier"_s;
     m_records->start(10);
 }
 
-void Form1::sortRecords()
+void Form1::sortTimeLists()
 {
+    m_records->tag.clear();
     statistics::sortAllTimeLists(context.store);
     m_sorting.reset();
-    context.screens.close(u"Form32"_s);
-    context.screens.close(u"Form4"_s);
 }
 
 // What a timer would still do after an action would come behind its undo.
 void Form1::finishActions()
 {
-    if (m_sorting) {
+    if (!m_records->tag.isEmpty()) {
         m_records->stop();
-        statistics::sortAllTimeLists(context.store);
-        m_sorting.reset();
+        sortTimeLists();
     }
     if (!m_newSeason->tag.isEmpty())
         clearNewSeason();
@@ -301,23 +319,41 @@ void Form1::comeBack()
 
 void Form1::registerShortcuts()
 {
-    const std::pair<QKeySequence, QString> presses[] = {
-        {Qt::Key_PageDown, u"Command8"_s},
-        {Qt::Key_PageUp, u"Command9"_s},
-        {Qt::CTRL | Qt::Key_PageDown, u"Command28"_s},
-        {Qt::CTRL | Qt::Key_PageUp, u"Command29"_s},
-        {Qt::Key_F5, u"Label12"_s},
-        {Qt::CTRL | Qt::Key_N, u"Label36"_s},
-        {Qt::CTRL | Qt::Key_E, u"Command26"_s},
-        {Qt::CTRL | Qt::Key_S, u"Label43"_s},
-        {Qt::CTRL | Qt::Key_G, u"Command30"_s},
-        {Qt::CTRL | Qt::Key_H, u"historique"_s},
+    struct Presses {
+        QKeySequence keys;
+        QString control, does;
     };
-    for (const auto &[keys, pressed] : presses)
-        shortcut(keys, [this, pressed = pressed] {
-            if (typedHolds())
-                press(pressed);
-        });
+    const Presses presses[] = {
+        {Qt::Key_PageDown, u"Command8"_s, u"Grand Prix suivant"_s},
+        {Qt::Key_PageUp, u"Command9"_s, u"Grand Prix précédent"_s},
+        {Qt::CTRL | Qt::Key_PageDown, u"Command28"_s, u"Saison suivante"_s},
+        {Qt::CTRL | Qt::Key_PageUp, u"Command29"_s, u"Saison précédente"_s},
+        {Qt::Key_F5, u"Label12"_s, u"Afficher le Grand Prix nommé"_s},
+        {Qt::CTRL | Qt::Key_N, u"Label36"_s, u"Aller au premier Grand Prix à enregistrer"_s},
+        {Qt::CTRL | Qt::Key_E, u"Command26"_s, u"Enregistrer un Grand-Prix, nom par nom"_s},
+        {Qt::CTRL | Qt::Key_S, u"Label43"_s, u"Enregistrer les modifications du Grand Prix affiché"_s},
+        {Qt::CTRL | Qt::Key_G, u"Command30"_s, u"Grille de départ du Grand Prix affiché"_s},
+        {Qt::CTRL | Qt::Key_H, u"historique"_s, u"Historique des actions"_s},
+    };
+    for (const auto &[keys, control, does] : presses)
+        shortcut(
+            keys,
+            [this, control = control] {
+                if (typedHolds())
+                    press(control);
+            },
+            does);
+    tellKey(u"Ctrl+Z, Maj+Ctrl+Z"_s, u"Annuler, rétablir la dernière action (sur tous les écrans)"_s);
+    tellKey(u"Flèche gauche, flèche droite"_s, u"Grand Prix précédent, suivant (hors des champs)"_s);
+}
+
+// Only a window taller than the display that the columns are made for has room for that card.
+void Form1::resizeEvent(QResizeEvent *event)
+{
+    constexpr int madeFor = 768; // pixels
+    Screen::resizeEvent(event);
+    if (m_display)
+        m_display->setVisible(height() >= madeFor + m_display->sizeHint().height());
 }
 
 // Outside the fields, where they move the text cursor.
@@ -375,19 +411,28 @@ void Form1::showAgeOfStatus()
     static_cast<WidgetControl *>(control(u"Label11"_s))->widget()->setToolTip(qt(m_recordedGp + " " + m_recordedSeason).trimmed());
 }
 
-void Form1::closing()
+// The way out of the program, up to the screen that ends it and that closes this one.
+void Form1::leave()
 {
-    if (!m_newSeason->tag.isEmpty())
-        clearNewSeason();
     if (isYear(m_main.an.text())) // anything else would open on nothing
         context.store.setYearMarker(m_main.an.text());
+    context.screens.close(u"Form8"_s);
+    context.screens.open(u"Form47"_s);
+}
+
+// The same for whoever closes the window, and what timers still had to do. The display comes last: what the screens keep
+// is kept by then.
+void Form1::closing()
+{
+    finishActions();
+    leave();
     if (const auto running = results::runningSimulation(context.store)) // also one that a kill left
         results::stopSimulation(m_main, *running);
-    finishActions();
     context.store.history().finish = {};
     m_main.clearTotalsSoon = {};
     context.screens.onChange = {};
-    context.screens.closeAll();
+    context.screens.closeAllBut({u"Form47"_s});
+    restoreDisplay(context);
 }
 
 ScreenRows form1()
