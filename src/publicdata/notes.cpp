@@ -82,8 +82,8 @@ private:
     {
         std::set<int> met;
         std::vector<std::string> others, scorers;
-        for (const Race &race : m_championship.races)
-            for (const Entry &entry : race.entries)
+        for (std::size_t number = 0; number < m_plan.season.races.size(); ++number)
+            for (const Entry &entry : m_championship.races[number].entries)
                 if (!m_plan.slotOf(entry.driver) && met.insert(entry.driver).second)
                     (counts(entry.driver) ? scorers : others).push_back(driverName(entry.driver));
         if (!others.empty())
