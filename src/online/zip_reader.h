@@ -36,8 +36,8 @@ public:
     // Hands over the content of the entry in pieces, until `take` answers false.
     void read(const std::function<bool(std::string_view)> &take);
 
-    // The next piece of the entry's content, valid until the next call; empty at its end, and when the archive turns out
-    // to be broken.
+    // The next piece of the entry's content, valid until the next call; empty at its end, and when the archive turns
+    // out to be broken.
     std::string_view piece();
 
     bool broken() const { return m_broken; }

@@ -38,7 +38,8 @@ bool alike(const std::string &a, const std::string &b)
 {
     const std::string one = plainName(a), other = plainName(b);
     const std::size_t shorter = std::min(one.size(), other.size());
-    return shorter >= 4 && (distance(one, other) <= shorter / 5 + 1 || one.find(other) != one.npos || other.find(one) != other.npos);
+    return shorter >= 4 &&
+        (distance(one, other) <= shorter / 5 + 1 || one.find(other) != one.npos || other.find(one) != other.npos);
 }
 
 // Finds for each wanted name the place of the one held that means it: the same, the same but for accents and case, one
@@ -85,7 +86,8 @@ public:
 private:
     const SeasonPlan &plan() const { return m_result.plan.season; }
 
-    Difference &add(DifferenceKind kind, const std::string &subject, const std::string &held, const std::string &published)
+    Difference &add(DifferenceKind kind, const std::string &subject, const std::string &held,
+                    const std::string &published)
     {
         Difference difference;
         difference.kind = kind;
@@ -190,7 +192,8 @@ private:
         bool any = false;
         for (int place = 1; place <= gridPlaces; ++place)
             any = any || !m_season.grille(place, held).empty();
-        const bool published_ = std::ranges::any_of(published.grid, [](const std::string &each) { return !each.empty(); });
+        const bool published_ =
+            std::ranges::any_of(published.grid, [](const std::string &each) { return !each.empty(); });
         if (!any && published_) {
             differ(DifferenceKind::wholeGrid, "", "", 0)->correctable = true;
             return;
@@ -250,8 +253,8 @@ private:
         const auto gp = m_result.gps[race];
         return gp && std::abs(shareCounted(m_season, plan(), *gp) - plan().races[race].share) > nothing &&
             std::ranges::none_of(m_result.differences, [gp](const Difference &each) {
-                return each.gp == gp && each.kind == DifferenceKind::place;
-            });
+                   return each.gp == gp && each.kind == DifferenceKind::place;
+               });
     }
 
     template <typename Whose>
@@ -268,7 +271,8 @@ private:
     {
         double points = 0;
         for (int gp = 0; gp < gpSlots; ++gp)
-            if (std::ranges::find(m_result.gps, std::optional(gp)) == m_result.gps.end() && !m_season.namegp(gp).empty())
+            if (std::ranges::find(m_result.gps, std::optional(gp)) == m_result.gps.end() &&
+                !m_season.namegp(gp).empty())
                 points += countedIn(gp, [&](const std::string &number) { return whose(number, gp); });
         return points;
     }
@@ -298,7 +302,9 @@ private:
                 total(DifferenceKind::driverTotal, account.name, 0, 0, account, std::move(parts));
                 continue;
             }
-            const auto his = [&](const std::string &number, int) { return driverSlot(number, m_season.numbers()) == slot; };
+            const auto his = [&](const std::string &number, int) {
+                return driverSlot(number, m_season.numbers()) == slot;
+            };
             const double held = m_season.numbers().value(m_season.driver("nbpts", *slot)).value_or(0);
             addOwn(parts, account, held, countedByRace(his), countedElsewhere(his));
             total(DifferenceKind::driverTotal, m_season.nom(*slot), *slot, held, account, std::move(parts));

@@ -1,6 +1,6 @@
 #pragma once
-// The second reading: a season as its user entered it, beside the same season in the data, race by race. What the frame of
-// a season file can't hold is no difference; where a total differs from the official one, the reasons make up the
+// The second reading: a season as its user entered it, beside the same season in the data, race by race. What the frame
+// of a season file can't hold is no difference; where a total differs from the official one, the reasons make up the
 // difference to the last point.
 #include "publicdata/official_points.h"
 #include "store/season.h"
@@ -49,8 +49,8 @@ struct Comparison {
 // Absent for a year that the data doesn't tell of.
 std::optional<Comparison> compareSeason(const Season &season, const Data &data);
 
-// What part of the scale's points a recorded race was counted with: 1, or 0.5 where half was given. By the points of its slot
-// that the season keeps for its teams and those of the plan.
+// What part of the scale's points a recorded race was counted with: 1, or 0.5 where half was given. By the points of
+// its slot that the season keeps for its teams and those of the plan.
 double shareCounted(const Season &season, const SeasonPlan &plan, int gp);
 
 }

@@ -40,7 +40,8 @@ public:
             return "Cette différence ne se corrige pas d'ici.";
         if (m_store.readOnly())
             return "Lecture seule : rien ne peut être corrigé.";
-        if (const auto simulation = results::runningSimulation(m_store); simulation && simulation->season == m_season.stem())
+        if (const auto simulation = results::runningSimulation(m_store);
+            simulation && simulation->season == m_season.stem())
             return "Une simulation est en cours dans cette saison : arrêtez-la avant de corriger.";
         m_store.hold(m_season.stem());
         const std::string wrong = apply();
@@ -84,9 +85,10 @@ private:
             main.number(m_difference.place).set(number);
     }
 
-    // The program's own amendment of the race as it stands, changed by `change`, under the points and with the teams that it
-    // was recorded with.
-    std::string amend(const std::string &name, const std::function<void(results::MainRecord &)> &change)
+    // The program's own amendment of the race as it stands, changed by `change`, under the points and with the teams
+    // that it was recorded with.
+    std::string amend(const std::string &name, const std::function<void(results::MainRecord &)> &change,
+                      results::Amendment amendment = results::Amendment::byUser)
     {
         Unasked unasked;
         results::MainRecord main(m_store, unasked);
@@ -98,19 +100,24 @@ private:
         results::showResult(main, m_season);
         main.gp.set(name);
         change(main);
-        const auto teams = teamsOfThen(gp);
+        const std::vector<Moved> moved = backToTeamsOfThen(gp);
         const results::Scale scale = results::loadScale(m_season);
         const double share = shareCounted(m_season, m_comparison.plan.season, gp);
         if (share != 1)
             results::storeScale(m_season, timesShare(scale, share));
-        const auto result = results::amendGrandPrix(main, results::Amendment::byUser);
+        const auto result = results::amendGrandPrix(main, amendment);
         if (share != 1)
             results::storeScale(m_season, scale);
-        for (const auto &[key, team] : teams)
-            m_season.write(keys::N, key, team);
+        for (const Moved &driver : moved) {
+            m_season.write(keys::N, driver.key, driver.today);
+            sumTeam(driver.today);
+            sumTeam(driver.then);
+        }
         results::rebuildNogp(m_season);
         statistics::sortAllTimeLists(m_store);
-        return result == results::Recording::done ? "" : unasked.said.empty() ? "La course n'a pas été corrigée." : unasked.said;
+        return result == results::Recording::done ? ""
+            : unasked.said.empty()                ? "La course n'a pas été corrigée."
+                                                  : unasked.said;
     }
 
     results::Scale timesShare(const results::Scale &scale, double share) const
@@ -122,11 +129,14 @@ private:
         return part;
     }
 
-    // Puts drivers who changed team later back to the team that has their points of this race, for the time of the
-    // amendment. The keys, with the teams of today.
-    std::vector<std::pair<std::string, std::string>> teamsOfThen(int gp) const
+    struct Moved {
+        std::string key, today, then; // his team's key, and its values
+    };
+
+    // Puts drivers who changed team later back to their team of this race, for the time of the amendment.
+    std::vector<Moved> backToTeamsOfThen(int gp) const
     {
-        std::vector<std::pair<std::string, std::string>> today;
+        std::vector<Moved> all;
         for (const PlannedDriver &driver : m_comparison.plan.season.drivers) {
             const auto slot = m_comparison.slots[static_cast<std::size_t>(driver.slot - 1)];
             std::string then = driver.team, last = driver.team;
@@ -136,15 +146,24 @@ private:
                     if (move.gp <= racePlanned(gp))
                         then = move.team;
                 }
-            if (!slot || then == last)
-                continue;
-            const std::string key = keys::driver("ecurie", *slot), held = m_season.read(keys::N, key);
-            if (plainName(held) != plainName(last))
-                continue; // the user has him in another team, where his points are
-            today.emplace_back(key, held);
-            m_season.write(keys::N, key, teamInSeason(then));
+            const std::string key = keys::driver("ecurie", slot.value_or(0)), today = m_season.read(keys::N, key);
+            if (!slot || then == last || plainName(today) != plainName(last))
+                continue; // a team that the user gave him has his points
+            all.push_back({key, today, teamInSeason(then)});
+            m_season.write(keys::N, key, all.back().then);
         }
-        return today;
+        return all;
+    }
+
+    // An earlier amendment may have left points of this race with a team that he came to later: the team's total is
+    // made anew of its points by race.
+    void sumTeam(const std::string &team) const
+    {
+        double points = 0;
+        for (int gp = 0; gp < gpSlots; ++gp)
+            points +=
+                m_season.numbers().value(m_season.read(keys::N, keys::ecuriepts(team, std::to_string(gp)))).value_or(0);
+        m_season.write(keys::N, keys::ptsecurie(team), m_season.numbers().text(points));
     }
 
     int racePlanned(int gp) const
@@ -201,7 +220,8 @@ private:
             return "Une autre course porte déjà le nom " + inQuotes(name) + ".";
         const results::Grid grid = results::loadGrid(m_season, held);
         const std::string date = m_season.read(keys::gp, keys::dategp(held));
-        const std::string wrong = amend(name, [](results::MainRecord &) {});
+        const std::string wrong = amend(
+            name, [](results::MainRecord &) {}, results::Amendment::byProgram);
         if (!wrong.empty())
             return wrong;
         results::storeGrid(m_season, name, grid);

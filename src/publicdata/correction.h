@@ -1,5 +1,6 @@
 #pragma once
-// Corrects one difference of a second reading by the program's own amendment, as if the user had typed what the data says.
+// Corrects one difference of a second reading by the program's own amendment, as if the user had typed what the data
+// says.
 #include "publicdata/comparison.h"
 #include "store/dialogs.h"
 

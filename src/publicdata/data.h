@@ -25,8 +25,8 @@ struct GrandPrix {
     std::string id, name; // "great-britain", "Great Britain"
 };
 
-// A driver in the table of a race. One who changed cars stands in it more than once, and two who shared a car both stand
-// at its place.
+// A driver in the table of a race. One who changed cars stands in it more than once, and two who shared a car both
+// stand at its place.
 struct Entry {
     int driver = -1, team = -1, engine = -1;
     int order = 0; // in the table, from 1
@@ -34,6 +34,7 @@ struct Entry {
     std::optional<int> place; // absent when not classified
     bool started = false;
     bool shared = false; // the car
+    bool fromPits = false; // at the start
     bool pole = false, fastestLap = false;
     double points = 0;
 };

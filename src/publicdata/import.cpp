@@ -73,8 +73,8 @@ void mergeList(const WritableSeason &archive, const statistics::AllTimeList &lis
         const auto figure = archive.numbers().value(archive.read(keys::records, keys::record(list.figureKey, row)));
         if (name.empty() || !figure)
             continue;
-        const auto known = std::ranges::find(entries, plainName(name),
-                                             [](const AllTimeEntry &each) { return plainName(each.name); });
+        const auto known =
+            std::ranges::find(entries, plainName(name), [](const AllTimeEntry &each) { return plainName(each.name); });
         if (known == entries.end())
             entries.push_back({name, *figure});
         else
@@ -86,7 +86,8 @@ void mergeList(const WritableSeason &archive, const statistics::AllTimeList &lis
         const AllTimeEntry &entry = entries[static_cast<std::size_t>(row - 1)];
         const bool shown = !entry.name.empty() && row < candidateRow;
         archive.write(keys::records, keys::record(list.nameKey, row), shown ? entry.name : "");
-        archive.write(keys::records, keys::record(list.figureKey, row), shown ? archive.numbers().text(entry.figure) : "");
+        archive.write(keys::records, keys::record(list.figureKey, row),
+                      shown ? archive.numbers().text(entry.figure) : "");
     }
 }
 

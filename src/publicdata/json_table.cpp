@@ -143,7 +143,7 @@ std::optional<int> Row::whole(std::size_t field) const
     constexpr double most = 1e6;
     const auto value = number(field);
     return value && std::abs(*value) <= most && *value == std::floor(*value) ? std::optional(static_cast<int>(*value))
-                                                                            : std::nullopt;
+                                                                             : std::nullopt;
 }
 
 bool Row::truth(std::size_t field) const

@@ -63,7 +63,8 @@ std::string_view french(const Word (&words)[N], std::string_view id)
 
 // The letters from U+00C0 and from U+0100 on, without their accents.
 constexpr std::string_view latin = "AAAAAAACEEEEIIIIDNOOOOO?OUUUUYTsaaaaaaaceeeeiiiidnooooo?ouuuuyty";
-constexpr std::string_view extended = "AaAaAaCcCcCcCcDdDdEeEeEeEeEeGgGgGgGgHhHhIiIiIiIiIiIiJjKkkLlLlLlLlLlNnNnNnnNnOoOoOoOoRrRrRrSsSsSsSsTtTtTtUuUuUuUuUuUuWwYyYZzZzZzs";
+constexpr std::string_view extended = "AaAaAaCcCcCcCcDdDdEeEeEeEeEeGgGgGgGgHhHhIiIiIiIiIiIiJjKkkLlLlLlLlLlNnNnNnnNnOoOo"
+                                      "OoOoRrRrRrSsSsSsSsTtTtTtUuUuUuUuUuUuWwYyYZzZzZzs";
 static_assert(latin.size() == 64 && extended.size() == 128);
 
 // The character that begins at a place, which moves on behind it; valid UTF-8 as all published text is.

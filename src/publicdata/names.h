@@ -14,8 +14,8 @@ std::string frenchName(const GrandPrix &grandPrix);
 // Of a man: "germany" is "Allemand". Empty for no country.
 std::string frenchNationality(const Data &data, int country);
 
-// The nearest letters that the files have ("Kubica" for "Kubiça", "?" for a letter of another script), without the signs
-// that keys can't hold. Names that the files take come back as they are.
+// The nearest letters that the files have ("Kubica" for "Kubiça", "?" for a letter of another script), without the
+// signs that keys can't hold. Names that the files take come back as they are.
 std::string nameForFiles(std::string_view published);
 
 // Without accents, signs and difference of case, to find a name that is spelt otherwise.

@@ -137,7 +137,8 @@ private:
             if (std::ranges::any_of(m_championship.races[number].entries, &Entry::shared))
                 names.push_back(raceName(number));
         if (!names.empty())
-            note(Misfit::sharedCar, "Des pilotes se sont partagé une voiture ; une place n'en garde qu'un : " + listed(names));
+            note(Misfit::sharedCar,
+                 "Des pilotes se sont partagé une voiture ; une place n'en garde qu'un : " + listed(names));
     }
 
     void indianapolis()
@@ -172,7 +173,8 @@ private:
                 if (has(account, Reason::struckOff) && std::ranges::find(names, account.name) == names.end())
                     names.push_back(account.name);
         if (!names.empty())
-            note(Misfit::struckOff, "Rayés du classement, ou avec des points retirés ; leurs résultats restent : " + listed(names));
+            note(Misfit::struckOff,
+                 "Rayés du classement, ou avec des points retirés ; leurs résultats restent : " + listed(names));
     }
 
     static bool has(const Account &account, Reason reason)
@@ -187,7 +189,8 @@ private:
             return;
         note(Misfit::bestResults,
              rule->split == 0
-                 ? "Seuls les " + std::to_string(rule->first) + " meilleurs résultats d'un pilote comptaient ; ici ils comptent tous"
+                 ? "Seuls les " + std::to_string(rule->first) +
+                     " meilleurs résultats d'un pilote comptaient ; ici ils comptent tous"
                  : "Seuls les " + std::to_string(rule->first) + " meilleurs résultats d'un pilote dans les " +
                      std::to_string(rule->split) + " premières courses et les " + std::to_string(rule->second) +
                      " meilleurs dans les autres comptaient ; ici ils comptent tous");
@@ -200,7 +203,8 @@ private:
             if (std::ranges::any_of(m_accounts.teams, [&](const Account &account) { return has(account, reason); }))
                 rules.push_back(inFrench(reason));
         if (!rules.empty())
-            note(Misfit::constructorRules, "Constructeurs : " + listed(rules) + " ; ici les points de toutes les voitures comptent");
+            note(Misfit::constructorRules,
+                 "Constructeurs : " + listed(rules) + " ; ici les points de toutes les voitures comptent");
     }
 
     void spelling()

@@ -50,15 +50,15 @@ struct Scores {
 
 bool makes(const std::vector<Scores> &all, const BestResults &rule)
 {
-    return std::ranges::all_of(all, [&](const Scores &each) { return same(counted(each.byRace, rule), each.official); });
+    return std::ranges::all_of(all,
+                               [&](const Scores &each) { return same(counted(each.byRace, rule), each.official); });
 }
 
 // All results counted when nobody has fewer points than he scored.
 std::optional<BestResults> ruleFor(const std::vector<Scores> &all)
 {
-    if (all.empty() || std::ranges::all_of(all, [](const Scores &each) {
-            return same(sumOf(each.byRace), each.official);
-        }))
+    if (all.empty() ||
+        std::ranges::all_of(all, [](const Scores &each) { return same(sumOf(each.byRace), each.official); }))
         return std::nullopt;
     const std::size_t races = all.front().byRace.size();
     for (std::size_t first = races; first-- > 1;)
@@ -142,7 +142,8 @@ private:
             return 0;
         const PlannedRace &recorded = m_plan.season.races[number];
         const auto place = static_cast<std::size_t>(*entry.place - 1);
-        const std::string &name = m_plan.season.drivers[static_cast<std::size_t>(*m_plan.slotOf(entry.driver) - 1)].name;
+        const std::string &name =
+            m_plan.season.drivers[static_cast<std::size_t>(*m_plan.slotOf(entry.driver) - 1)].name;
         return recorded.finish[place] == name ? usual(race, entry) : 0;
     }
 
@@ -172,11 +173,15 @@ private:
     // Two cars at one place are one car with two drivers.
     static bool isShared(const Race &race, const Entry &entry)
     {
-        return entry.shared || std::ranges::count_if(race.entries, [&entry](const Entry &other) {
-            return (entry.place && other.place == entry.place) || (other.shared && other.driver == entry.driver);
-        }) > 1 || std::ranges::any_of(race.entries, [&entry](const Entry &other) {
-            return other.shared && (other.car == entry.car || other.driver == entry.driver);
-        });
+        return entry.shared ||
+            std::ranges::count_if(race.entries,
+                                  [&entry](const Entry &other) {
+                                      return (entry.place && other.place == entry.place) ||
+                                          (other.shared && other.driver == entry.driver);
+                                  }) > 1 ||
+            std::ranges::any_of(race.entries, [&entry](const Entry &other) {
+                   return other.shared && (other.car == entry.car || other.driver == entry.driver);
+               });
     }
 
     Account driverAccount(const PlannedDriver &driver)
@@ -279,9 +284,8 @@ private:
             m_bestCar = bestCar;
             const std::vector<Scores> all = teamScores();
             m_teamRule = ruleFor(all);
-            if (m_teamRule || std::ranges::all_of(all, [](const Scores &each) {
-                    return same(sumOf(each.byRace), each.official);
-                }))
+            if (m_teamRule ||
+                std::ranges::all_of(all, [](const Scores &each) { return same(sumOf(each.byRace), each.official); }))
                 return;
         }
         m_bestCar = false;

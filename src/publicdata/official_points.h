@@ -57,8 +57,8 @@ struct BestResults {
     std::size_t second = 0; // of the races behind
 };
 
-// The rule that makes the official points of all drivers out of their results; absent when all results counted, or when no
-// such rule does.
+// The rule that makes the official points of all drivers out of their results; absent when all results counted, or when
+// no such rule does.
 std::optional<BestResults> bestResultsOf(const Championship &championship);
 
 }

@@ -46,7 +46,8 @@ std::vector<Entrant> entrantsOf(const Championship &championship)
         for (const Entry &entry : race.entries) {
             auto known = std::ranges::find(all, entry.driver, &Entrant::driver);
             if (known == all.end())
-                known = all.insert(all.end(), {entry.driver, 0, false, 0, race.round, entry.car.value_or(9999), entry.order});
+                known = all.insert(all.end(),
+                                   {entry.driver, 0, false, 0, race.round, entry.car.value_or(9999), entry.order});
             known->points += entry.points;
             known->noticed = known->noticed || entry.pole || entry.place.value_or(99) <= classifiedPlaces;
             known->starts += entry.started && started.insert(entry.driver).second;
@@ -122,8 +123,11 @@ private:
         std::set<std::string> names;
         for (std::size_t i = 0; i < m_plan.drivers.size(); ++i) {
             const Driver &driver = m_data.drivers[static_cast<std::size_t>(m_plan.drivers[i])];
-            PlannedDriver planned{static_cast<int>(i) + 1, nameForFiles(driver.name), {},
-                                  frenchNationality(m_data, driver.country), dateInFiles(driver.birth)};
+            PlannedDriver planned{static_cast<int>(i) + 1,
+                                  nameForFiles(driver.name),
+                                  {},
+                                  frenchNationality(m_data, driver.country),
+                                  dateInFiles(driver.birth)};
             while (!names.insert(planned.name).second)
                 planned.name += " 2"; // a namesake is another man
             m_plan.careers.push_back(careers[static_cast<std::size_t>(m_plan.drivers[i])]);
@@ -163,32 +167,38 @@ private:
         planned.date = dateInFiles(race.date).substr(0, 5);
         planned.share = shareOf(race, byPlace);
         if (planned.share != 1)
-            planned.remark = planned.share == 0.5 ? "Demi-points" : planned.share == 2 ? "Points doubles" : "Points réduits";
+            planned.remark = planned.share == 0.5 ? "Demi-points"
+                : planned.share == 2              ? "Points doubles"
+                                                  : "Points réduits";
         for (const Entry &entry : race.entries)
             if (entry.pole && planned.pole.empty())
                 planned.pole = nameOf(entry.driver);
         for (std::size_t place = 0; place < planned.finish.size(); ++place)
             for (const Entry *const entry : holdersOf(race, static_cast<int>(place) + 1))
-                if (const std::string name = nameOf(entry->driver); planned.finish[place].empty() &&
-                    std::ranges::find(planned.finish, name) == planned.finish.end())
+                if (const std::string name = nameOf(entry->driver);
+                    planned.finish[place].empty() && std::ranges::find(planned.finish, name) == planned.finish.end())
                     planned.finish[place] = name;
         planGrid(race, planned);
         planCircuit(race, planned.name);
         m_plan.season.races.push_back(std::move(planned));
     }
 
-    // Where a car didn't start from its place, the place stays empty; cars from the pit lane follow behind the last one.
+    // Where a car didn't start from its place, the place stays empty; cars from the pit lane follow behind the last
+    // one.
     void planGrid(const Race &race, PlannedRace &planned) const
     {
+        const auto entered = [&race](const GridCar &car, bool Entry::*as) {
+            return std::ranges::any_of(race.entries,
+                                       [&](const Entry &entry) { return entry.driver == car.driver && entry.*as; });
+        };
+        const auto onGrid = [&](const GridCar &car) { return car.place && !entered(car, &Entry::fromPits); };
         std::size_t behind = 0;
         for (const GridCar &car : race.grid)
-            behind = std::max(behind, static_cast<std::size_t>(car.place.value_or(0)));
+            if (onGrid(car))
+                behind = std::max(behind, static_cast<std::size_t>(*car.place));
         for (const GridCar &car : race.grid) {
-            const std::size_t place = car.place ? static_cast<std::size_t>(*car.place) - 1 : behind++;
-            const bool started = std::ranges::any_of(race.entries, [&car](const Entry &entry) {
-                return entry.driver == car.driver && entry.started;
-            });
-            if (started && place < planned.grid.size() && planned.grid[place].empty())
+            const std::size_t place = onGrid(car) ? static_cast<std::size_t>(*car.place) - 1 : behind++;
+            if (entered(car, &Entry::started) && place < planned.grid.size() && planned.grid[place].empty())
                 planned.grid[place] = nameOf(car.driver);
         }
     }
@@ -198,8 +208,8 @@ private:
         if (race.circuit < 0 || race.length <= 0 || race.turns <= 0 || race.laps <= 0 || race.distance <= 0)
             return;
         const Circuit &circuit = m_data.circuits[static_cast<std::size_t>(race.circuit)];
-        m_plan.circuits.push_back({name, nameForFiles(circuit.name), nameForFiles(circuit.place), race.length, race.turns,
-                                   m_plan.season.year, race.laps, race.distance, race.clockwise});
+        m_plan.circuits.push_back({name, nameForFiles(circuit.name), nameForFiles(circuit.place), race.length,
+                                   race.turns, m_plan.season.year, race.laps, race.distance, race.clockwise});
     }
 
     // Two races of one name would share one result.
@@ -380,7 +390,8 @@ std::vector<PastWinner> championsOf(const Data &data)
     for (const Championship &championship : data.championships)
         for (const DriverPoints &standing : championship.standings)
             if (standing.champion)
-                champions.push_back({std::to_string(championship.year), {},
+                champions.push_back({std::to_string(championship.year),
+                                     {},
                                      nameForFiles(data.drivers[static_cast<std::size_t>(standing.driver)].name)});
     return champions;
 }

@@ -52,8 +52,8 @@ std::vector<double> pointsByPlace(const Championship &championship);
 // How a race's points stand to those of most races: 1, or 0.5 where half was given.
 double shareOf(const Race &race, const std::vector<double> &byPlace);
 
-// What a driver scored in the sprint beside a race, where the release says so, or by what the standings grew more than the
-// race gave. By driver, without those who scored nothing.
+// What a driver scored in the sprint beside a race, where the release says so, or by what the standings grew more than
+// the race gave. By driver, without those who scored nothing.
 std::map<int, double> sprintPointsOf(const Championship &championship, std::size_t race);
 
 // Totals from all races of the release before that year, of all drivers.

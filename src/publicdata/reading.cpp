@@ -146,6 +146,7 @@ public:
         entry.points = row.number(9).value_or(0);
         entry.pole = row.truth(10);
         entry.fastestLap = row.truth(11);
+        entry.fromPits = row.text(12) == "PL";
         m_races[*race].entries.push_back(entry);
         return entry.driver >= 0 && entry.team >= 0;
     }
@@ -168,12 +169,18 @@ public:
             m_races[*race].sprintPoints.push_back({driver, points, true, false});
         return true;
     }
-    bool driverStanding(const Row &row) { return standing(row, [&](int race) { return &m_races[race].standings; }); }
+    bool driverStanding(const Row &row)
+    {
+        return standing(row, [&](int race) { return &m_races[race].standings; });
+    }
     bool teamStanding(const Row &row)
     {
         return teamStanding(row, [&](int race) { return &m_races[race].teamStandings; });
     }
-    bool finalStanding(const Row &row) { return standing(row, [&](int year) { return &m_years[year].standings; }); }
+    bool finalStanding(const Row &row)
+    {
+        return standing(row, [&](int year) { return &m_years[year].standings; });
+    }
     bool finalTeamStanding(const Row &row)
     {
         return teamStanding(row, [&](int year) { return &m_years[year].teamStandings; });
@@ -278,7 +285,8 @@ const std::array<Table, 12> &tablesOfRelease()
          &Collector::race},
         {"f1db-races-race-results.json",
          {"raceId", "positionDisplayOrder", "positionNumber", "positionText", "driverNumber", "driverId",
-          "constructorId", "engineManufacturerId", "sharedCar", "points", "polePosition", "fastestLap"},
+          "constructorId", "engineManufacturerId", "sharedCar", "points", "polePosition", "fastestLap",
+          "gridPositionText"},
          &Collector::result},
         {"f1db-races-starting-grid-positions.json",
          {"raceId", "positionDisplayOrder", "positionNumber", "driverId"},
@@ -301,8 +309,8 @@ const std::array<Table, 12> &tablesOfRelease()
 
 const Table &sprintTable() // no older release has it
 {
-    static const Table table{"f1db-races-sprint-race-results.json", {"raceId", "driverId", "points"},
-                             &Collector::sprint, false};
+    static const Table table{
+        "f1db-races-sprint-race-results.json", {"raceId", "driverId", "points"}, &Collector::sprint, false};
     return table;
 }
 
@@ -384,8 +392,8 @@ bool Reading::Parts::read(const Table &table)
         unpacked += piece.size();
         return unpacked <= most ? piece : std::string_view();
     };
-    const bool whole = readTable(
-        next, table.fields, [&](const Row &row) { return ++rows <= mostRows && (collector.*table.take)(row); });
+    const bool whole = readTable(next, table.fields,
+                                 [&](const Row &row) { return ++rows <= mostRows && (collector.*table.take)(row); });
     if (unpacked > most)
         return refuse("l'archive se déploie à plus de 4 Go ou de 200 fois sa taille");
     if (zip.broken())

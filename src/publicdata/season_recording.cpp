@@ -107,8 +107,7 @@ void crown(const WritableSeason &season, int slot)
     const std::string &year = season.stem();
     const std::string key = keys::driver("champion", slot);
     season.write(keys::N, key, season.read(keys::N, key) + "-" + year);
-    WritableSeason(season.store(), std::string(keys::ARCHIVES))
-        .write(keys::GP, keys::champion(year), season.nom(slot));
+    WritableSeason(season.store(), std::string(keys::ARCHIVES)).write(keys::GP, keys::champion(year), season.nom(slot));
 }
 
 std::string circuitDescription(const CircuitFacts &circuit)

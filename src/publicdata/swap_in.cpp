@@ -77,8 +77,7 @@ private:
 
     bool makeFolders(const fs::path &below) const
     {
-        return below.empty() ||
-            (makeFolders(below.parent_path()) && disk::makeFolder((m_folder / below).string()));
+        return below.empty() || (makeFolders(below.parent_path()) && disk::makeFolder((m_folder / below).string()));
     }
 
     const fs::path m_folder, m_work;

@@ -1,7 +1,7 @@
 #pragma once
-// Puts files that were made in a folder of their own into the program folder as one: a kill leaves all of them or none, or
-// the next start ends the work. Until all are on the disk nothing is moved; from then on a list of what remains to be moved
-// stands in that folder.
+// Puts files that were made in a folder of their own into the program folder as one: a kill leaves all of them or none,
+// or the next start ends the work. Until all are on the disk nothing is moved; from then on a list of what remains to
+// be moved stands in that folder.
 #include "store/store.h"
 
 #include <string>
@@ -20,9 +20,9 @@ struct SwapResult {
 // before.
 SwapResult swapIn(Store &store, const std::vector<std::string> &files);
 
-// At the start of the program, and by whoever works on the folder without it: ends the moves of an import that was killed
-// while it swapped its files in, takes back one that was killed before. The caller holds the folder's lock. True when
-// moves were ended.
+// At the start of the program, and by whoever works on the folder without it: ends the moves of an import that was
+// killed while it swapped its files in, takes back one that was killed before. The caller holds the folder's lock. True
+// when moves were ended.
 bool finishImport(const std::filesystem::path &folder);
 
 }

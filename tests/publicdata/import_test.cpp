@@ -36,7 +36,8 @@ std::map<std::string, std::string> filesOf(const TemporaryFolder &folder)
 
 bool isCareer(const std::string &key)
 {
-    for (const char *const prefix : {"[N°] nbgp", "[N°] vic", "[N°] ptstot", "[N°] podiums", "[N°] champion", "[gp] noo"})
+    for (const char *const prefix :
+         {"[N°] nbgp", "[N°] vic", "[N°] ptstot", "[N°] podiums", "[N°] champion", "[gp] noo"})
         if (key.starts_with(prefix))
             return true;
     return key.starts_with("[N°] pol") && std::isdigit(static_cast<unsigned char>(key.back()));
@@ -54,12 +55,12 @@ TEST(Import, RecordsWhatTheSampleSeasonsHold)
         EXPECT_EQ(changes(expected, held), Lines{}) << year;
     }
     EXPECT_EQ(content(desk.folder / "Photos/descriptioncircuits/Chine.txt"),
-              content(sample.folder / "Photos/descriptioncircuits/Chine.txt"));
+              content(std::filesystem::path(CIRCUIDEX_SAMPLE) / "Photos/descriptioncircuits/Chine.txt"));
     EXPECT_EQ(desk.read("ARCHIVES [GP] Monaco2004"), "Jarno Trulli");
     EXPECT_EQ(desk.read("ARCHIVES [GP] Monaco1957"), "Juan Manuel Fangio");
     EXPECT_EQ(desk.read("ARCHIVES [GP] Monaco"), "Charles Leclerc"); // of the last year that is known
     EXPECT_EQ(desk.read("ARCHIVES [GP] championdumd2024"), "Max Verstappen");
-    EXPECT_EQ(desk.read("ARCHIVES [record] nomvic1") + desk.read("ARCHIVES [record] vic1"), "Michael Schumacher39");
+    EXPECT_EQ(desk.read("ARCHIVES [record] nomvic1") + desk.read("ARCHIVES [record] vic1"), "Michael Schumacher32");
     EXPECT_FALSE(std::filesystem::exists(desk.folder / std::string(importFolder)));
 }
 
@@ -101,10 +102,12 @@ TEST(Import, ChainsCareers)
         const WritableSeason season(desk.store, std::to_string(year));
         for (std::size_t i = 0; i < plan.drivers.size(); ++i) {
             const int slot = static_cast<int>(i) + 1;
-            const Career &was = before[static_cast<std::size_t>(plan.drivers[i])], &is = after[static_cast<std::size_t>(plan.drivers[i])];
+            const Career &was = before[static_cast<std::size_t>(plan.drivers[i])],
+                         &is = after[static_cast<std::size_t>(plan.drivers[i])];
             const std::string starts = std::to_string(was.starts + static_cast<int>(plan.season.races.size()));
-            EXPECT_EQ(careerLine(season, slot), starts + " GP, " + std::to_string(is.wins) + " wins, " + std::to_string(is.poles) +
-                          " poles, " + std::to_string(is.podiums) + " podiums, " + is.points)
+            EXPECT_EQ(careerLine(season, slot),
+                      starts + " GP, " + std::to_string(is.wins) + " wins, " + std::to_string(is.poles) + " poles, " +
+                          std::to_string(is.podiums) + " podiums, " + is.points)
                 << year << " " << is.name;
             EXPECT_EQ(careerSeasons(season, is.name), std::to_string(was.seasons + 1));
             ++compared;
@@ -126,7 +129,7 @@ TEST(Import, ReplacesNothingUnasked)
         Import import(desk.store, release(), {{*planSeason(release(), 1991), false}});
         for (int i = 0; i < 9; ++i)
             EXPECT_TRUE(import.step());
-        EXPECT_EQ(import.doing(), "1991 : France");
+        EXPECT_EQ(import.doing(), "1991 : Grande bretagne");
         import.cancel();
         EXPECT_FALSE(import.step());
     }
@@ -145,7 +148,7 @@ TEST(Import, TakesNothingFromAFullDisk)
     Desk desk;
     const auto before = filesOf(desk.folder);
     static int left;
-    left = 40;
+    left = 5;
     const auto kept = disk::calls.write;
     disk::calls.write = [](int file, const void *bytes, std::size_t size) -> ssize_t {
         errno = ENOSPC;

@@ -17,7 +17,8 @@ Lines linesOf(const SeasonPlan &season)
     for (const std::string &points : season.scale)
         lines.push_back("scale " + points);
     for (const PlannedDriver &each : season.drivers)
-        lines.push_back(std::to_string(each.slot) + " " + each.name + " " + each.team + " " + each.nationality + " " + each.birth);
+        lines.push_back(std::to_string(each.slot) + " " + each.name + " " + each.team + " " + each.nationality + " " +
+                        each.birth);
     for (const PlannedMove &each : season.moves)
         lines.push_back(std::to_string(each.slot) + " to " + each.team + " at " + std::to_string(each.gp));
     for (const PlannedRace &race : season.races) {
@@ -56,7 +57,8 @@ TEST(Planning, TellsWhatDoesNotFit)
     for (const int year : years) {
         std::vector<Misfit> kinds;
         std::string sentences;
-        for (const Note &note : planSeason(release(), year)->notes) {
+        const PlannedSeason plan = *planSeason(release(), year);
+        for (const Note &note : plan.notes) {
             kinds.push_back(note.kind);
             sentences += note.sentence + "\n";
         }
@@ -73,7 +75,8 @@ TEST(Planning, WritesNamesInTheLettersOfTheFiles)
                                                            {"e\u0301", "e"}};
     for (const auto &[published, written] : cases) {
         std::string name = nameForFiles(published);
-        name.erase(std::unique(name.begin(), name.end(), [](char a, char b) { return a == ' ' && b == ' '; }), name.end());
+        name.erase(std::unique(name.begin(), name.end(), [](char a, char b) { return a == ' ' && b == ' '; }),
+                   name.end());
         EXPECT_EQ(name, written);
     }
     EXPECT_EQ(plainName("Kimi RÄIKKÖNEN"), "kimiraikkonen");
