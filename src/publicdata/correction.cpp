@@ -7,6 +7,7 @@
 #include "results/navigation.h"
 #include "results/simulation.h"
 #include "statistics/season_statistics.h"
+#include "store/history.h"
 #include "store/text.h"
 
 #include <algorithm>
@@ -43,6 +44,7 @@ public:
         if (const auto simulation = results::runningSimulation(m_store);
             simulation && simulation->season == m_season.stem())
             return "Une simulation est en cours dans cette saison : arrêtez-la avant de corriger.";
+        const Action action(m_store, "correction de " + m_difference.subject + " " + m_season.stem());
         m_store.hold(m_season.stem());
         const std::string wrong = apply();
         const bool kept = m_store.release(m_season.stem());

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <set>
 #include <utility>
 
 namespace circuidex::publicdata {
@@ -117,6 +118,24 @@ bool seasonExists(const Store &store, int year)
 {
     const auto files = backups::dataFiles(store.folder().string());
     return files.contains(fileOf(std::to_string(year)));
+}
+
+std::optional<Note> archiveNote(const Store &store, const Data &data)
+{
+    const Season archive(store, std::string(keys::ARCHIVES));
+    std::set<std::string> names, fresh;
+    for (int row = 0; row < archiveRows; ++row)
+        names.insert(archive.read(keys::GP, keys::listed(row)));
+    names.erase("");
+    for (const PastWinner &win : winnersOf(data))
+        if (!names.contains(win.race))
+            fresh.insert(win.race);
+    if (names.size() + fresh.size() <= archiveRows)
+        return std::nullopt;
+    return Note{Misfit::archiveFull,
+                "Les archives ont la place de 61 noms de Grands Prix : " +
+                    std::to_string(names.size() + fresh.size() - archiveRows) +
+                    " n'y entreront pas, ni leurs vainqueurs."};
 }
 
 struct Import::Parts {
@@ -291,7 +310,10 @@ bool Import::Parts::putInPlace()
             fs::rename(folder / file, folder / name, error);
         file = name;
     }
-    SwapResult result = swapIn(store, files);
+    std::string years;
+    for (const ImportedSeason &each : seasons)
+        years += (years.empty() ? "" : ", ") + each.plan.season.year;
+    SwapResult result = swapIn(store, "import de " + years, files);
     copies = std::move(result.copies);
     done = result.failure.empty();
     return done || fail(result.failure);

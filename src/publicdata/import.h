@@ -12,6 +12,9 @@ namespace circuidex::publicdata {
 // The user has a file of that season, whatever is in it.
 bool seasonExists(const Store &store, int year);
 
+// What the archive has no room for: it lists 61 names of Grands Prix. Absent when all fit.
+std::optional<Note> archiveNote(const Store &store, const Data &data);
+
 struct ImportedSeason {
     PlannedSeason plan;
     bool replace = false; // the user's clear yes to replacing the season that exists

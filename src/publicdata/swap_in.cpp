@@ -1,5 +1,7 @@
 #include "publicdata/swap_in.h"
 
+#include "store/history.h"
+
 #include <set>
 #include <sstream>
 
@@ -56,6 +58,14 @@ public:
         return true;
     }
 
+    // Whether the file can take its place: nothing but an ordinary file stands there, and no link leads out of the
+    // folder.
+    bool fits(const std::string &file) const
+    {
+        const std::string to = disk::target((m_folder / file).string());
+        return disk::look(to).kind != disk::Kind::refused && disk::inside(m_folder.string(), to);
+    }
+
     void clear() const
     {
         std::error_code ignored; // what stays makes the next import fail, with a sentence
@@ -69,7 +79,7 @@ private:
         const std::string to = disk::target((m_folder / file).string());
         if (disk::look(from).kind == disk::Kind::missing)
             return true; // before a kill
-        if (!disk::inside(m_folder.string(), to) || !makeFolders(fs::path(file).parent_path()))
+        if (!fits(file) || !makeFolders(fs::path(file).parent_path()))
             return false;
         touched.insert(disk::folderOf(to));
         return disk::calls.rename(from.c_str(), to.c_str()) == 0;
@@ -85,19 +95,29 @@ private:
 
 }
 
-SwapResult swapIn(Store &store, const std::vector<std::string> &files)
+SwapResult swapIn(Store &store, std::string_view name, const std::vector<std::string> &files)
 {
     SwapResult result;
     const Moves moves(store.folder());
     store.settle();
+    const Action action(store, name);
+    std::vector<std::string> fitting;
     for (const std::string &file : files) {
-        if (file.find('/') != file.npos || disk::look((store.folder() / file).string()).kind == disk::Kind::missing)
+        const bool data = file.find('/') == file.npos; // else the text on a circuit, which may stay away
+        if (moves.fits(file))
+            fitting.push_back(file);
+        else if (data)
+            result.failure = file + " n'est pas un fichier ordinaire, ou mène hors du dossier : rien n'a été changé.";
+        if (!data || disk::look((store.folder() / file).string()).kind == disk::Kind::missing)
             continue;
         result.copies.push_back(backups::keep(store.folder().string(), file));
         if (result.copies.back().empty())
             result.failure = file + " n'a pas pu être copié dans Sauvegardes : rien n'a été changé.";
     }
-    if (result.failure.empty() && !moves.begin(files))
+    if (result.failure.empty())
+        for (const std::string &file : fitting)
+            store.history().before((store.folder() / file).string());
+    if (result.failure.empty() && !moves.begin(fitting))
         result.failure = "Le disque n'a pas pris les fichiers importés : rien n'a été changé.";
     if (result.failure.empty() && !moves.run())
         result.failure = "Un fichier importé n'a pas pu être mis en place ; le prochain démarrage reprendra ici.";

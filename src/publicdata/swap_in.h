@@ -17,12 +17,12 @@ struct SwapResult {
 };
 
 // The files stand in the import folder under the paths that they get in the program folder. What they replace is copied
-// before.
-SwapResult swapIn(Store &store, const std::vector<std::string> &files);
+// before. All of it is one action of the user's, under this name.
+SwapResult swapIn(Store &store, std::string_view action, const std::vector<std::string> &files);
 
-// At the start of the program, and by whoever works on the folder without it: ends the moves of an import that was
-// killed while it swapped its files in, takes back one that was killed before. The caller holds the folder's lock. True
-// when moves were ended.
+// At the start of the program, before the history is opened, and by whoever works on the folder without it: ends the
+// moves of an import that was killed while it swapped its files in, takes back one that was killed before. The caller
+// holds the folder's lock. True when moves were ended.
 bool finishImport(const std::filesystem::path &folder);
 
 }

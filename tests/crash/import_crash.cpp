@@ -2,11 +2,11 @@
 //
 //     import_crash KILLS SAMPLE
 //
-// Two seasons are imported into a folder with the sample seasons, one of them in the place of one that is there. The import
-// is killed right before one of its system calls or in the middle of a write, at places spread over the whole work, and
-// as often at moments spread over its running time, every other time again while the next start ends or takes back the
-// work. After that next start the folder must be as before, or the import whole, with a copy of what it replaced; and
-// nothing may lie about.
+// Two seasons are imported into a folder with the sample seasons, one of them in the place of one that is there. The
+// import is killed right before one of its system calls or in the middle of a write, at places spread over the whole
+// work, and as often at moments spread over its running time, every other time again while the next start ends or takes
+// back the work. After that next start the folder must be as before, or the import whole, with a copy of what it
+// replaced; and nothing may lie about.
 #include "publicdata/import.h"
 #include "publicdata/reading.h"
 #include "publicdata/swap_in.h"

@@ -1,3 +1,5 @@
+#include "app/import_command.h"
+#include "platform/folder_lock.h"
 #include "publicdata/comparison.h"
 #include "publicdata/import.h"
 #include "publicdata/release.h"
@@ -5,6 +7,7 @@
 #include "publicdata/swap_in.h"
 #include "results/season_fixture.h"
 #include "statistics/season_statistics.h"
+#include "store/history.h"
 
 using namespace circuidex;
 using namespace circuidex::publicdata;
@@ -118,6 +121,29 @@ TEST(Import, ChainsCareers)
     EXPECT_EQ(desk.read("2005 [N°] champion1"), "-2003-2004");
 }
 
+TEST(Import, IsOneUndo)
+{
+    Desk desk;
+    desk.store.keepHistory();
+    const auto files = [&] {
+        auto all = filesOf(desk.folder);
+        std::erase_if(all, [](const auto &each) {
+            return each.first.find("Sauvegardes") != std::string::npos ||
+                each.first.find("Historique") != std::string::npos;
+        });
+        return all;
+    };
+    const auto before = files();
+    ASSERT_EQ(imported(desk.store, {1991, 2004}, true), "");
+    const auto after = files();
+    desk.store.settle();
+    EXPECT_EQ(desk.store.history().undoable(), "import de 1991, 2004");
+    EXPECT_EQ(desk.store.undo(), "");
+    EXPECT_EQ(files(), before);
+    EXPECT_EQ(desk.store.redo(), "");
+    EXPECT_EQ(files(), after);
+}
+
 TEST(Import, ReplacesNothingUnasked)
 {
     Desk desk;
@@ -159,6 +185,33 @@ TEST(Import, TakesNothingFromAFullDisk)
     EXPECT_NE(failure, "");
     EXPECT_EQ(filesOf(desk.folder), before);
     EXPECT_EQ(imported(desk.store, {1991, 1997}), "");
+}
+
+TEST(ImportCommand, TellsAndImports)
+{
+    Desk desk;
+    Lines told;
+    const auto ordered = [&](const Lines &chosen, bool replace = false, const std::string &file = releaseFile) {
+        told.clear();
+        return importSeasons(desk.folder.path(), Numbers(), {file, chosen, replace},
+                             [&](const std::string &line) { told.push_back(line); });
+    };
+    const auto before = filesOf(desk.folder);
+    EXPECT_NE(ordered({"2004"}).find("existe déjà"), std::string::npos);
+    EXPECT_NE(ordered({"1992"}).find("n'ont pas de saison"), std::string::npos);
+    EXPECT_NE(ordered({"1991", "1991"}).find("deux fois"), std::string::npos);
+    EXPECT_NE(ordered({"1991"}, false, "/rien").find("pas lisible"), std::string::npos);
+    {
+        const FolderLock lock(desk.folder.path());
+        EXPECT_NE(ordered({"1991"}).find("est ouvert"), std::string::npos);
+    }
+    std::filesystem::remove(desk.folder / ".circuidex-verrou");
+    EXPECT_EQ(filesOf(desk.folder), before);
+    ASSERT_EQ(ordered({"1991", "2004"}, true), "");
+    EXPECT_EQ(told.front(), "1991 : 16 courses, 26 pilotes");
+    EXPECT_EQ(std::count(told.begin(), told.end(), "2004 : Monaco"), 1);
+    desk.store.newMoment();
+    EXPECT_EQ(desk.read("1991 [N°] nbpts1"), "96");
 }
 
 }
