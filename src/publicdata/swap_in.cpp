@@ -100,7 +100,7 @@ SwapResult swapIn(Store &store, std::string_view name, const std::vector<std::st
     SwapResult result;
     const Moves moves(store.folder());
     store.settle();
-    const Action action(store, name);
+    const Action action(store, std::string(name));
     std::vector<std::string> fitting;
     for (const std::string &file : files) {
         const bool data = file.find('/') == file.npos; // else the text on a circuit, which may stay away
