@@ -3,6 +3,7 @@
 #include "app/program.h"
 #include "online/update_notice.h"
 #include "platform/qt_dialogs.h"
+#include "platform/qt_first_program.h"
 #include "platform/qt_platform.h"
 #include "shell/look.h"
 
@@ -11,10 +12,14 @@
 #include <QLibraryInfo>
 #include <QTranslator>
 
-int main(int argc, char **argv)
+#include <cstdio>
+#include <cstdlib>
+#include <optional>
+
+namespace {
+
+int run(QApplication &application)
 {
-    circuidex::chooseDisplay(argc, argv);
-    QApplication application(argc, argv);
     application.setApplicationName(QStringLiteral("Circuidex"));
     application.setApplicationVersion(QStringLiteral(CIRCUIDEX_VERSION));
     application.setDesktopFileName(QStringLiteral("circuidex"));
@@ -30,6 +35,8 @@ int main(int argc, char **argv)
     circuidex::QtPlatform platform;
     const std::filesystem::path folder = asked.folder();
     const circuidex::FolderLock lock(folder);
+    if (lock.heldElsewhere() && circuidex::raiseFirstProgram(folder))
+        return 0;
     const circuidex::Opening opening = circuidex::openingOf(lock, dialogs);
     if (opening == circuidex::Opening::refused)
         return 0;
@@ -38,10 +45,30 @@ int main(int argc, char **argv)
         return 0;
     }
     platform.putDisplayBack();
+    const circuidex::Program *running = nullptr;
+    std::optional<circuidex::FirstProgram> first; // a second start waits for it while this one is still on its way
+    if (opening == circuidex::Opening::alone)
+        first.emplace(folder, [&running] {
+            if (running)
+                running->screens().comeToFront();
+        });
     circuidex::Program program(folder, circuidex::userNumbers(), dialogs, platform);
     if (opening == circuidex::Opening::readOnly)
         program.store().setReadOnly();
-    program.start();
+    running = &program;
+    program.start(QStringLiteral("Intro"));
     program.settleAtRest();
     return application.exec();
+}
+
+}
+
+// At the end nothing is left to be done, but the application would wait for each name server that doesn't answer.
+int main(int argc, char **argv)
+{
+    circuidex::chooseDisplay(argc, argv);
+    QApplication application(argc, argv);
+    const int status = run(application);
+    std::fflush(nullptr);
+    std::_Exit(status);
 }

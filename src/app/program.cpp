@@ -47,7 +47,7 @@ Program::Program(std::filesystem::path folder, Numbers numbers, Dialogs &dialogs
 
 Program::~Program() = default;
 
-void Program::start()
+void Program::start(const QString &first)
 {
     if (!m_store.readOnly())
         publicdata::finishImport(m_store.folder()); // of a run that was killed
@@ -57,7 +57,7 @@ void Program::start()
         m_updateNotice = online::takeNotice(m_store.folder());
     offerCopies();
     results::forgetUnrecorded(m_store);
-    m_screens.open(u"Form1"_s);
+    m_screens.open(first);
 }
 
 void Program::settle()
