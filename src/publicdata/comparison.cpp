@@ -104,9 +104,9 @@ private:
             wanted.push_back(driver.name);
         for (int slot = 1; slot <= driverSlots; ++slot)
             held.push_back(m_season.nom(slot));
-        m_result.slots = matched(wanted, held);
+        m_result.numbers = matched(wanted, held);
         for (std::size_t i = 0; i < wanted.size(); ++i) {
-            auto &slot = m_result.slots[i];
+            auto &slot = m_result.numbers[i];
             if (!slot) {
                 add(DifferenceKind::driverMissing, wanted[i], "", wanted[i]);
                 continue;
@@ -295,7 +295,7 @@ private:
     {
         for (std::size_t i = 0; i < m_accounts.drivers.size(); ++i) {
             const Account &account = m_accounts.drivers[i];
-            const auto slot = m_result.slots[i];
+            const auto slot = m_result.numbers[i];
             std::vector<Part> parts = partsOf(account);
             if (!slot) {
                 parts.push_back({Reason::unknownDriver, account.planned, {}});
@@ -399,7 +399,7 @@ std::string Comparison::nameInSeason(const Season &season, const std::string &pl
     const auto found = std::ranges::find(plan.season.drivers, planned, &PlannedDriver::name);
     if (found == plan.season.drivers.end())
         return planned;
-    const auto slot = slots[static_cast<std::size_t>(found->slot - 1)];
+    const auto slot = numbers[static_cast<std::size_t>(found->slot - 1)];
     return slot ? season.nom(*slot) : planned;
 }
 

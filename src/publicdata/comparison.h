@@ -40,7 +40,7 @@ struct Comparison {
     std::vector<Difference> differences; // names, then race by race, then totals
     // How the data's plan lies in the season: its drivers by slot less one, its races by slot.
     PlannedSeason plan;
-    std::vector<std::optional<int>> slots, gps;
+    std::vector<std::optional<int>> numbers, gps;
 
     // The driver's name as the season gives it, of one as the plan does; as the plan does for one that it hasn't got.
     std::string nameInSeason(const Season &season, const std::string &planned) const;

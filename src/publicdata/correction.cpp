@@ -140,7 +140,7 @@ private:
     {
         std::vector<Moved> all;
         for (const PlannedDriver &driver : m_comparison.plan.season.drivers) {
-            const auto slot = m_comparison.slots[static_cast<std::size_t>(driver.slot - 1)];
+            const auto slot = m_comparison.numbers[static_cast<std::size_t>(driver.slot - 1)];
             std::string then = driver.team, last = driver.team;
             for (const PlannedMove &move : m_comparison.plan.season.moves)
                 if (move.slot == driver.slot) {
