@@ -7,6 +7,7 @@
 #include "shell/look.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QTranslator>
 
@@ -19,6 +20,8 @@ int run(QApplication &application)
 {
     application.setApplicationName(QStringLiteral("Circuidex"));
     application.setApplicationVersion(QStringLiteral(CIRCUIDEX_VERSION));
+    application.setDesktopFileName(QStringLiteral("circuidex"));
+    application.setWindowIcon(QIcon(QStringLiteral(":/images/icon.svg")));
     circuidex::look::dress(application);
     QTranslator french;
     if (french.load(QStringLiteral("qtbase_fr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
@@ -37,6 +40,7 @@ int run(QApplication &application)
         platform.startProgram((circuidex::executableFolder() / "Zip").string());
         return 0;
     }
+    platform.putDisplayBack();
     circuidex::Program program(folder, circuidex::userNumbers(), dialogs, platform);
     if (opening == circuidex::Opening::readOnly)
         program.store().setReadOnly();
