@@ -16,6 +16,7 @@
 #include "statistics/season_statistics.h"
 
 #include <QKeyEvent>
+#include <QScreen>
 
 namespace circuidex::screens {
 
@@ -38,6 +39,7 @@ Form1::Form1(Context &theContext, const QString &name, const QString &title)
     context.screens.onChange = [this](const QString &screen, bool open) { screenChanged(screen, open); };
     comeBack();
     standWhereLeft();
+    connect(screen(), &QScreen::availableGeometryChanged, this, &Form1::displayChanged);
     start();
 }
 
@@ -313,8 +315,18 @@ void Form1::clearNewSeason()
 void Form1::comeBack()
 {
     setWindowState(Qt::WindowNoState);
-    resize(room().size().boundedTo(QSize(1400, 900)));
+    m_given = room().size().boundedTo(QSize(1400, 900));
+    resize(m_given);
     setPlace(0, 0);
+}
+
+// The system tells it some time after a change of the mode. A window that the user has pulled stays as it is, as long as
+// it is whole on the display.
+void Form1::displayChanged()
+{
+    const bool fits = size() != m_given && room().contains(frameGeometry());
+    if (seen() && !isMinimized() && !isMaximized() && !fits)
+        comeBack();
 }
 
 void Form1::registerShortcuts()

@@ -63,6 +63,7 @@ private:
     void gpTyped(const std::string &text);
     void start();
     void adapt();
+    void displayChanged();
     void sortTimeLists();
     void leave();
     void clearTotalsSoon(const QString &season);
@@ -73,6 +74,7 @@ private:
     QStringList m_pointed;
     std::string m_recordedGp, m_recordedSeason; // of which the status line speaks
     std::unique_ptr<Action> m_sorting, m_clearing; // parts of an action that a timer brings to its end
+    QSize m_given; // by the program, in pixels
     QWidget *m_display = nullptr; // the card about the display's mode, shown where there is room for it
     TimerControl *m_newSeason = nullptr, *m_records = nullptr, *m_lap = nullptr, *m_img = nullptr, *m_vid = nullptr;
 };
