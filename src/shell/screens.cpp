@@ -63,16 +63,12 @@ void Screens::close(const QString &name)
         screen->close();
 }
 
-void Screens::closeAllBut(const QString &name)
+void Screens::closeAllBut(const QStringList &kept)
 {
     m_ending = true;
-    const auto other = [&](const Screen *screen) { return screen->name() != name; };
-    for (;;) {
-        const auto last = std::find_if(m_open.rbegin(), m_open.rend(), other);
-        if (last == m_open.rend())
-            break;
-        (*last)->close(); // takes itself out of the list
-    }
+    for (const QString &name : openNames())
+        if (!kept.contains(name))
+            close(name);
     m_ending = false;
 }
 
