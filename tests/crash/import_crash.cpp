@@ -10,6 +10,7 @@
 #include "publicdata/import.h"
 #include "publicdata/reading.h"
 #include "publicdata/swap_in.h"
+#include "store/history.h"
 #include "store/temporary_folder.h"
 #include "store/watched_calls.h"
 
@@ -41,6 +42,7 @@ const Data &release()
 void import(const fs::path &folder)
 {
     Store store(folder);
+    store.keepHistory();
     Import import(store, release(), {{*planSeason(release(), 1991), false}, {*planSeason(release(), 2004), true}});
     while (import.step()) { }
     if (!import.done())
@@ -52,13 +54,13 @@ public:
     explicit Workshop(const char *sample) { fs::copy(sample, m_folder.path(), fs::copy_options::recursive); }
     const fs::path &path() const { return m_folder.path(); }
 
-    // The user's files; copies apart.
+    // The user's files; copies and history apart.
     Files files() const
     {
         Files all;
         for (const auto &entry : fs::recursive_directory_iterator(path()))
             if (const std::string name = entry.path().lexically_relative(path()).string();
-                entry.is_regular_file() && !name.starts_with("Sauvegardes"))
+                entry.is_regular_file() && !name.starts_with("Sauvegardes") && !name.starts_with("Historique"))
                 all[name] = content(entry.path());
         return all;
     }
@@ -97,9 +99,21 @@ public:
             fault(where + ": replaced without a copy");
         if (fs::exists(folder.path() / std::string(importFolder)))
             fault(where + ": left over");
+        if (done)
+            undo(folder, where);
     }
 
 private:
+    // The next start takes what a kill left of the import for the whole of it.
+    void undo(const Workshop &folder, const std::string &where)
+    {
+        Store store(folder.path());
+        store.keepHistory();
+        if (const std::string refusal = store.undo(); !refusal.empty())
+            fault(where + ": " + refusal);
+        else if (folder.files() != m_before)
+            fault(where + ": the undo doesn't bring back what was before");
+    }
     void fault(const std::string &what)
     {
         ++faults;
