@@ -250,7 +250,9 @@ void QtPlatform::endProgram()
 Room QtPlatform::roomFor(const QWidget &window) const
 {
     const QScreen *there = QGuiApplication::screenAt(window.geometry().center()); // also before it is shown there
-    const QRect free = (there ? there : window.screen())->availableGeometry();
+    const QScreen *display = there ? there : window.screen();
+    const bool stale = m_coming && display == QGuiApplication::primaryScreen();
+    const QRect free = stale ? QRect(display->geometry().topLeft(), *m_coming) : display->availableGeometry();
     return {free.x(), free.y(), free.width(), free.height()};
 }
 
