@@ -66,6 +66,7 @@
     screen(form100)               \
     screen(form101)               \
     screen(frmmain)               \
+    screen(raccourcis)            \
     screen(menuScreens)
 
 namespace circuidex {
