@@ -63,11 +63,16 @@ void Screens::close(const QString &name)
         screen->close();
 }
 
-void Screens::closeAll()
+void Screens::closeAllBut(const QString &name)
 {
     m_ending = true;
-    while (!m_open.empty())
-        m_open.back()->close(); // takes itself out of the list
+    const auto other = [&](const Screen *screen) { return screen->name() != name; };
+    for (;;) {
+        const auto last = std::find_if(m_open.rbegin(), m_open.rend(), other);
+        if (last == m_open.rend())
+            break;
+        (*last)->close(); // takes itself out of the list
+    }
     m_ending = false;
 }
 
@@ -95,7 +100,7 @@ void Screens::quit()
     if (const Screen *main = find(u"Form1"_s))
         main->press(u"Label53"_s);
     else
-        closeAll();
+        closeAllBut({});
 }
 
 void Screens::bringMainBack() const
