@@ -68,6 +68,7 @@
     screen(form101)               \
     screen(frmmain)               \
     screen(raccourcis)            \
+    screen(historique)            \
     screen(intro)                 \
     screen(menuScreens)
 

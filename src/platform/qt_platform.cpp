@@ -104,8 +104,6 @@ std::unique_ptr<DisplayOutput> changeableOutput()
 
 }
 
-QtPlatform::QtPlatform() : m_kept(stateFile(), QSettings::IniFormat), m_display(changeableOutput, stateFolder()) { }
-
 void drawScreen(QWidget &screen, QPainter &painter, const QSizeF &page)
 {
     const QPicture picture = takenDown(screen);
@@ -132,6 +130,8 @@ bool printText(const QString &text, const QString &pdfFile)
         asDocument(text)->print(printer.get());
     return printer && printer->printerState() != QPrinter::Error;
 }
+
+QtPlatform::QtPlatform() : m_display(changeableOutput, stateFolder()), m_kept(stateFile(), QSettings::IniFormat) { }
 
 bool QtPlatform::placesWindows() const
 {

@@ -43,8 +43,9 @@ public:
 private:
     void wake();
 
-    QSettings m_kept; // in the folder for what a user's programs remember
     DisplayChanger m_display;
+    QSettings m_kept; // in the folder for what a user's programs remember
+
     QObject m_here; // what other threads send for is done on the thread of the program
     std::atomic<bool> m_sentFor = false;
     MpvPlayer m_mpv{[this] { wake(); }};

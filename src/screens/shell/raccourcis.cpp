@@ -19,6 +19,7 @@ const Screen::Key keysOfWidgets[] = {
     {u"Maj+Entrée"_s, u"Double-cliquer : sur une image, une ligne, un champ à liste"_s},
     {u"Flèches"_s, u"Se déplacer dans un menu, un tableau, une galerie, un graphique"_s},
     {u"Échap"_s, u"Fermer la fenêtre, sauf la principale"_s},
+    {u"Ctrl+Z, Maj+Ctrl+Z"_s, u"Annuler, rétablir la dernière action ; dans un champ, la dernière frappe"_s},
     {u"Ctrl+C"_s, u"Copier les cellules choisies d'un tableau"_s},
 };
 
