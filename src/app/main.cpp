@@ -34,10 +34,13 @@ int run(QApplication &application)
     circuidex::QtDialogs dialogs;
     circuidex::QtPlatform platform;
     const std::filesystem::path folder = asked.folder();
-    const circuidex::FolderLock lock(folder);
-    if (lock.heldElsewhere() && circuidex::raiseFirstProgram(folder))
-        return 0;
-    const circuidex::Opening opening = circuidex::openingOf(lock, dialogs);
+    std::optional<circuidex::FolderLock> lock(std::in_place, folder);
+    if (lock->heldElsewhere()) {
+        if (circuidex::raiseFirstProgram(folder))
+            return 0;
+        lock.emplace(folder); // the first one may have been about to end
+    }
+    const circuidex::Opening opening = circuidex::openingOf(*lock, dialogs);
     if (opening == circuidex::Opening::refused)
         return 0;
     if (opening == circuidex::Opening::alone && circuidex::online::extractorMustEnd(folder)) {
@@ -49,8 +52,10 @@ int run(QApplication &application)
     std::optional<circuidex::FirstProgram> first; // a second start waits for it while this one is still on its way
     if (opening == circuidex::Opening::alone)
         first.emplace(folder, [&running] {
-            if (running)
+            const bool ending = running && running->screens().isOpen(QStringLiteral("Form47"));
+            if (running && !ending)
                 running->screens().comeToFront();
+            return !ending;
         });
     circuidex::Program program(folder, circuidex::userNumbers(), dialogs, platform);
     if (opening == circuidex::Opening::readOnly)

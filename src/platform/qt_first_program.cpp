@@ -31,7 +31,7 @@ QByteArray startToken()
 
 }
 
-FirstProgram::FirstProgram(const std::filesystem::path &folder, std::function<void()> comeToFront)
+FirstProgram::FirstProgram(const std::filesystem::path &folder, std::function<bool()> comeToFront)
     : m_comeToFront(std::move(comeToFront))
 {
     const QString address = addressOf(folder);
@@ -56,7 +56,8 @@ void FirstProgram::answer(QLocalSocket &start)
     const QByteArray token = start.readLine(longestToken).trimmed();
     if (!token.isEmpty())
         qputenv("XDG_ACTIVATION_TOKEN", token);
-    m_comeToFront();
+    if (!m_comeToFront())
+        return;
     start.write(done);
     start.disconnectFromServer();
 }

@@ -11,14 +11,15 @@ namespace circuidex {
 // Listens, for as long as it lives, for further starts on the same folder.
 class FirstProgram {
 public:
-    // A folder that can't be listened for, or already is, is no failure: a second start then gets no answer.
-    FirstProgram(const std::filesystem::path &folder, std::function<void()> comeToFront);
+    // A folder that can't be listened for is no failure: a second start then gets no answer, as it doesn't when
+    // `comeToFront` says that there is nothing to bring there, because the program is about to end.
+    FirstProgram(const std::filesystem::path &folder, std::function<bool()> comeToFront);
 
 private:
     void answer(QLocalSocket &start);
 
     QLocalServer m_server;
-    std::function<void()> m_comeToFront;
+    std::function<bool()> m_comeToFront;
 };
 
 // Asks the program that has the folder open to come to the front; false when it didn't answer in a short time.

@@ -102,7 +102,8 @@ void name(QWidget &widget, const QString &caption, const QString &title)
 {
     const auto *clicks = dynamic_cast<Clicks *>(&widget);
     const bool picture = clicks && !qobject_cast<QLabel *>(&widget);
-    if (picture && (clicks->onClick || clicks->onDoubleClick) && widget.focusPolicy() == Qt::NoFocus)
+    const bool byArrows = widget.property("menu").isValid(); // from entry to entry
+    if (clicks && (clicks->onClick || clicks->onDoubleClick) && !byArrows && widget.focusPolicy() == Qt::NoFocus)
         widget.setFocusPolicy(Qt::TabFocus);
     if (widget.focusPolicy() == Qt::NoFocus || !widget.accessibleName().isEmpty())
         return;

@@ -317,8 +317,9 @@ void Table::keyPressEvent(QKeyEvent *event)
     if (event->matches(QKeySequence::Copy)) {
         QApplication::clipboard()->setText(selectionAsText(selectedIndexes()));
     } else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && currentIndex().isValid() &&
-               onPress) {
-        pressed(currentIndex().row(), currentIndex().column(), false);
+               (onPress || onDoubleClick)) {
+        const bool twice = !onPress || (onDoubleClick && event->modifiers().testFlag(Qt::ShiftModifier));
+        pressed(currentIndex().row(), currentIndex().column(), twice);
     } else if (event->key() == Qt::Key_Delete && currentIndex().isValid() && onDelete) {
         const Column &column = m_model->columns()[static_cast<std::size_t>(currentIndex().column())];
         onDelete(column.name, currentIndex().row() + column.firstIndex);

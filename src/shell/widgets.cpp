@@ -215,6 +215,9 @@ void Edit::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Backspace && text().isEmpty() && onBackspaceInEmpty)
         run(onBackspaceInEmpty);
+    else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) &&
+             event->modifiers().testFlag(Qt::ShiftModifier) && (onDoubleClick || onClick))
+        run(onDoubleClick ? onDoubleClick : onClick);
     else
         QLineEdit::keyPressEvent(event);
 }
@@ -301,6 +304,7 @@ void sendKey(QWidget &widget, const QString &name)
         return;
     Qt::KeyboardModifiers held = Qt::NoModifier;
     held.setFlag(Qt::ControlModifier, name.startsWith(QLatin1String("Ctrl+")));
+    held.setFlag(Qt::AltModifier, name.startsWith(QLatin1String("Alt+")));
     held.setFlag(Qt::ShiftModifier, name.contains(QLatin1String("Shift+")));
     const QKeyCombination pressed(held, key);
     if (QShortcut *meant = shortcutOf(widget, pressed)) {

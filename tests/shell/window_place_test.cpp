@@ -107,19 +107,20 @@ TEST(FirstProgram, ComesToTheFrontForASecondStart)
 {
     const test::TemporaryFolder folder, other;
     int raised = 0;
-    const FirstProgram first(folder.path(), [&raised] { ++raised; });
-    const auto secondStart = [](const std::filesystem::path &on) {
+    const FirstProgram first(folder.path(), [&raised] { return ++raised == 1; });
+    const auto secondStart = [](const std::filesystem::path &on, int milliseconds) {
         std::atomic<int> answered = -1;
-        std::thread second([&answered, &on] { answered = raiseFirstProgram(on, 5000); });
+        std::thread second([&answered, &on, milliseconds] { answered = raiseFirstProgram(on, milliseconds); });
         QElapsedTimer clock;
         for (clock.start(); answered < 0 && !clock.hasExpired(10000);)
             QApplication::processEvents(QEventLoop::AllEvents, 20);
         second.join();
         return answered == 1;
     };
-    EXPECT_EQ(secondStart(folder.path()), true);
+    EXPECT_EQ(secondStart(folder.path(), 5000), true);
     EXPECT_EQ(raised, 1);
-    EXPECT_EQ(secondStart(other.path()), false) << "nobody has that one open";
+    EXPECT_EQ(secondStart(folder.path(), 200), false) << "about to end";
+    EXPECT_EQ(secondStart(other.path(), 200), false) << "nobody has that one open";
 }
 
 }

@@ -5,6 +5,7 @@
 #include "results/navigation.h"
 #include "results/options.h"
 #include "screens/results/form1_side_screens.h"
+#include "shell/letter_line.h"
 #include "shell/look.h"
 #include "kinds/page_view.h"
 #include "kinds/place_names.h"
@@ -46,6 +47,15 @@ const PlainOpening plainLabels[] = {
     {u"Label19"_s, u"Site"_s, u"Form97"_s, u"Aller sur le site Circuidex"_s, openSite},
     {u"Label17"_s, u"Options"_s, u"Form93"_s, u"Options de Circuidex"_s},
     {u"Label51"_s, u"A Propos"_s, u"Form17"_s, {}},
+};
+
+// Alt and a letter of the caption press a button; for a label below the letter stands in its tip.
+const std::pair<QString, char16_t> letters[] = {
+    {u"Command26"_s, u'E'}, {u"Command3"_s, u'O'},  {u"Command30"_s, u'G'}, {u"Command21"_s, u'A'},
+    {u"Command25"_s, u'N'}, {u"Command2"_s, u'P'},  {u"Command32"_s, u'C'}, {u"Command20"_s, u'S'},
+    {u"Command11"_s, u'B'}, {u"Command31"_s, u'I'}, {u"Command15"_s, u'V'}, {u"Command33"_s, u'M'},
+    {u"Command24"_s, u'F'}, {u"Command16"_s, u'L'}, {u"Label47"_s, u'U'},   {u"Label68"_s, u'H'},
+    {u"Label72"_s, u'J'},   {u"Label17"_s, u'T'},   {u"Label51"_s, u'R'},   {u"Label71"_s, u'D'},
 };
 
 QLabel *caption(const QString &words)
@@ -93,6 +103,24 @@ void Form1::layOut()
     columns->addLayout(commands, 3);
     rows->addLayout(columns, 1);
     rows->addWidget(displayCard());
+    giveLetters();
+}
+
+void Form1::giveLetters()
+{
+    for (const auto &[name, sign] : letters) {
+        QWidget *widget = static_cast<WidgetControl *>(control(name))->widget();
+        const QChar letter(sign);
+        if (auto *pressed = qobject_cast<QAbstractButton *>(widget))
+            underline(*pressed, letter);
+        shortcut(
+            QKeySequence(u"Alt+"_s + letter),
+            [this, name = name] {
+                if (typedHolds())
+                    press(name);
+            },
+            sideScreenOf(name.toStdString()) ? qt(sideScreenOf(name.toStdString())->caption) : text(name));
+    }
 }
 
 // Why and how the display can take the mode that the screens are made for.

@@ -23,6 +23,7 @@ protected:
 private:
     void registerHidden();
     void registerShortcuts();
+    void giveLetters(); // that press the buttons together with Alt
     void layOut();
     QWidget *selectionCard();
     QWidget *raceNumber();

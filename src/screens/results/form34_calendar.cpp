@@ -77,7 +77,7 @@ QLayout *Form34::rows()
             u"Command1"_s, u"Liste"_s,
             [this, slot] { openPicker(context.screens, PickList::grandsPrix, u"f34%1"_s.arg(slot)); },
             slot);
-        list->setToolTip(u"Choisir dans la liste des Grands Prix"_s);
+        list->setToolTip(u"Choisir dans la liste des Grands Prix (Ctrl+L)"_s);
         list->setFocusPolicy(Qt::ClickFocus); // Tab goes from name to date and on
         m_dates[at] = box(u"Text4"_s, slot);
         m_dates[at]->setFixedWidth(70);
@@ -89,6 +89,15 @@ QLayout *Form34::rows()
         grid->addWidget(m_dates[at], slot + 1, 3);
     }
     grid->setColumnStretch(1, 1);
+    shortcut(
+        u"Ctrl+L"_s,
+        [this] {
+            for (int slot = 0; slot < gpSlots; ++slot)
+                if (const auto at = static_cast<std::size_t>(slot);
+                    focusWidget() == m_names[at] || focusWidget() == m_dates[at])
+                    return press(u"Command1"_s, slot);
+        },
+        u"Choisir le Grand Prix de la ligne dans la liste"_s);
     return grid;
 }
 

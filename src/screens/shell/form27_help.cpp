@@ -2,6 +2,7 @@
 // the program folder, or on the topic of the screen that opened it.
 #include "platform/file_lookup.h"
 #include "shell/fixed_text.h"
+#include "shell/help_topics.h"
 #include "shell/look.h"
 #include "shell/screens.h"
 #include "store/store.h"
@@ -71,6 +72,9 @@ QWidget *Form27::contents()
             command(topic.label, topic.caption, [this, box = topic.box] { m_text->setPlainText(Screen::text(box)); }));
     }
     layout->addStretch(1);
+    auto *keys = command(u"Raccourcis"_s, u"Raccourcis clavier"_s, [this] { openKeys(context.screens, name()); });
+    keys->setToolTip(u"Toutes les touches du programme (Maj+F1)"_s);
+    layout->addWidget(keys);
     return card(u"Sommaire"_s, layout);
 }
 
