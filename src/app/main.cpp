@@ -20,6 +20,9 @@ int main(int argc, char **argv)
     circuidex::QtDialogs dialogs;
     circuidex::QtPlatform platform;
     const std::filesystem::path folder = circuidex::programFolder();
+    if (const auto gone = circuidex::missingChoice(); !gone.empty())
+        dialogs.message("Le dossier choisi n'est pas là : " + gone.string() +
+                        "\n\nCircuidex ouvre le sien pour cette fois : " + folder.string());
     const circuidex::FolderLock lock(folder);
     const circuidex::Opening opening = circuidex::openingOf(lock, dialogs);
     if (opening == circuidex::Opening::refused)

@@ -64,4 +64,10 @@ std::optional<std::string> QtDialogs::chooseNewFile(const std::string &title, co
     return dialog.selectedFiles().constFirst().toStdString();
 }
 
+std::optional<std::string> QtDialogs::chooseFolder(const std::string &title)
+{
+    const QString path = QFileDialog::getExistingDirectory(nullptr, QString::fromStdString(title));
+    return path.isEmpty() ? std::nullopt : std::optional(path.toStdString());
+}
+
 }

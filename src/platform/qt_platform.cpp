@@ -1,5 +1,6 @@
 #include "platform/qt_platform.h"
 
+#include "platform/program_folder.h"
 #include "platform/qt_pictures.h"
 
 #include <QCoreApplication>
@@ -161,6 +162,11 @@ DisplayMode QtPlatform::displayMode() const
     const QScreen *display = QGuiApplication::primaryScreen();
     const QSize size = display->size() * display->devicePixelRatio();
     return {size.width(), size.height(), display->depth()};
+}
+
+bool QtPlatform::keepFolder(const std::string &path)
+{
+    return chooseFolder(ownFolder(), path);
 }
 
 void QtPlatform::endProgram()

@@ -25,6 +25,7 @@ public:
     DisplayChange changeDisplay(const DisplayMode &, int) override { return DisplayChange::refused; }
     void changeDisplayPlainly(int, int) override { }
     void restartMachine() override { }
+    bool keepFolder(const std::string &path) override;
     void endProgram() override;
     Room roomFor(const QWidget &window) const override;
 

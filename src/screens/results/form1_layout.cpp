@@ -55,9 +55,12 @@ QLabel *caption(const QString &words)
 
 void Form1::layOut()
 {
-    auto *columns = new QHBoxLayout(body());
-    columns->setContentsMargins(look::gap, look::gap, look::gap, look::gap);
+    auto *page = new QVBoxLayout(body());
+    page->setContentsMargins(look::gap, look::gap, look::gap, look::gap);
+    page->setSpacing(look::gap);
+    auto *columns = new QHBoxLayout;
     columns->setSpacing(look::gap);
+    page->addLayout(columns);
     auto *race = new QVBoxLayout;
     race->setSpacing(look::gap);
     race->addWidget(selectionCard());

@@ -31,6 +31,7 @@ Form1::Form1(Context &theContext, const QString &name, const QString &title)
             m_main.said.set("");
             showAgeOfStatus();
         });
+    listen(m_main.an, [this](const std::string &) { showSteps(); });
     m_main.clearTotalsSoon = [this](const std::string &season) { clearTotalsSoon(qt(season)); };
     context.screens.onChange = [this](const QString &screen, bool open) { screenChanged(screen, open); };
     comeBack();
@@ -44,6 +45,7 @@ void Form1::start()
     if (results::openMarkedSeason(m_main))
         context.screens.open(u"Form46"_s);
     results::openOnLastRecorded(m_main);
+    showSteps();
     context.skin = skinNamed(results::chosenSkin(context.store));
     dress();
     fetchNotice(context, u"//progload2.htm"_s, this);
@@ -138,6 +140,8 @@ void Form1::screenChanged(const QString &screen, bool open)
     for (const SideScreen &side : sideScreens)
         if (screen == qt(side.screen))
             setText(qt(side.button), qt(open ? side.openCaption : side.caption));
+    if (!open)
+        showSteps();
     if (!open && std::ranges::count(alsoSetBack, screen.toStdString()) > 0)
         setText(qt(placesButton), qt(sideScreenOf(placesButton)->caption));
 }
@@ -165,6 +169,7 @@ void Form1::showPodium()
 
 void Form1::afterResult()
 {
+    showSteps();
     showPodium();
     context.screens.close(u"Form32"_s);
     m_records->start(10);

@@ -1,9 +1,11 @@
 // Form93, the options: the colour of the title bars, which the next screens opened take, and the way out of the
-// automatic change of the display's mode.
+// automatic change of the display's mode, and the folder that the program works in.
+#include "kinds/folder_choice.h"
 #include "results/main_record.h"
 #include "results/options.h"
 #include "shell/look.h"
 #include "shell/screens.h"
+#include "store/store.h"
 
 #include <QBoxLayout>
 
@@ -29,6 +31,7 @@ public:
 
 private:
     QWidget *colours();
+    QWidget *folder();
     void choose(std::string_view couleur);
 };
 
@@ -36,6 +39,7 @@ Form93::Form93(Context &theContext, const QString &name, const QString &title) :
 {
     hidden(u"Command5"_s, u"validation"_s, [this] { context.skin = skinNamed(results::chosenSkin(context.store)); });
     page()->addWidget(colours());
+    page()->addWidget(folder());
     resize(420, sizeHint().height());
 }
 
@@ -51,6 +55,29 @@ QWidget *Form93::colours()
         row->addWidget(button(choice.button, choice.caption, [this, &choice] { choose(choice.couleur); }), 1);
     }
     return card(u"Couleur de la barre de titre:"_s, row);
+}
+
+QWidget *Form93::folder()
+{
+    auto *path = styled(qt(context.store.folder().string()), "hint");
+    path->setWordWrap(true);
+    auto *said = add(u"avis"_s, new Label);
+    said->setObjectName(u"lost"_s);
+    said->setWordWrap(true);
+    said->hide();
+    auto *open = button(u"dossier"_s, u"Ouvrir un autre dossier"_s, [this, said] {
+        said->setText(openAnotherFolder(context, [this] {
+            if (Screen *main = context.screens.find(u"Form1"_s))
+                main->close();
+        }));
+        said->setVisible(!said->text().isEmpty());
+    });
+    open->setToolTip(u"Circuidex s'y ouvre, et s'en souvient"_s);
+    auto *layout = new QVBoxLayout;
+    layout->addWidget(path);
+    layout->addWidget(open, 0, Qt::AlignLeft);
+    layout->addWidget(said);
+    return card(u"Dossier des saisons:"_s, layout);
 }
 
 void Form93::choose(std::string_view couleur)
