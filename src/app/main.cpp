@@ -1,4 +1,5 @@
 // Circuidex: the Formula 1 championship, race by race, for one fan.
+#include "app/command_line.h"
 #include "app/program.h"
 #include "online/update_notice.h"
 #include "platform/qt_dialogs.h"
@@ -11,16 +12,22 @@
 
 int main(int argc, char **argv)
 {
+    circuidex::chooseDisplay(argc, argv);
     QApplication application(argc, argv);
     application.setApplicationName(QStringLiteral("Circuidex"));
+    application.setApplicationVersion(QStringLiteral(CIRCUIDEX_VERSION));
     circuidex::look::dress(application);
     QTranslator french;
     if (french.load(QStringLiteral("qtbase_fr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         application.installTranslator(&french);
+    const circuidex::CommandLine asked(application.arguments());
+    if (const auto status = asked.run())
+        return *status;
     circuidex::QtDialogs dialogs;
     circuidex::QtPlatform platform;
-    const std::filesystem::path folder = circuidex::programFolder();
-    if (const auto gone = circuidex::missingChoice(); !gone.empty())
+    const std::filesystem::path folder = asked.folder();
+    const std::filesystem::path gone = circuidex::missingChoice();
+    if (!gone.empty() && folder == circuidex::programFolder())
         dialogs.message("Le dossier choisi n'est pas là : " + gone.string() +
                         "\n\nCircuidex ouvre le sien pour cette fois : " + folder.string());
     const circuidex::FolderLock lock(folder);
