@@ -7,13 +7,14 @@ namespace circuidex {
 // The folder of the running executable.
 std::filesystem::path executableFolder();
 
-// The folder that the user chose, where it is there. Without a choice, and while that is gone (a stick that isn't in),
-// the folder of the executable when it can be written, otherwise "Circuidex" in the user's data folder, made if need
-// be.
+// Where the program keeps what it writes: the folder that the user chose; without a choice, and while that folder is gone
+// (a stick that isn't in), its own.
 std::filesystem::path programFolder();
 
-// The same, whatever folder was chosen.
+// The own folder of the program, or of one that stands there. Of an installed program, and of one whose folder can't be
+// written, that is "Circuidex" in the user's data folder, made if need be; otherwise the folder of the executable.
 std::filesystem::path ownFolder();
+std::filesystem::path programFolder(const std::filesystem::path &executableFolder);
 
 // The folder that the user chose to work in, noted in the file "Dossier" of the program's own one, which is meant when
 // none was chosen.
@@ -24,8 +25,12 @@ bool chooseFolder(const std::filesystem::path &own, const std::filesystem::path 
 // The chosen folder while it is gone; empty otherwise.
 std::filesystem::path missingChoice();
 
-// Where the example seasons lie that come with the program: "exemples" beside it, or what its build recorded. Empty
-// without any.
+// Where the example seasons lie that come with the program: "exemples" beside it, what its installation shares, or what
+// its build recorded. Empty without any.
 std::filesystem::path exampleFolder();
+std::filesystem::path exampleFolder(const std::filesystem::path &executableFolder);
+
+// Where the program notes what only this machine needs to know: "circuidex" in the user's state folder. Isn't made.
+std::filesystem::path stateFolder();
 
 }
