@@ -4,7 +4,7 @@
 #include "platform/qt_page.h"
 #include "platform/qt_pictures.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFile>
@@ -451,6 +451,7 @@ QString Driver::keyed(Screen &screen, const QStringList &names)
         if (!asked || !m_program->screens().isOpen(asked->name()))
             return error(u"closed before "_s + name);
         ++m_strokes;
+        QApplication::setActiveWindow(asked);
         sendKey(asked->focusWidget() ? *asked->focusWidget() : *asked, name);
     }
     return ok;

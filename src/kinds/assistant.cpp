@@ -97,7 +97,7 @@ QWidget *Assistant::names()
     add(emptyNote, new EmptyNote(*inside, [this]() -> std::optional<Missing> {
             if (!results::firstLack(m_main.season(), results::Need::drivers))
                 return std::nullopt;
-            return Missing{u"Pas encore de pilote en %1 : « Ouvrir/Modifier Pilote »\nsur l'écran principal les inscrit."_s
+            return Missing{u"Pas encore de pilotes en %1 :\n« Ouvrir/Modifier Pilote » les inscrit."_s
                                .arg(qt(m_main.an.text()))};
         }));
     auto *nobody = button(u"Text10"_s, u"Aucun"_s, [this] { choose(std::nullopt); });

@@ -14,13 +14,11 @@ using results::Need;
 
 namespace {
 
-constexpr int widest = 420; // pixels
-
 QString sentence(Need lack)
 {
     switch (lack) {
     case Need::drivers:
-        return u"Pas encore de pilote en %1 :\n« Ouvrir/Modifier Pilote » les inscrit."_s;
+        return u"Pas encore de pilotes en %1 :\n« Ouvrir/Modifier Pilote » les inscrit."_s;
     case Need::teams:
         return u"Aucun pilote n'a d'écurie en %1 :\n« Ouvrir/Modifier Pilote » la lui donne."_s;
     case Need::calendar:
@@ -77,7 +75,6 @@ EmptyNote::EmptyNote(QWidget &over, std::function<std::optional<Missing>()> miss
 {
     setObjectName(u"empty"_s);
     setAlignment(Qt::AlignCenter);
-    setWordWrap(true);
     hide();
     over.installEventFilter(this);
     if (const auto *table = qobject_cast<Table *>(&over))
@@ -109,11 +106,12 @@ void EmptyNote::look()
     setFocusPolicy(onClick ? Qt::TabFocus : Qt::NoFocus);
     if (!missing)
         return;
-    const int wide = std::min(m_over.width() - 2 * look::gap, widest);
     ensurePolished();
-    const QSize size(std::min(wide, sizeHint().width()), 0);
-    const int high = heightForWidth(size.width());
-    setGeometry((m_over.width() - size.width()) / 2, (m_over.height() - high) / 3, size.width(), high);
+    setWordWrap(false);
+    const int wide = std::min(m_over.width() - 2 * look::gap, sizeHint().width());
+    setWordWrap(true);
+    const int high = heightForWidth(wide);
+    setGeometry((m_over.width() - wide) / 2, (m_over.height() - high) / 3, wide, high);
     raise();
 }
 

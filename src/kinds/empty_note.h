@@ -35,7 +35,7 @@ private:
 EmptyNote *noteOver(Table &table, const QString &column, Context &context, results::Need need);
 // The same with a sentence of its own, whatever the season has.
 EmptyNote *noteOver(Table &table, const QString &column, const QString &says);
-// Over a chart, for as long as that season has no race.
+// Over a chart, or an answer in words, for as long as that season has no race.
 EmptyNote *noteOver(QWidget &chart, Context &context);
 
 }

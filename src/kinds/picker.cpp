@@ -14,7 +14,7 @@ namespace circuidex {
 
 namespace {
 
-const QString noGrandPrix = u"La liste est encore vide : tapez le nom du Grand Prix dans « Calendrier ».\n"
+const QString noGrandPrix = u"La liste est encore vide : tapez le nom dans « Calendrier ».\n"
                             "Chaque course enregistrée entre dans la liste."_s;
 
 QString formOf(PickList list)

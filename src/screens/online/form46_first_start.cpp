@@ -20,7 +20,7 @@ namespace circuidex::screens {
 
 namespace {
 
-constexpr int offerWidth = 190; // pixels
+constexpr int startWidth = 920, offerWidth = 210; // pixels
 
 class Form46 : public Screen {
 public:
@@ -70,7 +70,9 @@ Form46::Form46(Context &theContext, const QString &name, const QString &title) :
     layout->addSpacing(look::gap);
     layout->addLayout(both);
     layout->addWidget(m_said);
-    body()->setMinimumWidth(900);
+    setFixedSize(startWidth, heightForWidth(startWidth));
+    if (!updateObstacle(context).isEmpty()) // nothing to be fetched from
+        static_cast<WidgetControl *>(control(u"Command5"_s))->widget()->setFocus();
 }
 
 QLayout *Form46::download()

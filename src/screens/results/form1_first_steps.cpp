@@ -48,9 +48,11 @@ void Form1::showSteps()
     m_begun = !steps;
     if (steps && !m_steps)
         makeSteps();
+    if (m_steps && m_begun && !m_steps->isHidden()) // on to the standings
+        static_cast<WidgetControl *>(control(u"Command32"_s))->widget()->setFocus();
     if (m_steps)
-        m_steps->setVisible(steps.has_value());
-    if (!steps)
+        m_steps->setVisible(!m_begun);
+    if (m_begun)
         return;
     const std::array<bool, 3> done{steps->calendar, steps->drivers, false};
     const auto next = std::size_t(std::find(done.begin(), done.end(), false) - done.begin());
