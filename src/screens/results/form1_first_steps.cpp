@@ -50,8 +50,10 @@ void Form1::showSteps()
         makeSteps();
     if (m_steps && m_begun && !m_steps->isHidden()) // on to the standings
         static_cast<WidgetControl *>(control(u"Command32"_s))->widget()->setFocus();
-    if (m_steps)
+    if (m_steps) {
         m_steps->setVisible(!m_begun);
+        m_steps->setEnabled(!m_begun);
+    }
     if (m_begun)
         return;
     const std::array<bool, 3> done{steps->calendar, steps->drivers, false};
