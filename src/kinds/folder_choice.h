@@ -4,8 +4,8 @@
 
 namespace circuidex {
 
-// What stands in the way, for the user; empty when nothing did, or when he chose none. `leave` ends this program once the
-// other one is started.
+// What stands in the way, for the user; empty when nothing did, or when he chose none. `leave` ends this program once
+// the other one is started.
 QString openAnotherFolder(Context &context, const std::function<void()> &leave);
 
 }

@@ -62,7 +62,8 @@ Picker::Picker(Context &theContext, const QString &name, const QString &title, S
         m_list->horizontalHeader()->hide();
     m_list->setFixedHeight(m_list->rowsHigh(rows));
     m_list->onPress = [this](const QString &, int index) { pick(index); }; // on a name or on its number
-    add(emptyNote, m_shape.list == PickList::grandsPrix
+    add(emptyNote,
+        m_shape.list == PickList::grandsPrix
             ? noteOver(*m_list, m_shape.array, noGrandPrix)
             : noteOver(*m_list, m_shape.array, context,
                        m_shape.list == PickList::teams ? results::Need::teams : results::Need::drivers));

@@ -146,7 +146,8 @@ FrmMain::FrmMain(Context &theContext, const QString &name, const QString &title)
     auto *columns = new QHBoxLayout;
     columns->setSpacing(look::gap);
     auto *films = pageCard();
-    noteWhenFree(*films, u"Pas encore de film sur cette page :\ndouble-cliquez sur un emplacement, ou déposez-y un film."_s);
+    noteWhenFree(*films,
+                 u"Pas encore de film sur cette page :\ndouble-cliquez sur un emplacement, ou déposez-y un film."_s);
     columns->addWidget(films, 1);
     auto *side = new QVBoxLayout;
     side->setSpacing(look::gap);

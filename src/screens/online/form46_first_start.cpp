@@ -1,6 +1,6 @@
-// Form46, the start page of a folder that has no season yet. At the left what the server has: fetch it all, or come back
-// later; beside it all that needs no network: the example seasons, a new season, another folder, or nothing at all. The
-// main screen is out of sight until the choice is made.
+// Form46, the start page of a folder that has no season yet. At the left what the server has: fetch it all, or come
+// back later; beside it all that needs no network: the example seasons, a new season, another folder, or nothing at
+// all. The main screen is out of sight until the choice is made.
 #include "kinds/folder_choice.h"
 #include "kinds/update_runner.h"
 #include "online/examples.h"
@@ -130,8 +130,7 @@ QWidget *Form46::withoutDownload()
     offer(season, m_seasonSays);
     offer(button(u"Command6"_s, u"Ouvrir un dossier"_s, [this] { openFolder(); }),
           hint(u"Des saisons qui sont déjà sur cette machine : Circuidex travaillera dans ce dossier"_s));
-    offer(button(u"Command3"_s, u"Commencer sans télécharger"_s, [this] { close(); }),
-          hint(u"La saison 2005, vide"_s));
+    offer(button(u"Command3"_s, u"Commencer sans télécharger"_s, [this] { close(); }), hint(u"La saison 2005, vide"_s));
     offers->addStretch(1);
     return card(u"Sans Internet:"_s, offers);
 }

@@ -30,7 +30,8 @@ void Form1::makeSteps()
     row->setSpacing(look::gap);
     row->addWidget(styled(u"Pour commencer:"_s, "caption"));
     for (int step = 1; step <= int(firstStepsOfAll.size()); ++step) {
-        auto *made = button(stepButton, {}, [this, step] { takeStep(step); }, step);
+        auto *made = button(
+            stepButton, {}, [this, step] { takeStep(step); }, step);
         made->setFixedWidth(130);
         row->addWidget(made);
     }

@@ -60,7 +60,7 @@ void Form1::layOut()
     page->setSpacing(look::gap);
     auto *columns = new QHBoxLayout;
     columns->setSpacing(look::gap);
-    page->addLayout(columns);
+    page->addLayout(columns, 1);
     auto *race = new QVBoxLayout;
     race->setSpacing(look::gap);
     race->addWidget(selectionCard());

@@ -38,8 +38,9 @@ private:
 Form93::Form93(Context &theContext, const QString &name, const QString &title) : Screen(theContext, name, title)
 {
     hidden(u"Command5"_s, u"validation"_s, [this] { context.skin = skinNamed(results::chosenSkin(context.store)); });
-    page()->addWidget(colours());
-    page()->addWidget(folder());
+    auto *layout = page();
+    layout->addWidget(colours());
+    layout->addWidget(folder());
     resize(420, sizeHint().height());
 }
 
