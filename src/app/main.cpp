@@ -7,6 +7,7 @@
 #include "shell/look.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QTranslator>
 
@@ -16,6 +17,8 @@ int main(int argc, char **argv)
     QApplication application(argc, argv);
     application.setApplicationName(QStringLiteral("Circuidex"));
     application.setApplicationVersion(QStringLiteral(CIRCUIDEX_VERSION));
+    application.setDesktopFileName(QStringLiteral("circuidex"));
+    application.setWindowIcon(QIcon(QStringLiteral(":/images/icon.svg")));
     circuidex::look::dress(application);
     QTranslator french;
     if (french.load(QStringLiteral("qtbase_fr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
@@ -38,6 +41,7 @@ int main(int argc, char **argv)
         platform.startProgram((circuidex::executableFolder() / "Zip").string());
         return 0;
     }
+    platform.putDisplayBack();
     circuidex::Program program(folder, circuidex::userNumbers(), dialogs, platform);
     if (opening == circuidex::Opening::readOnly)
         program.store().setReadOnly();
