@@ -11,10 +11,13 @@
 #include <QLibraryInfo>
 #include <QTranslator>
 
-int main(int argc, char **argv)
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+int run(QApplication &application)
 {
-    circuidex::chooseDisplay(argc, argv);
-    QApplication application(argc, argv);
     application.setApplicationName(QStringLiteral("Circuidex"));
     application.setApplicationVersion(QStringLiteral(CIRCUIDEX_VERSION));
     application.setDesktopFileName(QStringLiteral("circuidex"));
@@ -45,7 +48,19 @@ int main(int argc, char **argv)
     circuidex::Program program(folder, circuidex::userNumbers(), dialogs, platform);
     if (opening == circuidex::Opening::readOnly)
         program.store().setReadOnly();
-    program.start();
+    program.start(QStringLiteral("Intro"));
     program.settleAtRest();
     return application.exec();
+}
+
+}
+
+// At the end nothing is left to be done, but the application would wait for each name server that doesn't answer.
+int main(int argc, char **argv)
+{
+    circuidex::chooseDisplay(argc, argv);
+    QApplication application(argc, argv);
+    const int status = run(application);
+    std::fflush(nullptr);
+    std::_Exit(status);
 }

@@ -140,7 +140,7 @@ TEST_P(EveryScreen, OpensAndCloses)
     for (const ScreenRow &row : screens.rows()) {
         const std::string name = row.name.toStdString();
         SCOPED_TRACE(name);
-        if (name == "Form1")
+        if (name == "Form1" || name == "Form47") // the end of the program
             continue;
         {
             const PlainFromTheBegin watched;

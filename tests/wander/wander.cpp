@@ -124,7 +124,8 @@ public:
 
     void openEveryScreen()
     {
-        for (const ScreenRow &row : m_driver.program().screens().rows()) {
+        const ScreenRows rows = screens().rows(); // one screen ends the program, and its rows with it
+        for (const ScreenRow &row : rows) {
             if (row.name == u"Form1")
                 continue;
             say(u"open "_s + row.name);

@@ -18,6 +18,7 @@ protected:
     void closing() override;
     void keyPressEvent(QKeyEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void registerHidden();
@@ -34,6 +35,7 @@ private:
     QWidget *windowCommands();
     QWidget *footer();
     QWidget *addresses();
+    QWidget *displayCard();
 
     Edit *edit(const QString &name, Field &field, int width, const QString &tip);
     void nameTyped(Edit *box, Field &number, Field &name);
@@ -63,6 +65,9 @@ private:
     void showSteps();
     void makeSteps();
     void takeStep(int step);
+    void adapt();
+    void sortTimeLists();
+    void leave();
     void clearTotalsSoon(const QString &season);
     void clearNewSeason();
 
@@ -71,6 +76,7 @@ private:
     QWidget *m_steps = nullptr; // the strip of the first steps, until there is a race
     bool m_begun = false; // there is one
     std::string m_recordedGp, m_recordedSeason; // of which the status line speaks
+    QWidget *m_display = nullptr; // the card about the display's mode, shown where there is room for it
     TimerControl *m_newSeason = nullptr, *m_records = nullptr, *m_lap = nullptr, *m_img = nullptr, *m_vid = nullptr;
 };
 

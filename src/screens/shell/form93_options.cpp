@@ -1,7 +1,7 @@
-// Form93, the options: the colour of the title bars, which the next screens opened take, and the way out of the
-// automatic change of the display's mode, and the folder that the program works in.
+// Form93, the options: the colour of the title bars, which the next screens opened take, the way out of the automatic
+// change of the display's mode, and the folder that the program works in.
+#include "kinds/display_mode.h"
 #include "kinds/folder_choice.h"
-#include "results/main_record.h"
 #include "results/options.h"
 #include "shell/look.h"
 #include "shell/screens.h"
@@ -31,6 +31,8 @@ public:
 
 private:
     QWidget *colours();
+    QWidget *adaptation();
+    void stopAdapting();
     QWidget *folder();
     void choose(std::string_view couleur);
 };
@@ -41,6 +43,7 @@ Form93::Form93(Context &theContext, const QString &name, const QString &title) :
     auto *layout = page();
     layout->addWidget(colours());
     layout->addWidget(folder());
+    layout->addWidget(adaptation());
     resize(420, sizeHint().height());
 }
 
@@ -79,6 +82,25 @@ QWidget *Form93::folder()
     layout->addWidget(open, 0, Qt::AlignLeft);
     layout->addWidget(said);
     return card(u"Dossier des saisons:"_s, layout);
+}
+
+QWidget *Form93::adaptation()
+{
+    auto *row = new QHBoxLayout;
+    row->setSpacing(0);
+    row->addWidget(add(u"Label3"_s, new Label(u"Pour désactiver l'ajustement automatique de résolution, cliquez "_s)));
+    row->addWidget(command(u"Label4"_s, u"ICI"_s, [this] { stopAdapting(); }));
+    row->addStretch(1);
+    return card(u"Ajustement automatique de résolution:"_s, row);
+}
+
+void Form93::stopAdapting()
+{
+    stopAdaptingDisplay(context);
+    context.screens.bringMainBack();
+    close();
+    if (const Screen *main = context.screens.find(u"Form1"_s))
+        main->setText(u"Check1"_s, u"faux"_s);
 }
 
 void Form93::choose(std::string_view couleur)
