@@ -48,7 +48,7 @@ std::optional<Missing> missingIn(Context &context, Need need, const QString &fro
     const auto lack = results::firstLack(season, need);
     if (!lack)
         return std::nullopt;
-    return Missing{sentence(*lack).arg(qt(season.stem())),
+    return Missing{sentence(*lack).arg(qt(context.main.an.text())),
                    [&context, lack = *lack, from] { circuidex::lead(context, lack, from); }};
 }
 

@@ -261,7 +261,9 @@ bool beginSeason(MainRecord &main, const std::string &year)
         main.store.setYearMarker(year);
     if (!written || main.store.lostWrites() != lost) {
         main.an.set(shown);
-        main.dialogs.message("La saison " + year + " n'a pas pu être commencée : le dossier n'accepte pas l'écriture.");
+        main.dialogs.message(
+            "La saison " + year +
+            " n'a pas pu être commencée : le disque est plein, ou le dossier n'accepte pas l'écriture.");
         return false;
     }
     main.an.set(year);

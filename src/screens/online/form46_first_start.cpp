@@ -182,6 +182,9 @@ void Form46::takeExamples()
         return m_said->setText(u"Le dossier est ouvert en lecture seule : rien ne peut y être copié."_s);
     const bool all = online::copyExamples(exampleFolder(), context.store.folder());
     context.store.newMoment();
+    if (!all && context.store.yearMarker().empty())
+        return m_said->setText(u"Les saisons d'exemple n'ont pas pu être copiées : le disque est plein, ou le dossier "
+                               "n'accepte pas l'écriture."_s);
     results::openMarkedSeason(context.main);
     results::openOnLastRecorded(context.main);
     if (!all)
