@@ -4,11 +4,12 @@
 #include "platform/qt_page.h"
 #include "platform/qt_pictures.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFile>
 #include <QPixmap>
+#include <QPointer>
 #include <QRegularExpression>
 
 #include <functional>
@@ -180,6 +181,11 @@ std::optional<std::string> QueuedDialogs::chooseNewFile(const std::string &title
     return chooseFile(title, filter, {});
 }
 
+std::optional<std::string> QueuedDialogs::chooseFolder(const std::string &title)
+{
+    return chooseFile(title, {}, {});
+}
+
 void RecordingPlatform::print(QWidget &, const std::string &name, Printing how)
 {
     calls << (how == Printing::asked ? u"print dialog "_s : u"print "_s) + QString::fromStdString(name);
@@ -230,6 +236,12 @@ void RecordingPlatform::show(const DisplayMode &mode)
 void RecordingPlatform::restartMachine()
 {
     calls << u"restart"_s;
+}
+
+bool RecordingPlatform::keepFolder(const std::string &path)
+{
+    calls << u"folder "_s + QString::fromStdString(path);
+    return true;
 }
 
 void RecordingPlatform::endProgram()
@@ -322,6 +334,8 @@ std::optional<QString> Driver::dispatch(const QString &command, const QString &a
     }
     if (command == u"messages")
         return list(std::exchange(m_dialogs.shown, {}));
+    if (command == u"strokes")
+        return QString::number(std::exchange(m_strokes, 0));
     if (command == u"film")
         return onFilm(arguments);
     if (command == u"display")
@@ -413,7 +427,8 @@ std::optional<QString> Driver::onScreens(const QString &command, const QString &
 {
     static const QStringList commands{u"open"_s,     u"close"_s, u"isopen"_s,
                                       u"controls"_s, u"title"_s, u"shot"_s,
-                                      u"tables"_s,   u"pointer"_s, u"size"_s, u"state"_s};
+                                      u"tables"_s,   u"pointer"_s, u"size"_s, u"state"_s,
+                                      u"keys"_s,     u"type"_s};
     if (!commands.contains(command))
         return std::nullopt;
     const Words words = split(argument);
@@ -449,11 +464,28 @@ std::optional<QString> Driver::onScreens(const QString &command, const QString &
         return screen->waiting() ? u"wait"_s : u"normal"_s;
     if (command == u"state")
         return screen->isMinimized() ? u"minimised"_s : u"normal"_s;
+    if (command == u"keys" || command == u"type")
+        return keyed(*screen, command == u"type" ? words.rest.split(QString(), Qt::SkipEmptyParts)
+                                                 : words.rest.split(u' ', Qt::SkipEmptyParts));
     if (command == u"size")
         return resized(*screen, words.rest);
     if (command == u"tables")
         return saveTables(*screen, words.rest) ? ok : error(u"can't write "_s + words.rest);
     return grabbed(*screen).save(words.rest, "PNG") ? ok : error(u"can't write "_s + words.rest);
+}
+
+// Each goes to what has the focus by then; of a screen that a key closed, nothing is left to take one.
+QString Driver::keyed(Screen &screen, const QStringList &names)
+{
+    const QPointer<Screen> asked(&screen);
+    for (const QString &name : names) {
+        if (!asked || !m_program->screens().isOpen(asked->name()))
+            return error(u"closed before "_s + name);
+        ++m_strokes;
+        QApplication::setActiveWindow(asked);
+        sendKey(asked->focusWidget() ? *asked->focusWidget() : *asked, name);
+    }
+    return ok;
 }
 
 std::optional<QString> Driver::onFiles(const QString &command, const QString &argument)

@@ -21,6 +21,7 @@ public:
     std::optional<std::string> chooseFile(const std::string &title, const std::string &filter,
                                           const std::string &preset) override;
     std::optional<std::string> chooseNewFile(const std::string &title, const std::string &filter) override;
+    std::optional<std::string> chooseFolder(const std::string &title) override;
 
     QStringList shown;
     QStringList asked; // title and preset of the file choices, a line each
@@ -69,6 +70,7 @@ public:
     DisplayChange changeDisplay(const DisplayMode &mode, int hertz) override;
     void changeDisplayPlainly(int width, int height) override;
     void restartMachine() override;
+    bool keepFolder(const std::string &path) override;
     void endProgram() override;
     Room roomFor(const QWidget &) const override { return room; }
     bool placesWindows() const override { return arranges; }
@@ -121,6 +123,7 @@ private:
     QString wait(int milliseconds) const;
     QString settle() const;
     QString run(const QString &run) const;
+    QString keyed(Screen &screen, const QStringList &names);
     Control *find(const QString &reference, QString &error) const;
 
     QueuedDialogs m_dialogs;
@@ -128,6 +131,7 @@ private:
     std::filesystem::path m_folder;
     Numbers m_numbers;
     std::unique_ptr<Program> m_program;
+    int m_strokes = 0; // of the keyboard, since last asked
     bool m_ended = false;
 };
 

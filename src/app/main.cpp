@@ -34,6 +34,10 @@ int run(QApplication &application)
     circuidex::QtDialogs dialogs;
     circuidex::QtPlatform platform;
     const std::filesystem::path folder = asked.folder();
+    const std::filesystem::path gone = circuidex::missingChoice();
+    if (!gone.empty() && folder == circuidex::programFolder())
+        dialogs.message("Le dossier choisi n'est pas là : " + gone.string() +
+                        "\n\nCircuidex ouvre le sien pour cette fois : " + folder.string());
     std::optional<circuidex::FolderLock> lock(std::in_place, folder);
     if (lock->heldElsewhere()) {
         if (circuidex::raiseFirstProgram(folder))

@@ -1,5 +1,6 @@
 #include "kinds/assistant.h"
 
+#include "kinds/empty_note.h"
 #include "kinds/name_search.h"
 #include "shell/look.h"
 
@@ -95,6 +96,12 @@ QWidget *Assistant::names()
         }
         grid->addWidget(made, i % 13, i / 13);
     }
+    add(emptyNote, new EmptyNote(*inside, [this]() -> std::optional<Missing> {
+            if (!results::firstLack(m_main.season(), results::Need::drivers))
+                return std::nullopt;
+            return Missing{u"Pas encore de pilotes en %1 :\n« Ouvrir/Modifier Pilote » les inscrit."_s
+                               .arg(qt(m_main.an.text()))};
+        }));
     auto *nobody = button(u"Text10"_s, u"Aucun"_s, [this] { choose(std::nullopt); });
     nobody->setToolTip(u"Personne à cette place"_s);
     grid->addWidget(nobody, 13, 0, 1, 2);

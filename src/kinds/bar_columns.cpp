@@ -1,5 +1,6 @@
 #include "kinds/bar_columns.h"
 
+#include "kinds/empty_note.h"
 #include "kinds/picker.h"
 #include "kinds/place_names.h"
 #include "results/main_record.h"
@@ -66,6 +67,7 @@ BarColumns::BarColumns(Context &theContext, const QString &name, const QString &
     foot->addWidget(mainButton(u"Command1"_s, u"Ok"_s, u"Compter ses places (Entrée)"_s, [this] { draw(); }));
     layout->addLayout(foot);
     layout->setSizeConstraint(QLayout::SetFixedSize);
+    add(emptyNote, noteOver(*m_finish.view, context));
     draw();
 }
 

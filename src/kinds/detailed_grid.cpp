@@ -1,5 +1,6 @@
 #include "kinds/detailed_grid.h"
 
+#include "kinds/empty_note.h"
 #include "results/main_record.h"
 #include "shell/look.h"
 
@@ -78,6 +79,7 @@ DetailedGrid::DetailedGrid(Context &theContext, const QString &name, const QStri
     const int rowHeight = heightOfRows(kind.rows, room().height());
     for (int which : {0, 1})
         m_bands[static_cast<std::size_t>(which)] = band(kind, which, rowHeight);
+    add(emptyNote, noteOver(*m_bands[0], kind.name.name, context, results::Need::race));
     for (int race = 0; race < races; ++race)
         hidden(u"Label1"_s, {}, {}, race).onChange = [this, race](const QString &text) {
             showHead(race, text);

@@ -1,5 +1,6 @@
 #include "kinds/gallery_page.h"
 
+#include "kinds/empty_note.h"
 #include "results/media_of_grand_prix.h"
 #include "shell/screens.h"
 
@@ -70,6 +71,16 @@ QLabel *GalleryPage::slotNumber()
     follow({});
     listen(gallery.iNdexx, follow);
     return number;
+}
+
+void GalleryPage::noteWhenFree(QWidget &over, const QString &says)
+{
+    add(emptyNote, new EmptyNote(over, [this, says]() -> std::optional<Missing> {
+            for (int slot = 1; slot <= slotCount(); ++slot)
+                if (!gallery.path(slot).empty())
+                    return std::nullopt;
+            return Missing{says};
+        }));
 }
 
 void GalleryPage::select(int slot)

@@ -24,6 +24,8 @@ protected:
         takeSlot(add(array, widget, slotCount() + 1), *widget);
         return widget;
     }
+    // One sentence over the page for as long as all its slots are free.
+    void noteWhenFree(QWidget &over, const QString &says);
     // A visible twin of the page's number, and of the selected slot's: blank while none is selected.
     QLabel *pageNumber();
     QLabel *slotNumber();

@@ -1,5 +1,6 @@
 #include "kinds/paper_screen.h"
 
+#include "kinds/empty_note.h"
 #include "results/main_record.h"
 #include "shell/look.h"
 
@@ -47,6 +48,7 @@ PaperScreen::PaperScreen(Context &theContext, const QString &name, const QString
 {
     registerPaper();
     registerSaving();
+    add(emptyNote, noteOver(*m_view, context));
 }
 
 WritableSeason PaperScreen::season() const

@@ -1,5 +1,6 @@
 #include "kinds/picker.h"
 
+#include "kinds/empty_note.h"
 #include "kinds/name_search.h"
 #include "results/main_record.h"
 #include "results/team_list.h"
@@ -12,6 +13,9 @@
 namespace circuidex {
 
 namespace {
+
+const QString noGrandPrix = u"La liste est encore vide : tapez le nom dans « Calendrier ».\n"
+                            "Chaque course enregistrée entre dans la liste."_s;
 
 QString formOf(PickList list)
 {
@@ -58,6 +62,11 @@ Picker::Picker(Context &theContext, const QString &name, const QString &title, S
         m_list->horizontalHeader()->hide();
     m_list->setFixedHeight(m_list->rowsHigh(rows));
     m_list->onPress = [this](const QString &, int index) { pick(index); }; // on a name or on its number
+    add(emptyNote,
+        m_shape.list == PickList::grandsPrix
+            ? noteOver(*m_list, m_shape.array, noGrandPrix)
+            : noteOver(*m_list, m_shape.array, context,
+                       m_shape.list == PickList::teams ? results::Need::teams : results::Need::drivers));
     m_head = new QHBoxLayout;
     m_head->addWidget(m_search, 1);
     m_foot = new QVBoxLayout;

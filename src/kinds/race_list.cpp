@@ -1,5 +1,6 @@
 #include "kinds/race_list.h"
 
+#include "kinds/empty_note.h"
 #include "kinds/race_table.h"
 #include "shell/look.h"
 
@@ -35,6 +36,7 @@ QWidget *RaceList::racePanel(Label *heading)
     m_races->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     m_races->setFixedSize(seenColumns * columnWidth + 2, m_races->rowsHigh(rows));
     m_races->onDoubleClick = [this](const QString &, int index) { openRace(index); };
+    add(emptyNote, noteOver(*m_races, array, context, results::Need::race));
     heading->setObjectName(u"caption"_s);
     heading->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // a longer name moves nothing
     const auto arrow = [this](const QString &name, const QString &sign, const QString &tip, double by) {

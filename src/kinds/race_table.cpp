@@ -1,5 +1,6 @@
 #include "kinds/race_table.h"
 
+#include "kinds/empty_note.h"
 #include "results/main_record.h"
 #include "results/open_grand_prix.h"
 #include "shell/look.h"
@@ -91,6 +92,7 @@ Table *RaceTable::raceTable(const QString &gpTitle, std::vector<Column> columns)
         if (column == gpColumn)
             openGrandPrix(context, m_year, m_races->text(gpColumn, row).toStdString());
     };
+    add(emptyNote, noteOver(*m_races, gpColumn, context, results::Need::race));
     return m_races;
 }
 

@@ -1,5 +1,6 @@
 #include "kinds/ranked_screen.h"
 
+#include "kinds/empty_note.h"
 #include "kinds/place_names.h"
 
 namespace circuidex {
@@ -10,6 +11,7 @@ Table *RankedScreen::rankedTable(std::vector<Column> columns, int rows, std::fun
         column.firstIndex = 1;
         column.command = static_cast<bool>(chosen);
     }
+    const QString names = columns.front().name;
     columns.insert(columns.begin(), Column{{}, u"Rang"_s, 62, Qt::AlignRight});
     Table *made = table(std::move(columns), rows);
     made->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -21,6 +23,7 @@ Table *RankedScreen::rankedTable(std::vector<Column> columns, int rows, std::fun
         if (chosen && !column.isEmpty())
             chosen(row);
     };
+    add(emptyNote, noteOver(*made, names, context, results::Need::race));
     return made;
 }
 

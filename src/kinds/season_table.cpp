@@ -1,6 +1,7 @@
 #include "kinds/season_table.h"
 
 #include "charts/chart_instances.h"
+#include "kinds/empty_note.h"
 #include "kinds/race_table.h"
 #include "kinds/season_key.h"
 #include "results/main_record.h"
@@ -94,6 +95,7 @@ QWidget *SeasonTable::answer()
                 openGrandPrix(context, opened.stem(), opened.namegp(row));
             }
     };
+    add(emptyNote, noteOver(*m_table, rowHead, context, results::Need::race));
     auto *made = new QWidget;
     auto *layout = new QVBoxLayout(made);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -46,6 +46,9 @@ public:
     // Only ever on the user's Yes.
     virtual void restartMachine() = 0;
 
+    // The program folder from the next start on. False when that can't be noted.
+    virtual bool keepFolder(const std::string &path) = 0;
+
     // The program ends as soon as what runs has returned; no screen goes through its closing.
     virtual void endProgram() = 0;
 

@@ -1,6 +1,7 @@
 #include "platform/program_folder.h"
 
 #include <cstdlib>
+#include <fstream>
 
 #include <pwd.h>
 #include <unistd.h>
@@ -10,6 +11,8 @@ namespace circuidex {
 namespace fs = std::filesystem;
 
 namespace {
+
+constexpr const char *noteOfChoice = "Dossier";
 
 fs::path userHome()
 {
@@ -71,9 +74,52 @@ fs::path programFolder(const fs::path &executableFolder)
     return own;
 }
 
-fs::path programFolder()
+fs::path chosenFolder(const fs::path &own)
+{
+    std::ifstream file(own / noteOfChoice);
+    std::string line;
+    std::getline(file, line);
+    return line.starts_with('/') ? fs::path(line) : own;
+}
+
+bool chooseFolder(const fs::path &own, const fs::path &chosen)
+{
+    std::error_code error;
+    const fs::path note = own / noteOfChoice, written = own / (std::string(noteOfChoice) + ".neuf");
+    if (fs::equivalent(own, chosen, error)) {
+        fs::remove(note, error);
+        return !error;
+    }
+    if (chosen.string().find('\n') != std::string::npos)
+        return false;
+    std::ofstream file(written, std::ios::binary | std::ios::trunc);
+    file << fs::absolute(chosen).string() << '\n';
+    file.close();
+    if (file)
+        fs::rename(written, note, error); // whole, or as it was
+    const bool kept = file && !error;
+    if (!kept)
+        fs::remove(written, error);
+    return kept;
+}
+
+fs::path ownFolder()
 {
     return programFolder(executableFolder());
+}
+
+fs::path missingChoice()
+{
+    std::error_code ignored; // what can't be looked at isn't there
+    const fs::path chosen = chosenFolder(ownFolder());
+    return fs::is_directory(chosen, ignored) ? fs::path() : chosen;
+}
+
+fs::path programFolder()
+{
+    std::error_code ignored; // what can't be looked at isn't there
+    const fs::path own = ownFolder(), chosen = chosenFolder(own);
+    return fs::is_directory(chosen, ignored) ? chosen : own;
 }
 
 fs::path stateFolder()

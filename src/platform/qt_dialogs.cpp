@@ -89,4 +89,12 @@ std::optional<std::string> QtDialogs::chooseNewFile(const std::string &title, co
     return chosenIn(dialog);
 }
 
+std::optional<std::string> QtDialogs::chooseFolder(const std::string &title)
+{
+    QFileDialog dialog(nullptr, QString::fromStdString(title));
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    return chosenIn(dialog);
+}
+
 }

@@ -15,6 +15,7 @@ public:
     std::optional<std::string> chooseFile(const std::string &title, const std::string &filter,
                                           const std::string &preset) override;
     std::optional<std::string> chooseNewFile(const std::string &title, const std::string &filter) override;
+    std::optional<std::string> chooseFolder(const std::string &title) override;
 
 private:
     QString m_folder; // where the last file was chosen

@@ -214,6 +214,11 @@ void QtPlatform::awaitNewSize()
         display, &QScreen::geometryChanged, &m_here, [this] { m_coming.reset(); }, Qt::SingleShotConnection);
 }
 
+bool QtPlatform::keepFolder(const std::string &path)
+{
+    return chooseFolder(ownFolder(), path);
+}
+
 DisplayChange QtPlatform::changeDisplay(const DisplayMode &mode, int hertz)
 {
     const bool done = m_display.change(mode.width, mode.height, hertz);

@@ -32,6 +32,7 @@ public:
     DisplayChange changeDisplay(const DisplayMode &mode, int hertz) override;
     void changeDisplayPlainly(int width, int height) override;
     void restartMachine() override;
+    bool keepFolder(const std::string &path) override;
     void endProgram() override;
     Room roomFor(const QWidget &window) const override;
     bool placesWindows() const override;

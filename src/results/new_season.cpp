@@ -1,6 +1,7 @@
 #include "results/new_season.h"
 
 #include "results/drivers.h"
+#include "results/first_steps.h"
 #include "results/navigation.h"
 #include "results/pictures.h"
 #include "results/recording.h"
@@ -145,6 +146,33 @@ bool keepReplaced(MainRecord &main, const std::string &year)
     return !held || !copy.empty();
 }
 
+// The championship has given its points by this scale since 2010.
+const Scale scaleSince2010{"25", "18", "15", "12", "10", "8", "6", "4"};
+
+// The season a year before passes its scale on.
+Scale scaleToBegin(const Season &begun, const std::string &before)
+{
+    const bool follows = yearAfter(before, begun.numbers()) == begun.stem();
+    return !follows && begun.stem() >= "2010" ? scaleSince2010 : loadScale(begun);
+}
+
+// All of it or nothing; the main screen's record stands on the season before for as long as that is left.
+bool fill(MainRecord &main, const std::string &year)
+{
+    const std::string before = seasonBefore(main.store, year);
+    main.an.set(before.empty() ? year : before);
+    if (!before.empty() && !leave(main))
+        return false;
+    const WritableSeason begun(main.store, year);
+    main.store.hold(year);
+    if (!before.empty()) {
+        arrive(main, year);
+        clearTotals(begun);
+    }
+    storeScale(begun, scaleToBegin(begun, before));
+    return main.store.release(year);
+}
+
 // The user is told where the way ends.
 bool carry(MainRecord &main, const std::string &next)
 {
@@ -208,6 +236,40 @@ bool passToNextSeason(MainRecord &main, const std::string &champion)
                          "jour la base de donnée, soit entrer vous même les modifications qui ont eut lieu durant "
                          "l'inter-saison");
     passOnScale(main);
+    return true;
+}
+
+std::string seasonBefore(const Store &store, const std::string &year)
+{
+    std::string before;
+    for (const std::string &each : seasonsOf(store))
+        if (each < year && !firstLack(Season(store, each), Need::drivers))
+            before = each;
+    return before;
+}
+
+bool beginSeason(MainRecord &main, const std::string &year)
+{
+    if (!isYear(year)) {
+        main.dialogs.message("\"" + year + "\" n'est pas une année.");
+        return false;
+    }
+    const std::string shown = main.an.text();
+    const unsigned lost = main.store.lostWrites();
+    const Season begun(main.store, year);
+    const bool blank = firstLack(begun, Need::drivers) && firstLack(begun, Need::calendar);
+    const bool written = !blank || fill(main, year);
+    if (written)
+        main.store.setYearMarker(year);
+    if (!written || main.store.lostWrites() != lost) {
+        main.an.set(shown);
+        main.dialogs.message(
+            "La saison " + year +
+            " n'a pas pu être commencée : le disque est plein, ou le dossier n'accepte pas l'écriture.");
+        return false;
+    }
+    main.an.set(year);
+    openOnLastRecorded(main);
     return true;
 }
 

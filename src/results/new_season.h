@@ -20,6 +20,15 @@ std::optional<int> championshipLeader(const Season &season);
 // or when a file can't be written as a whole: the old season then stays open, without the new title.
 bool passToNextSeason(MainRecord &main, const std::string &champion);
 
+// Opens the season of a year, to be entered race by race, and marks it for the next start. One that holds nothing yet
+// takes drivers, careers, teams and the calendar's names from the last season before it in the program folder, which is
+// only read; without one, or after a gap, the points are those of its time. False, and the user is told, when it is no
+// year or can't be written as a whole: the season on the main screen then stays open.
+bool beginSeason(MainRecord &main, const std::string &year);
+
+// The last season before that year that has drivers; empty without one.
+std::string seasonBefore(const Store &store, const std::string &year);
+
 // Points of drivers and teams back to 0. They come over with the drivers and are cleared a moment after the passage.
 void clearTotals(const WritableSeason &season);
 

@@ -101,6 +101,8 @@ QToolTip { background:#FFFFFF; color:#1F2733; border:1px solid #D9DDE3; padding:
 #hint { color:#666F7D; font-size:12px; }
 #large { font-weight:bold; font-size:18px; }
 #winner { font-weight:bold; font-size:30px; }
+#empty { background:#FFFFFF; border:1px solid #C9CFD8; border-radius:6px; padding:9px 16px; color:#3D4755; }
+#empty:hover, #empty:focus { border:1px solid MAIN; }
 #figure { font-weight:bold; }
 #place { color:#666F7D; }
 #status { color:#1B7A3D; font-weight:bold; }

@@ -27,6 +27,9 @@ public:
     // The same for a file to be written; a name typed without an ending gets that of the filter. Without anybody to ask,
     // the user has cancelled.
     virtual std::optional<std::string> chooseNewFile(const std::string &, const std::string &) { return std::nullopt; }
+
+    // A folder that is there, or that the user makes.
+    virtual std::optional<std::string> chooseFolder(const std::string &) { return std::nullopt; }
 };
 
 }

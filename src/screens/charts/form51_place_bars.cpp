@@ -2,6 +2,7 @@
 // races, and in a row of seasons (Form77), where it leads to the lists of places.
 #include "charts/bar_fit.h"
 #include "kinds/bar_display.h"
+#include "kinds/empty_note.h"
 #include "kinds/picker.h"
 #include "kinds/place_names.h"
 #include "results/main_record.h"
@@ -91,6 +92,7 @@ PlaceBars::PlaceBars(Context &theContext, const QString &name, const QString &ti
     if (m_kind.overSeasons)
         hidden(u"an"_s, m_season);
     layOut(question(), answer(), foot());
+    add(emptyNote, noteOver(*m_blocks.front().view, context));
     if (m_kind.overSeasons) {
         step(1, driverSlots);
     } else {

@@ -50,6 +50,8 @@ Form15::Form15(Context &theContext, const QString &name, const QString &title)
     layout->addLayout(slotGrid(), 1);
     layout->addLayout(pageCommands());
     listen(gallery.iNdexx, [this](const std::string &) { showSelection(); });
+    noteWhenFree(*body(),
+                 u"Pas encore de photo sur cette page :\ndouble-cliquez sur une case, ou déposez-y une image."_s);
     gallery.open();
     showSelection();
     resize(990, 690);

@@ -87,6 +87,7 @@ void Form28::layOut()
     titleRow->addWidget(m_title, 1);
     m_body = add(u"Text1"_s, new FreeText);
     m_body->setTabChangesFocus(true);
+    m_body->setPlaceholderText(u"Pas encore d'article ici : écrivez ou collez-le, puis « Enregistrer »."_s);
     m_body->setMinimumSize(200, 60);
     auto *layout = page();
     layout->addWidget(about);

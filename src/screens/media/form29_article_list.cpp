@@ -1,4 +1,5 @@
 // Form29, the titles of the journal's articles, 60 to a page. A click opens the article.
+#include "kinds/empty_note.h"
 #include "media/journal.h"
 #include "shell/screens.h"
 
@@ -39,6 +40,9 @@ Form29::Form29(Context &theContext, const QString &name, const QString &title) :
     m_list = table(std::move(list), rows);
     m_list->setFixedHeight(m_list->rowsHigh(rows));
     m_list->onPress = [this](const QString &, int row) { openArticle(row); };
+    add(emptyNote,
+        noteOver(*m_list, u"Label6"_s,
+                 u"Pas encore d'article sur cette page :\nle « Journal » les écrit et les enregistre."_s));
     m_page = add(u"page"_s, new Edit);
     m_page->setText(u"1"_s);
     m_page->setFixedWidth(52);

@@ -145,7 +145,10 @@ FrmMain::FrmMain(Context &theContext, const QString &name, const QString &title)
     hidden(u"Command8"_s, {}, [this] { playCalled(); });
     auto *columns = new QHBoxLayout;
     columns->setSpacing(look::gap);
-    columns->addWidget(pageCard(), 1);
+    auto *films = pageCard();
+    noteWhenFree(*films,
+                 u"Pas encore de film sur cette page :\ndouble-cliquez sur un emplacement, ou déposez-y un film."_s);
+    columns->addWidget(films, 1);
     auto *side = new QVBoxLayout;
     side->setSpacing(look::gap);
     side->addWidget(playerCard());

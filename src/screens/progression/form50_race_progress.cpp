@@ -1,5 +1,6 @@
 // Form50, all drivers of one Grand Prix: grid, finish and the places gained between them. On demand the sum of the
 // places gained from the first Grand Prix to where the arrows stand.
+#include "kinds/empty_note.h"
 #include "kinds/picker.h"
 #include "kinds/race_table.h"
 #include "progression/progression.h"
@@ -79,6 +80,7 @@ QWidget *Form50::answer()
 {
     m_rows = table(columns(), driverSlots);
     m_rows->setAlternatingRowColors(false);
+    add(emptyNote, noteOver(*m_rows, u"Text3"_s, context, results::Need::race));
     m_rows->setTitleLines(2);
     m_rows->setFixedSize(m_rows->horizontalHeader()->length() + 2, m_rows->rowsHigh(driverSlots));
     return m_rows;

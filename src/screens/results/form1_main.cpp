@@ -34,6 +34,7 @@ Form1::Form1(Context &theContext, const QString &name, const QString &title)
             m_main.said.set("");
             showAgeOfStatus();
         });
+    listen(m_main.an, [this](const std::string &) { showSteps(); });
     m_main.clearTotalsSoon = [this](const std::string &season) { clearTotalsSoon(qt(season)); };
     context.store.history().finish = [this] { finishActions(); };
     context.screens.onChange = [this](const QString &screen, bool open) { screenChanged(screen, open); };
@@ -54,6 +55,7 @@ void Form1::start()
     if (results::adaptsDisplay(m_main.season()))
         adapt();
     results::openOnLastRecorded(m_main);
+    showSteps();
     context.skin = skinNamed(results::chosenSkin(context.store));
     dress();
     fetchNotice(context, u"//progload2.htm"_s, this);
@@ -156,6 +158,8 @@ void Form1::screenChanged(const QString &screen, bool open)
     for (const SideScreen &side : sideScreens)
         if (screen == qt(side.screen))
             setText(qt(side.button), qt(open ? side.openCaption : side.caption));
+    if (!open)
+        showSteps();
     if (!open && std::ranges::count(alsoSetBack, screen.toStdString()) > 0)
         setText(qt(placesButton), qt(sideScreenOf(placesButton)->caption));
 }
@@ -183,6 +187,7 @@ void Form1::showPodium()
 
 void Form1::afterResult()
 {
+    showSteps();
     showPodium();
     context.screens.close(u"Form32"_s);
     m_sorting = std::make_unique<Action>(context.store, std::string_view());

@@ -1,6 +1,7 @@
 #pragma once
 // Form1, the main screen: one Grand Prix of one season, the way through Grands Prix and seasons, and the buttons that open
 // everything else. Its buttons are pressed by other screens too, some of them by nobody else.
+#include "results/first_steps.h"
 #include "results/main_record.h"
 #include "shell/screens.h"
 #include "store/history.h"
@@ -63,6 +64,9 @@ private:
     void showCircuitLarge();
     void gpTyped(const std::string &text);
     void start();
+    void showSteps();
+    void makeSteps();
+    void takeStep(int step);
     void adapt();
     void displayChanged();
     void sortTimeLists();
@@ -73,6 +77,8 @@ private:
 
     results::MainRecord &m_main;
     QStringList m_pointed;
+    QWidget *m_steps = nullptr; // the strip of the first steps, until there is a race
+    bool m_begun = false; // there is one
     std::string m_recordedGp, m_recordedSeason; // of which the status line speaks
     std::unique_ptr<Action> m_sorting, m_clearing; // parts of an action that a timer brings to its end
     QSize m_given; // by the program, in pixels

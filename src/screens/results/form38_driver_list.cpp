@@ -1,4 +1,5 @@
 // Form38, the drivers of the season as a plain list to read and print.
+#include "kinds/empty_note.h"
 #include "kinds/place_names.h"
 #include "results/main_record.h"
 #include "shell/look.h"
@@ -22,6 +23,7 @@ Form38::Form38(Context &theContext, const QString &name, const QString &title) :
                            {u"Text1"_s, u"Pilote"_s}},
                           driverSlots);
     drivers->horizontalHeader()->hide();
+    add(emptyNote, noteOver(*drivers, u"Text1"_s, context, results::Need::drivers));
     const Season season = context.main.season();
     for (int i = 0; i < driverSlots; ++i) {
         drivers->set(u"Label1", i, placeName(i + 1));

@@ -33,6 +33,7 @@ private:
     QLayout *foot();
     void compareButton(QGridLayout &grid, int row, const QString &name, const QString &statistic);
 
+    void askForName();
     void placeSheet();
     void showTeamLarge();
 
@@ -67,6 +68,15 @@ Form3::Form3(Context &theContext, const QString &name, const QString &title) :
     resize(600, 620);
     context.screens.open(u"Form14"_s);
     placeSheet();
+    askForName();
+}
+
+// A number without a driver is ready to take one.
+void Form3::askForName()
+{
+    auto *name = static_cast<WidgetControl *>(control(u"Text1"_s))->widget();
+    if (text(u"Text1"_s).isEmpty())
+        name->setFocus();
 }
 
 QWidget *Form3::identityCard()
@@ -79,10 +89,14 @@ QWidget *Form3::identityCard()
     auto *on = button(u"Command7"_s, u"▶"_s, [this] { statistics::stepProfileInSeason(m_main, 1); });
     back->setToolTip(u"Pilote précédent (Page préc.)"_s);
     on->setToolTip(u"Pilote suivant (Page suiv.)"_s);
+    const auto go = [this](const QString &arrow) {
+        press(arrow);
+        askForName();
+    };
     shortcut(
-        Qt::Key_PageUp, [this] { press(u"Command8"_s); }, u"Pilote précédent"_s);
+        Qt::Key_PageUp, [go] { go(u"Command8"_s); }, u"Pilote précédent"_s);
     shortcut(
-        Qt::Key_PageDown, [this] { press(u"Command7"_s); }, u"Pilote suivant"_s);
+        Qt::Key_PageDown, [go] { go(u"Command7"_s); }, u"Pilote suivant"_s);
     auto *row = new QHBoxLayout;
     row->setSpacing(6);
     row->addWidget(back);

@@ -1,4 +1,5 @@
 // Form48, the starting grid of a Grand Prix as a table. Changing exactly one place moves the pole with it.
+#include "kinds/empty_note.h"
 #include "kinds/picker.h"
 #include "kinds/place_names.h"
 #include "results/grid.h"
@@ -59,6 +60,7 @@ Form48::Form48(Context &theContext, const QString &name, const QString &title)
                     {u"Text99"_s, u"Pilote"_s, 0, Qt::AlignLeft,
                      u"Cliquez (ou Entrée) pour choisir le pilote, Suppr pour vider la place"_s, 0, true}},
                    gridPlaces);
+    add(emptyNote, noteOver(*m_grid, u"Text99"_s, context, results::Need::calendar));
     for (int x = 0; x < gridPlaces; ++x) {
         m_grid->set(u"Label1", x, placeName(x + 1));
         m_grid->cell(u"Text99", x)->onChange = [this, x](const QString &) { named(x); };

@@ -1,5 +1,6 @@
 // Form4, a Grand Prix as it was: result, grid with teams, and both championships at that moment. It opens on the Grand Prix
 // of the main screen and then walks on its own, through Grands Prix and seasons.
+#include "kinds/empty_note.h"
 #include "kinds/picker.h"
 #include "kinds/place_names.h"
 #include "results/amending.h"
@@ -199,6 +200,7 @@ QWidget *Form4::gridCard()
                    gridPlaces);
     for (int place = 1; place <= gridPlaces; ++place)
         m_grid->model().cell(place - 1, 0).setText(placeName(place));
+    add(emptyNote, noteOver(*m_grid, u"Text99"_s, context, results::Need::race));
     auto *layout = new QVBoxLayout;
     layout->addWidget(m_grid);
     return card(u"Grille de Départ"_s, layout);

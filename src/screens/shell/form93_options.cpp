@@ -1,9 +1,11 @@
-// Form93, the options: the colour of the title bars, which the next screens opened take, and the way out of the
-// automatic change of the display's mode.
+// Form93, the options: the colour of the title bars, which the next screens opened take, the way out of the automatic
+// change of the display's mode, and the folder that the program works in.
 #include "kinds/display_mode.h"
+#include "kinds/folder_choice.h"
 #include "results/options.h"
 #include "shell/look.h"
 #include "shell/screens.h"
+#include "store/store.h"
 
 #include <QBoxLayout>
 
@@ -31,6 +33,7 @@ private:
     QWidget *colours();
     QWidget *adaptation();
     void stopAdapting();
+    QWidget *folder();
     void choose(std::string_view couleur);
 };
 
@@ -39,6 +42,7 @@ Form93::Form93(Context &theContext, const QString &name, const QString &title) :
     hidden(u"Command5"_s, u"validation"_s, [this] { context.skin = skinNamed(results::chosenSkin(context.store)); });
     auto *layout = page();
     layout->addWidget(colours());
+    layout->addWidget(folder());
     layout->addWidget(adaptation());
     resize(420, sizeHint().height());
 }
@@ -55,6 +59,29 @@ QWidget *Form93::colours()
         row->addWidget(button(choice.button, choice.caption, [this, &choice] { choose(choice.couleur); }), 1);
     }
     return card(u"Couleur de la barre de titre:"_s, row);
+}
+
+QWidget *Form93::folder()
+{
+    auto *path = styled(qt(context.store.folder().string()), "hint");
+    path->setWordWrap(true);
+    auto *said = add(u"avis"_s, new Label);
+    said->setObjectName(u"lost"_s);
+    said->setWordWrap(true);
+    said->hide();
+    auto *open = button(u"dossier"_s, u"Ouvrir un autre dossier"_s, [this, said] {
+        said->setText(openAnotherFolder(context, [this] {
+            if (Screen *main = context.screens.find(u"Form1"_s))
+                main->close();
+        }));
+        said->setVisible(!said->text().isEmpty());
+    });
+    open->setToolTip(u"Circuidex s'y ouvre, et s'en souvient"_s);
+    auto *layout = new QVBoxLayout;
+    layout->addWidget(path);
+    layout->addWidget(open, 0, Qt::AlignLeft);
+    layout->addWidget(said);
+    return card(u"Dossier des saisons:"_s, layout);
 }
 
 QWidget *Form93::adaptation()

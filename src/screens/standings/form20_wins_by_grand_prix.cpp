@@ -1,4 +1,5 @@
 // Form20, one Grand Prix over ten years: who won it, and who was champion of each of those years.
+#include "kinds/empty_note.h"
 #include "kinds/lookup_screen.h"
 #include "kinds/picker.h"
 #include "results/main_record.h"
@@ -42,6 +43,7 @@ Form20::Form20(Context &theContext, const QString &name, const QString &title)
                     {u"Label11"_s, u"Champion du monde cette année:"_s}},
                    standings::yearsOfBlock);
     m_rows->setFixedHeight(m_rows->rowsHigh(standings::yearsOfBlock));
+    add(emptyNote, noteOver(*m_rows, u"Label6"_s, context, results::Need::race));
     layout->addWidget(m_rows);
     layout->addLayout(foot(styled(u"En couleur: le vainqueur est champion"_s, "hint")));
     setFixedWidth(760);

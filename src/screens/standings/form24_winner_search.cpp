@@ -1,4 +1,5 @@
 // Form24, the winner of one Grand Prix in one year.
+#include "kinds/empty_note.h"
 #include "kinds/lookup_screen.h"
 #include "kinds/picker.h"
 #include "results/main_record.h"
@@ -74,7 +75,9 @@ QWidget *Form24::answer()
     layout->addWidget(line(u"Label8"_s, "caption"));
     layout->addWidget(winner);
     layout->addWidget(line(u"Label3"_s, "hint"));
-    return card({}, layout);
+    auto *made = card({}, layout);
+    add(emptyNote, noteOver(*made, context));
+    return made;
 }
 
 void Form24::ask()

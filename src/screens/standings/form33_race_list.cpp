@@ -1,5 +1,6 @@
 // Form33, the races behind one number of the season statistics. A moment after it opened it asks which statistic is on
 // show; where none has races behind it, it closes again.
+#include "kinds/empty_note.h"
 #include "kinds/race_table.h"
 #include "results/main_record.h"
 #include "shell/look.h"
@@ -38,6 +39,7 @@ Form33::Form33(Context &theContext, const QString &name, const QString &title) :
                       u"Cliquez pour ouvrir ce Grand Prix, double-cliquez pour le refermer"_s, 1, true}},
                     static_cast<int>(standings::listedRaces));
     m_races->setFixedHeight(m_races->rowsHigh(static_cast<int>(standings::listedRaces)));
+    add(emptyNote, noteOver(*m_races, u"Text3"_s, context, results::Need::race));
     m_races->onPress = [this](const QString &column, int row) {
         if (!column.isEmpty())
             openRace(row);

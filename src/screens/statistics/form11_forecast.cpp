@@ -1,4 +1,5 @@
 // Form11, the forecast: a podium computed for the Grand Prix after the one that the main screen shows.
+#include "kinds/empty_note.h"
 #include "results/main_record.h"
 #include "shell/look.h"
 #include "shell/screens.h"
@@ -83,7 +84,9 @@ QWidget *Form11::podium()
         grid->addWidget(styled(stepCaptions[step], "place"), step, 0, Qt::AlignRight | Qt::AlignVCenter);
         grid->addWidget(names, step, 1);
     }
-    return card({}, grid);
+    auto *made = card({}, grid);
+    add(emptyNote, noteOver(*made, context));
+    return made;
 }
 
 void Form11::walk(const QString &mainScreenButton)

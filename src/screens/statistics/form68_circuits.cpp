@@ -1,5 +1,6 @@
 // Form68, what a circuit is like: date, picture and description of a Grand Prix of the season, and who won it in the
 // last ten years.
+#include "kinds/empty_note.h"
 #include "kinds/lookup_screen.h"
 #include "kinds/picker.h"
 #include "results/main_record.h"
@@ -101,6 +102,7 @@ QWidget *Form68::winnersCard()
     m_winners = table({{u"Label5"_s, u"Année"_s, 64, Qt::AlignHCenter}, {u"Label6"_s, u"Vainqueur"_s, 190}},
                       standings::yearsOfBlock);
     m_winners->setFixedSize(64 + 190 + 2, m_winners->rowsHigh(standings::yearsOfBlock));
+    add(emptyNote, noteOver(*m_winners, u"Label6"_s, context, results::Need::race));
     auto *layout = new QVBoxLayout;
     layout->addWidget(m_winners);
     layout->addStretch(1);

@@ -1,5 +1,6 @@
 // Form94, a driver and his team at one Grand Prix: where he started and finished and what the team scored there in each
 // of the last ten seasons, and who won.
+#include "kinds/empty_note.h"
 #include "kinds/lookup_screen.h"
 #include "kinds/picker.h"
 #include "results/main_record.h"
@@ -42,6 +43,7 @@ Form94::Form94(Context &theContext, const QString &name, const QString &title)
     layout->addLayout(tables());
     layout->addLayout(footRow(u"Label14"_s));
     layout->setSizeConstraint(QLayout::SetFixedSize);
+    add(emptyNote, noteOver(*Screen::tables().front(), u"Label6"_s, context, results::Need::race));
     ask();
 }
 
