@@ -6,10 +6,38 @@
 
 namespace circuidex::results {
 
+namespace {
+
+constexpr std::string_view addressBegun = "http://";
+
+bool isTyped(std::string_view prefix)
+{
+    return prefix != "path" && prefix != "pi";
+}
+
+Texts typedTexts(const DriverBoxes &boxes)
+{
+    Texts texts;
+    for (std::size_t i = 0; i < driverFields.size(); ++i)
+        if (const std::string &text = boxes.boxes[i].text(); isTyped(driverFields[i].prefix))
+            texts.push_back(text == addressBegun ? std::string() : text);
+    return texts;
+}
+
+LeftEntry asShown(const MainRecord &main, const DriverBoxes &boxes, DriverScreen screen)
+{
+    const std::string name = screen == DriverScreen::newDriver ? "Form2" : "Form3";
+    return {name, main.an.text(), boxes.nopilot.text(), typedTexts(boxes)};
+}
+
+}
+
 void showDriver(MainRecord &main, DriverBoxes &boxes, DriverScreen screen)
 {
     const DriverRecord record = readDriver(main.season(), boxes.nopilot.text());
+    leaveDriver(main, boxes);
     boxes.show(record);
+    boxes.entry.loaded(asShown(main, boxes, screen));
     main.said.set("");
     const DriverPictures pictures =
         driverPictures(main, record, screen == DriverScreen::profile ? PicturesOf::profile : PicturesOf::choice);
@@ -27,6 +55,7 @@ bool storeShownDriver(MainRecord &main, DriverBoxes &boxes, DriverScreen screen)
     }
     boxes.show(whole);
     storeDriver(main.writableSeason(), boxes.nopilot.text(), whole, screen);
+    boxes.entry.stored(asShown(main, boxes, screen), main.left);
     showNamesAnew(main);
     main.said.set("Pilote n° " + boxes.nopilot.text() + " enregistré : " + boxes.box("nom").text());
     return true;
@@ -47,7 +76,7 @@ void readProfile(MainRecord &main)
     DriverProfile &profile = main.profile;
     showDriver(main, profile, DriverScreen::profile);
     if (profile.box("sitweb").empty())
-        profile.box("sitweb").set("http://");
+        profile.box("sitweb").set(std::string(addressBegun));
     const std::string &team = profile.box("ecurie").text();
     profile.lblecuriE.set(main.season().read(keys::N, keys::lblecuriE(team)));
     profile.ecuriE.set(teamPicture(main, team));
@@ -64,6 +93,29 @@ void chooseTeamPicture(MainRecord &main)
     main.writableSeason().write(keys::N, keys::lblecuriE(team.name), *chosen);
     main.profile.lblecuriE.set(*chosen);
     main.profile.ecuriE.set(main.surroundings.findPicture(*chosen));
+}
+
+void awaitDriver(const MainRecord &main, DriverBoxes &boxes)
+{
+    boxes.entry.loaded(asShown(main, boxes, DriverScreen::newDriver));
+}
+
+bool unsavedDriver(const DriverBoxes &boxes)
+{
+    return boxes.entry.unsaved(typedTexts(boxes));
+}
+
+void leaveDriver(MainRecord &main, DriverBoxes &boxes)
+{
+    boxes.entry.leave(typedTexts(boxes), main.left);
+}
+
+void resumeDriver(DriverBoxes &boxes, const LeftEntry &left)
+{
+    auto text = left.texts.begin();
+    for (std::size_t i = 0; i < driverFields.size(); ++i)
+        if (isTyped(driverFields[i].prefix) && text != left.texts.end())
+            boxes.boxes[i].set(*text++);
 }
 
 void emptyProfile(DriverProfile &profile)

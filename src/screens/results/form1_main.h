@@ -1,8 +1,10 @@
 #pragma once
 // Form1, the main screen: one Grand Prix of one season, the way through Grands Prix and seasons, and the buttons that open
 // everything else. Its buttons are pressed by other screens too, some of them by nobody else.
+#include "kinds/name_entry.h"
 #include "results/main_record.h"
 #include "shell/screens.h"
+#include "shell/unsaved_mark.h"
 
 namespace circuidex::screens {
 
@@ -27,6 +29,7 @@ private:
     QLayout *selectionCommands();
     QWidget *resultCard();
     QWidget *remarkCard();
+    QLayout *quietRow();
     QWidget *picturesCard();
     void addFilm(QVBoxLayout *layout);
     QWidget *grandPrixCommands();
@@ -39,6 +42,11 @@ private:
     void refuse(Edit *box, const QString &typed);
     bool typedHolds();
     void showAgeOfStatus();
+    void followEntry();
+    void showEntry();
+    void showLeft();
+    void resume();
+    void go(void (*where)(results::MainRecord &));
     Label *pointedCommand(const QString &name, const QString &caption, std::function<void()> handler);
     void unpoint();
 
@@ -63,9 +71,12 @@ private:
     void clearNewSeason();
 
     results::MainRecord &m_main;
+    const NameEntry m_known{m_main};
     QStringList m_pointed;
+    UnsavedMark *m_recordMark = nullptr, *m_amendMark = nullptr;
+    Label *m_warning = nullptr, *m_left = nullptr, *m_forget = nullptr;
     std::string m_recordedGp, m_recordedSeason; // of which the status line speaks
-    TimerControl *m_newSeason = nullptr, *m_records = nullptr, *m_lap = nullptr, *m_img = nullptr, *m_vid = nullptr;
+    TimerControl *m_entered = nullptr, *m_newSeason = nullptr, *m_records = nullptr, *m_lap = nullptr, *m_img = nullptr, *m_vid = nullptr;
 };
 
 }
