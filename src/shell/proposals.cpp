@@ -63,6 +63,7 @@ void Proposals::showList(const Offers &offers)
         m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         m_list->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         m_list->setUniformItemSizes(true);
+        m_list->setSpacing(0);
         m_list->setTextElideMode(Qt::ElideRight);
         connect(this, &QObject::destroyed, m_list.data(), &QObject::deleteLater);
         connect(m_list, &QListWidget::itemClicked, this, [this](const QListWidgetItem *item) {

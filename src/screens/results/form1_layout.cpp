@@ -214,11 +214,7 @@ QWidget *Form1::resultCard()
             shown->setText(u"Label11"_s, qt(m_main.gp.text()));
     });
     grid->addWidget(podium, classifiedPlaces + 1, 1, 1, 2, Qt::AlignLeft);
-    m_warning = add(u"avertissement"_s, new Label);
-    m_warning->setObjectName(u"warning"_s);
-    m_warning->setWordWrap(true);
-    m_warning->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-    m_warning->setFixedHeight(2 * m_warning->fontMetrics().height());
+    m_warning = add(u"avertissement"_s, new WarningLine);
     grid->addWidget(m_warning, classifiedPlaces + 2, 0, 1, 3);
     grid->setColumnMinimumWidth(0, 86);
     grid->setColumnStretch(2, 1);
@@ -250,16 +246,15 @@ QWidget *Form1::remarkCard()
 QLayout *Form1::quietRow()
 {
     auto *row = new QHBoxLayout;
-    row->addWidget(quietLine(m_main.said), 1);
+    Label *said = quietLine(m_main.said);
+    listen(m_main.said, [said](const std::string &text) { said->setToolTip(qt(text)); }); // also what is cut off
+    row->addWidget(said, 1);
     m_left = command(u"Reprendre"_s, u"Reprendre la saisie"_s, [this] { resume(); });
     m_forget = command(u"Oublier"_s, u"×"_s, [this] { m_main.left.take(); });
     m_forget->setToolTip(u"Oublier cette saisie"_s);
-    for (Label *label : {m_left, m_forget}) {
-        QSizePolicy policy = label->sizePolicy();
-        policy.setRetainSizeWhenHidden(true); // the line stays as high
-        label->setSizePolicy(policy);
+    for (Label *label : {m_left, m_forget})
         row->addWidget(label);
-    }
+    row->addStrut(m_left->sizeHint().height()); // the line stays as high without them
     return row;
 }
 

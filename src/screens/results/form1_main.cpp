@@ -5,7 +5,6 @@
 #include "kinds/page_view.h"
 #include "kinds/picker.h"
 #include "results/amending.h"
-#include "results/entry_warnings.h"
 #include "results/media_of_grand_prix.h"
 #include "results/navigation.h"
 #include "results/new_season.h"
@@ -389,9 +388,8 @@ void Form1::showEntry()
     m_recordMark->setOn(unsaved && !recorded);
     m_amendMark->setOn(unsaved && recorded);
     const results::LeftEntry *onShow = m_main.entry.thing();
-    const auto warnings =
-        results::raceWarnings(m_main, m_main.season(), onShow ? std::string_view(onShow->subject) : std::string_view());
-    m_warning->setText(qt(results::inOneLine(warnings)));
+    m_warning->show(
+        results::raceWarnings(m_main, m_main.season(), onShow ? std::string_view(onShow->subject) : std::string_view()));
 }
 
 // What waits, the one left last.

@@ -2,6 +2,7 @@
 // Form1, the main screen: one Grand Prix of one season, the way through Grands Prix and seasons, and the buttons that open
 // everything else. Its buttons are pressed by other screens too, some of them by nobody else.
 #include "kinds/name_entry.h"
+#include "kinds/warning_line.h"
 #include "results/main_record.h"
 #include "shell/screens.h"
 #include "shell/unsaved_mark.h"
@@ -74,7 +75,8 @@ private:
     const NameEntry m_known{m_main};
     QStringList m_pointed;
     UnsavedMark *m_recordMark = nullptr, *m_amendMark = nullptr;
-    Label *m_warning = nullptr, *m_left = nullptr, *m_forget = nullptr;
+    WarningLine *m_warning = nullptr;
+    Label *m_left = nullptr, *m_forget = nullptr;
     std::string m_recordedGp, m_recordedSeason; // of which the status line speaks
     TimerControl *m_entered = nullptr, *m_newSeason = nullptr, *m_records = nullptr, *m_lap = nullptr, *m_img = nullptr, *m_vid = nullptr;
 };

@@ -4,8 +4,8 @@
 #include "kinds/entry_screen.h"
 #include "kinds/name_entry.h"
 #include "kinds/picker.h"
+#include "kinds/warning_line.h"
 #include "results/calendar.h"
-#include "results/entry_warnings.h"
 #include "results/main_record.h"
 #include "results/navigation.h"
 #include "shell/look.h"
@@ -56,7 +56,7 @@ private:
     results::MainRecord &m_main;
     const NameEntry m_known{context.main};
     QLabel *m_heading = nullptr;
-    Label *m_warning = nullptr;
+    WarningLine *m_warning = nullptr;
     CalendarBoxes m_names{}, m_dates{};
     results::TypedEntry m_entry;
     Field m_season; // on show
@@ -74,9 +74,7 @@ Form34::Form34(Context &theContext, const QString &name, const QString &title)
     kept->setToolTip(u"Enregistrer et fermer (Ctrl+S)"_s);
     shortcut(u"Ctrl+S"_s, [this] { press(u"Command2"_s); });
     foot->addWidget(kept);
-    m_warning = add(u"avertissement"_s, new Label);
-    m_warning->setObjectName(u"warning"_s);
-    m_warning->setMinimumWidth(1);
+    m_warning = add(u"avertissement"_s, new WarningLine);
     auto *layout = page();
     layout->addWidget(card({}, rows()));
     layout->addLayout(rowCommands());
@@ -116,6 +114,7 @@ QLayout *Form34::rows()
             [this, slot] { openPicker(context.screens, PickList::grandsPrix, u"f34%1"_s.arg(slot)); },
             slot);
         list->setToolTip(u"Choisir dans la liste des Grands Prix"_s);
+        list->setProperty("small", true);
         list->setFocusPolicy(Qt::ClickFocus); // Tab goes from name to date and on
         m_dates[at] = box(u"Text4"_s, slot);
         m_dates[at]->setFixedWidth(70);
@@ -168,6 +167,7 @@ QLayout *Form34::rowCommands()
             act(command.change, command.focusBy, command.refused);
         });
         made->setToolTip(command.tip);
+        made->setProperty("small", true);
         made->setFocusPolicy(Qt::NoFocus);
         shortcut(command.keys, [this, command] { press(command.name); });
         row->addWidget(made);
@@ -222,7 +222,7 @@ void Form34::act(bool (*change)(results::Calendar &, int), int focusBy, const QS
     const auto slot = std::find(column->begin(), column->end(), m_current) - column->begin();
     results::Calendar now = calendar();
     if (!change(now, static_cast<int>(slot))) {
-        m_warning->setText(refused);
+        m_warning->show({refused.toStdString()});
         return;
     }
     show(now);
@@ -280,9 +280,7 @@ void Form34::changed()
     for (std::size_t slot = 0; slot < typed.size(); ++slot)
         if (m_dates[slot]->hasFocus())
             typed[slot].date.clear(); // half a date is no wrong one
-    const auto warnings = results::calendarWarnings(typed, Season(context.store, seasonStem(m_season.text())));
-    m_warning->setText(qt(results::inOneLine(warnings)));
-    m_warning->setToolTip(m_warning->text());
+    m_warning->show(results::calendarWarnings(typed, Season(context.store, seasonStem(m_season.text()))));
     showUnsaved();
 }
 

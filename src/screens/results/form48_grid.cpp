@@ -3,7 +3,7 @@
 #include "kinds/name_entry.h"
 #include "kinds/picker.h"
 #include "kinds/place_names.h"
-#include "results/entry_warnings.h"
+#include "kinds/warning_line.h"
 #include "results/grid.h"
 #include "results/main_record.h"
 #include "shell/look.h"
@@ -48,7 +48,7 @@ private:
     Table *m_grid = nullptr;
     std::optional<int> m_asked; // the place that the list of drivers was opened for
     int m_edits = 0; // clicks on places since the screen was loaded
-    Label *m_warning = nullptr;
+    WarningLine *m_warning = nullptr;
     std::string m_season, m_race; // whose grid is on show
     results::TypedEntry m_entry;
     bool m_loading = false;
@@ -85,9 +85,7 @@ Form48::Form48(Context &theContext, const QString &name, const QString &title)
     store->makeMain();
     store->setToolTip(u"Enregistrer cette grille (Ctrl+S)"_s);
     shortcut(u"Ctrl+S"_s, [this] { press(u"Command1"_s); });
-    m_warning = add(u"avertissement"_s, new Label);
-    m_warning->setObjectName(u"warning"_s);
-    m_warning->setMinimumWidth(1);
+    m_warning = add(u"avertissement"_s, new WarningLine);
     auto *head = new QHBoxLayout;
     head->addWidget(styled(u"Défilement des GP:"_s, "hint"));
     head->addWidget(back);
@@ -101,7 +99,7 @@ Form48::Form48(Context &theContext, const QString &name, const QString &title)
     layout->addWidget(m_grid, 1);
     layout->addWidget(m_warning);
     layout->addLayout(foot);
-    resize(460, 30 + 62 + m_grid->rowsHigh(gridPlaces) + 40 + 24);
+    resize(460, 30 + 62 + m_grid->rowsHigh(gridPlaces) + 40 + 34);
     countEdits(0);
     load();
     savedBy(store);
@@ -147,8 +145,7 @@ void Form48::changed()
 {
     if (m_loading)
         return;
-    m_warning->setText(qt(results::inOneLine(results::gridWarnings(grid(), m_main.season()))));
-    m_warning->setToolTip(m_warning->text());
+    m_warning->show(results::gridWarnings(grid(), m_main.season()));
     showUnsaved();
 }
 
