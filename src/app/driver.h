@@ -78,9 +78,13 @@ public:
     StandInPlayer film{calls};
     bool ended = false; // the program, by itself
     void startAnew(); // the machine, for a program that starts
+    void setDisplay(const DisplayMode &mode); // with all of it free for windows
 
 private:
+    void show(const DisplayMode &mode);
+
     std::optional<media::FilmPlayer> m_player;
+    bool m_displayTold = false; // until then windows have the room that they are made for
 };
 
 class Driver {
@@ -96,6 +100,8 @@ public:
 
 private:
     void leave();
+    void startAnew();
+    void start(const QString &first);
     std::optional<QString> dispatch(const QString &command, const QString &arguments);
     std::optional<QString> onScreens(const QString &command, const QString &argument);
     std::optional<QString> onControl(const QString &command, const QString &argument);

@@ -1,4 +1,5 @@
 // Circuidex: the Formula 1 championship, race by race, for one fan.
+#include "app/command_line.h"
 #include "app/program.h"
 #include "online/update_notice.h"
 #include "platform/qt_dialogs.h"
@@ -6,20 +7,31 @@
 #include "shell/look.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QTranslator>
 
-int main(int argc, char **argv)
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+int run(QApplication &application)
 {
-    QApplication application(argc, argv);
     application.setApplicationName(QStringLiteral("Circuidex"));
+    application.setApplicationVersion(QStringLiteral(CIRCUIDEX_VERSION));
+    application.setDesktopFileName(QStringLiteral("circuidex"));
+    application.setWindowIcon(QIcon(QStringLiteral(":/images/icon.svg")));
     circuidex::look::dress(application);
     QTranslator french;
     if (french.load(QStringLiteral("qtbase_fr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         application.installTranslator(&french);
+    const circuidex::CommandLine asked(application.arguments());
+    if (const auto status = asked.run())
+        return *status;
     circuidex::QtDialogs dialogs;
     circuidex::QtPlatform platform;
-    const std::filesystem::path folder = circuidex::programFolder();
+    const std::filesystem::path folder = asked.folder();
     const circuidex::FolderLock lock(folder);
     const circuidex::Opening opening = circuidex::openingOf(lock, dialogs);
     if (opening == circuidex::Opening::refused)
@@ -28,10 +40,23 @@ int main(int argc, char **argv)
         platform.startProgram((circuidex::executableFolder() / "Zip").string());
         return 0;
     }
+    platform.putDisplayBack();
     circuidex::Program program(folder, circuidex::userNumbers(), dialogs, platform);
     if (opening == circuidex::Opening::readOnly)
         program.store().setReadOnly();
-    program.start();
+    program.start(QStringLiteral("Intro"));
     program.settleAtRest();
     return application.exec();
+}
+
+}
+
+// At the end nothing is left to be done, but the application would wait for each name server that doesn't answer.
+int main(int argc, char **argv)
+{
+    circuidex::chooseDisplay(argc, argv);
+    QApplication application(argc, argv);
+    const int status = run(application);
+    std::fflush(nullptr);
+    std::_Exit(status);
 }

@@ -1,6 +1,8 @@
 #include "platform/qt_platform.h"
 
+#include "platform/program_folder.h"
 #include "platform/qt_pictures.h"
+#include "platform/x_output.h"
 
 #include <QCoreApplication>
 #include <QDesktopServices>
@@ -84,12 +86,22 @@ std::unique_ptr<QTextDocument> asDocument(const QString &text)
     return document;
 }
 
+// Under Wayland the compositor alone sets the modes of the displays.
+std::unique_ptr<DisplayOutput> changeableOutput()
+{
+    const bool x = QGuiApplication::platformName() == QLatin1String("xcb") && qgetenv("XDG_SESSION_TYPE") != "wayland";
+    return x ? primaryXOutput() : nullptr;
 }
+
+}
+
+QtPlatform::QtPlatform() : m_display(changeableOutput, stateFolder()) { }
 
 void drawScreen(QWidget &screen, QPainter &painter, const QSizeF &page)
 {
     const QPicture picture = takenDown(screen);
-    const double denser = double(painter.device()->logicalDpiX()) / picture.logicalDpiX(); // a picture is drawn so much larger
+    const double denser =
+        double(painter.device()->logicalDpiX()) / picture.logicalDpiX(); // a picture is drawn so much larger
     const double scale = std::min(page.width() / screen.width(), page.height() / screen.height());
     painter.translate((page.width() - scale * screen.width()) / 2, 0);
     painter.scale(scale / denser, scale / denser);
@@ -155,14 +167,35 @@ void QtPlatform::openAddress(const std::string &address)
     QDesktopServices::openUrl(QUrl(QString::fromStdString(address)));
 }
 
-// Not by quit(), which would close the windows one by one.
 DisplayMode QtPlatform::displayMode() const
 {
     const QScreen *display = QGuiApplication::primaryScreen();
+    const int depth = display->depth() == 24 ? 32 : display->depth(); // bits of colour, bits of a pixel
+    if (const auto mode = m_display.present())
+        return {mode->width, mode->height, depth};
     const QSize size = display->size() * display->devicePixelRatio();
-    return {size.width(), size.height(), display->depth()};
+    return {size.width(), size.height(), depth};
 }
 
+DisplayChange QtPlatform::changeDisplay(const DisplayMode &mode, int hertz)
+{
+    return m_display.change(mode.width, mode.height, hertz) ? DisplayChange::done : DisplayChange::refused;
+}
+
+void QtPlatform::changeDisplayPlainly(int width, int height)
+{
+    m_display.changePlainly(width, height);
+}
+
+// Asks the system's session manager, which asks the user for his password where he may not.
+void QtPlatform::restartMachine()
+{
+    for (const char *const manager : {"systemctl", "loginctl"})
+        if (QProcess::startDetached(QString::fromLatin1(manager), {QStringLiteral("reboot")}))
+            return;
+}
+
+// Not by quit(), which would close the windows one by one.
 void QtPlatform::endProgram()
 {
     QCoreApplication::exit(0);

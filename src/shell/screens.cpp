@@ -61,11 +61,16 @@ void Screens::close(const QString &name)
         screen->close();
 }
 
-void Screens::closeAll()
+void Screens::closeAllBut(const QString &name)
 {
     m_ending = true;
-    while (!m_open.empty())
-        m_open.back()->close(); // takes itself out of the list
+    const auto other = [&](const Screen *screen) { return screen->name() != name; };
+    for (;;) {
+        const auto last = std::find_if(m_open.rbegin(), m_open.rend(), other);
+        if (last == m_open.rend())
+            break;
+        (*last)->close(); // takes itself out of the list
+    }
     m_ending = false;
 }
 

@@ -1,5 +1,6 @@
 #include "screens/results/form1_main.h"
 
+#include "kinds/display_mode.h"
 #include "kinds/entry_screen.h"
 #include "kinds/name_search.h"
 #include "kinds/page_view.h"
@@ -40,16 +41,28 @@ Form1::Form1(Context &theContext, const QString &name, const QString &title)
     start();
 }
 
-// What opening the program does: the marked season, its last Grand Prix, scale, "nogp" and skin;
-// then the start-up notice.
+// What opening the program does: the marked season, the mode of the display, the season's last Grand Prix, scale, "nogp"
+// and skin; then the start-up notice.
 void Form1::start()
 {
     if (results::openMarkedSeason(m_main))
         context.screens.open(u"Form46"_s);
+    const DisplayMode mode = context.platform.displayMode();
+    results::saveDisplay(m_main.writableSeason(), {mode.width, mode.height, mode.depth});
+    if (results::adaptsDisplay(m_main.season()))
+        adapt();
     results::openOnLastRecorded(m_main);
     context.skin = skinNamed(results::chosenSkin(context.store));
     dress();
     fetchNotice(context, u"//progload2.htm"_s, this);
+    context.screens.close(u"Intro"_s);
+}
+
+void Form1::adapt()
+{
+    adaptDisplay(context);
+    if (seen()) // and not behind the first start
+        comeBack();
 }
 
 void Form1::registerHidden()
@@ -92,7 +105,7 @@ void Form1::registerHidden()
 
     using Kind = TimerControl::Kind;
     m_records = &timer(u"Timerrecords"_s, 0, Kind::once, [this] {
-        statistics::sortAllTimeLists(context.store);
+        sortTimeLists();
         context.screens.close(u"Form32"_s);
         context.screens.close(u"Form4"_s);
     });
@@ -170,8 +183,15 @@ void Form1::afterResult()
 {
     showPodium();
     context.screens.close(u"Form32"_s);
+    m_records->tag = u"à trier"_s;
     m_records->start(10);
     showEntry();
+}
+
+void Form1::sortTimeLists()
+{
+    m_records->tag.clear();
+    statistics::sortAllTimeLists(context.store);
 }
 
 void Form1::record()
@@ -299,6 +319,15 @@ void Form1::registerShortcuts()
         });
 }
 
+// Only a window taller than the display that the columns are made for has room for that card.
+void Form1::resizeEvent(QResizeEvent *event)
+{
+    constexpr int madeFor = 768; // pixels
+    Screen::resizeEvent(event);
+    if (m_display)
+        m_display->setVisible(height() >= madeFor + m_display->sizeHint().height());
+}
+
 // Outside the fields, where they move the text cursor.
 void Form1::keyPressEvent(QKeyEvent *event)
 {
@@ -413,12 +442,13 @@ void Form1::resume()
     const auto left = m_main.left.take();
     if (!left)
         return;
-    results::leaveRace(m_main);
     if (left->screen == "Form1") {
+        results::leaveRace(m_main);
         results::resumeRace(m_main, *left);
         return showEntry();
     }
     if (!left->season.empty() && left->season != m_main.an.text()) {
+        results::leaveRace(m_main);
         m_main.an.set(left->season);
         results::showSeason(m_main);
     }
@@ -428,17 +458,30 @@ void Form1::resume()
     m_main.left.resuming = nullptr;
 }
 
+// The way out of the program, up to the screen that ends it and that closes this one.
+void Form1::leave()
+{
+    if (isYear(m_main.an.text())) // anything else would open on nothing
+        context.store.setYearMarker(m_main.an.text());
+    context.screens.close(u"Form8"_s);
+    context.screens.open(u"Form47"_s);
+}
+
+// The same for whoever closes the window, and what timers still had to do. The display comes last: what the screens keep
+// is kept by then.
 void Form1::closing()
 {
     if (!m_newSeason->tag.isEmpty())
         clearNewSeason();
-    if (isYear(m_main.an.text())) // anything else would open on nothing
-        context.store.setYearMarker(m_main.an.text());
+    if (!m_records->tag.isEmpty())
+        sortTimeLists();
+    leave();
     if (const auto running = results::runningSimulation(context.store)) // also one that a kill left
         results::stopSimulation(m_main, *running);
     m_main.clearTotalsSoon = {};
     context.screens.onChange = {};
-    context.screens.closeAll();
+    context.screens.closeAllBut(u"Form47"_s);
+    restoreDisplay(context);
 }
 
 ScreenRows form1()

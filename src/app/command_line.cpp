@@ -1,0 +1,146 @@
+#include "app/command_line.h"
+
+#include "app/screens.h"
+#include "platform/program_folder.h"
+#include "shell/screens.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+#include <cstdio>
+
+namespace circuidex {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Option {
+    const char16_t *names; // with a comma between them
+    const char16_t *value; // what follows it; empty for nothing
+    const char16_t *says;
+    bool window; // the program comes up with it all the same
+};
+
+constexpr Option options[] = {
+    {u"help,h,aide", u"", u"Affiche cette aide.", false},
+    {u"version,v", u"", u"Affiche la version de Circuidex.", false},
+    {u"dossier", u"DOSSIER", u"Travaille sur les fichiers de ce dossier.", true},
+    {u"liste", u"", u"Donne le nom et le titre de tous les écrans.", false},
+};
+
+QStringList namesOf(const Option &option)
+{
+    return QString::fromUtf16(option.names).split(u',');
+}
+
+int tell(const QString &fault, int status)
+{
+    std::fputs(qPrintable(u"circuidex : "_s + fault + u'\n'), stderr);
+    return status;
+}
+
+// On standard output, which may be a full disk.
+int say(const QByteArray &text)
+{
+    QFile out;
+    if (out.open(stdout, QIODevice::WriteOnly) && out.write(text) == text.size() && out.flush())
+        return exits::done;
+    return tell(u"la sortie n'a pas pu être écrite."_s, exits::failed);
+}
+
+// A script reads what the program itself says, and not what Qt remarks on the machine.
+void silence(QtMsgType type, const QMessageLogContext &, const QString &message)
+{
+    if (type == QtFatalMsg)
+        std::fputs(qPrintable(message + u'\n'), stderr);
+}
+
+QByteArray listOfScreens()
+{
+    QByteArray list;
+    for (const ScreenRow &row : screenRows())
+        list += (row.name + u'\t' + row.title.trimmed() + u'\n').toUtf8();
+    return list;
+}
+
+}
+
+CommandLine::CommandLine(const QStringList &arguments) : m_arguments(arguments)
+{
+    m_parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
+    m_parser.setApplicationDescription(
+        u"Le championnat du monde de Formule 1, course après course. Sans option, le programme s'ouvre."_s);
+    for (const Option &option : options)
+        m_parser.addOption({namesOf(option), QString::fromUtf16(option.says), QString::fromUtf16(option.value)});
+    m_understood = m_parser.parse(arguments);
+}
+
+bool CommandLine::wantsWindow() const
+{
+    for (const Option &option : options)
+        if (!option.window && m_parser.isSet(namesOf(option).constFirst()))
+            return false;
+    return true;
+}
+
+QString CommandLine::fault() const
+{
+    if (const QStringList unknown = m_parser.unknownOptionNames(); !unknown.isEmpty())
+        return u"option inconnue : « %1 »."_s.arg(unknown.constFirst());
+    if (!m_understood && !m_arguments.constLast().contains(u'='))
+        return u"il manque une valeur après « %1 »."_s.arg(m_arguments.constLast());
+    if (!m_understood)
+        return u"une option a reçu une valeur qu'elle ne prend pas."_s;
+    if (const QStringList others = m_parser.positionalArguments(); !others.isEmpty())
+        return u"argument inattendu : « %1 »."_s.arg(others.constFirst());
+    return {};
+}
+
+std::optional<int> CommandLine::run() const
+{
+    if (const QString wrong = fault(); !wrong.isEmpty())
+        return tell(wrong + u" « circuidex --help » donne les options."_s, exits::wrongUse);
+    if (const QString missing = missingFolder(); !missing.isEmpty())
+        return tell(missing, exits::failed);
+    if (has(u"help"))
+        return say(m_parser.helpText().toUtf8());
+    if (has(u"version"))
+        return say((u"Circuidex "_s + QCoreApplication::applicationVersion() + u'\n').toUtf8());
+    if (has(u"liste"))
+        return say(listOfScreens());
+    return std::nullopt;
+}
+
+QString CommandLine::missingFolder() const
+{
+    std::error_code ignored; // what can't be looked at isn't there
+    const bool missing = has(u"dossier") && !std::filesystem::is_directory(folder(), ignored);
+    return missing ? u"le dossier « %1 » n'existe pas."_s.arg(value(u"dossier")) : QString();
+}
+
+std::filesystem::path CommandLine::folder() const
+{
+    if (!has(u"dossier"))
+        return programFolder();
+    std::error_code ignored; // a path that can't be resolved stays as it was given
+    const std::filesystem::path given = value(u"dossier").toStdString();
+    std::filesystem::path whole = std::filesystem::absolute(given, ignored);
+    return whole.empty() ? given : whole;
+}
+
+void chooseDisplay(int argc, char **argv)
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
+    const CommandLine asked(arguments);
+    const bool displayed = qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+    const bool fails = !asked.fault().isEmpty() || !asked.missingFolder().isEmpty();
+    if (asked.wantsWindow() && (displayed || !fails))
+        return;
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(silence);
+}
+
+}
