@@ -12,6 +12,7 @@
 #include <QToolButton>
 
 #include <algorithm>
+#include <utility>
 
 namespace circuidex {
 
@@ -23,8 +24,9 @@ QCalendarWidget *calendarOf(int year, std::optional<results::Day> near)
     made->setLocale(QLocale(QLocale::French, QLocale::France)); // also the week's first day
     made->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     made->setDateRange(QDate(year, 1, 1), QDate(year, 12, 31));
-    made->setSelectedDate(near ? QDate(year, near->month, std::min(near->day, QDate(year, near->month, 1).daysInMonth()))
-                               : QDate(year, 3, 1));
+    made->setSelectedDate(near
+                              ? QDate(year, near->month, std::min(near->day, QDate(year, near->month, 1).daysInMonth()))
+                              : QDate(year, 3, 1));
     QTextCharFormat weekend = made->weekdayTextFormat(Qt::Sunday);
     weekend.setForeground(look::ink);
     weekend.setFontWeight(QFont::Bold); // races are run then
@@ -32,6 +34,13 @@ QCalendarWidget *calendarOf(int year, std::optional<results::Day> near)
     weekend.setFontWeight(QFont::Normal);
     made->setWeekdayTextFormat(Qt::Saturday, weekend);
     made->setGridVisible(false);
+    made->setHorizontalHeaderFormat(QCalendarWidget::SingleLetterDayNames);
+    for (const auto &[name, sign] :
+         {std::pair(u"qt_calendar_prevmonth"_s, u"◀"_s), std::pair(u"qt_calendar_nextmonth"_s, u"▶"_s)})
+        if (auto *arrow = made->findChild<QToolButton *>(name)) {
+            arrow->setIcon({});
+            arrow->setText(sign);
+        }
     if (auto *years = made->findChild<QWidget *>(u"qt_calendar_yearbutton"_s))
         years->setEnabled(false); // the season says it
     return made;

@@ -11,7 +11,8 @@ class QWidget;
 
 namespace circuidex {
 
-// Opens on the month of `near`, without one in March, when the seasons begin. A season that is no year is taken for this one.
+// Opens on the month of `near`, without one in March, when the seasons begin. A season that is no year is taken for
+// this one.
 void openDayChoice(QWidget *below, const QString &season, std::optional<results::Day> near,
                    std::function<void(results::Day)> chosen);
 

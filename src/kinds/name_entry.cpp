@@ -62,9 +62,8 @@ Edit *NameEntry::offer(Edit *box, std::vector<std::string> results::KnownNames::
 
 Edit *NameEntry::offerDriversOfSeason(Edit *box) const
 {
-    new Proposals(box, [&main = m_main](const QString &typed) {
-        return offersOf(results::driversOf(main.season()), typed);
-    });
+    new Proposals(
+        box, [&main = m_main](const QString &typed) { return offersOf(results::driversOf(main.season()), typed); });
     return box;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
-// Boxes into which a name is typed: of a Grand Prix, a driver or a team. The names met before are offered, and the known
-// spelling of one that is typed a little differently. They are gathered when a name is first typed on the screen.
+// Boxes into which a name is typed: of a Grand Prix, a driver or a team. The names met before are offered, and the
+// known spelling of one that is typed a little differently. They are gathered when a name is first typed on the screen.
 #include "kinds/name_search.h"
 #include "results/known_names.h"
 #include "shell/proposals.h"
@@ -18,7 +18,7 @@ Offers offersOf(const std::vector<std::string> &names, const QString &typed);
 
 class NameEntry {
 public:
-    explicit NameEntry(const results::MainRecord &main) : m_main(main) {}
+    explicit NameEntry(const results::MainRecord &main) : m_main(main) { }
 
     // Each gives the box back.
     Edit *offerGrandsPrix(Edit *box) const { return offer(box, &results::KnownNames::grandsPrix); }

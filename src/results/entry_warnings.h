@@ -9,8 +9,8 @@ namespace circuidex::results {
 
 using Warnings = std::vector<std::string>; // the gravest first
 
-// A driver at two places, a number that nobody has, places without a pole, and a date typed for the race on show when it
-// is recorded: only the calendar still stores that.
+// A driver at two places, a number that nobody has, places without a pole, and a date typed for the race on show when
+// it is recorded: only the calendar still stores that.
 Warnings raceWarnings(const RaceFields &entry, const Season &season, std::string_view gpOnShow);
 
 // A driver at two places of the grid, and a name that none of the season's drivers has.

@@ -23,7 +23,7 @@ constexpr std::size_t longestHeard = 60; // a longer text is no slip of a name
 // Keeps the order in which names were met.
 class Collector {
 public:
-    explicit Collector(std::vector<std::string> &names) : m_names(names) {}
+    explicit Collector(std::vector<std::string> &names) : m_names(names) { }
     void take(std::string name)
     {
         if (!name.empty() && name != keys::Aucune && m_seen.insert(name).second)
@@ -42,7 +42,8 @@ std::vector<std::string> seasonsBy(const Season &season)
     std::error_code error;
     for (fs::directory_iterator at(season.store().folder(), error), end; !error && at != end; at.increment(error)) {
         const std::string name = at->path().filename().string();
-        if (name.size() == 10 && folded(name).starts_with("f1") && folded(name).ends_with(".ini") && isYear(name.substr(2, 4)) && name.substr(2, 4) != season.stem())
+        if (name.size() == 10 && folded(name).starts_with("f1") && folded(name).ends_with(".ini") &&
+            isYear(name.substr(2, 4)) && name.substr(2, 4) != season.stem())
             years.push_back(name.substr(2, 4));
     }
     const int own = season.numbers().whole(season.stem(), 0, 9999).value_or(0);
@@ -86,11 +87,11 @@ char letterOf(unsigned first, unsigned second)
     if (first == 0xC3 && second >= 0x80)
         return second == 0xBF ? 'y' : latin[(second - 0x80) % latin.size()];
     if (first == 0xC5)
-        return second == 0x92 || second == 0x93                     ? 'o'
-            : second == 0xA0 || second == 0xA1                      ? 's'
-            : second == 0xBD || second == 0xBE                      ? 'z'
-            : second == 0xB8                                        ? 'y'
-                                                                    : '\0';
+        return second == 0x92 || second == 0x93 ? 'o'
+            : second == 0xA0 || second == 0xA1  ? 's'
+            : second == 0xBD || second == 0xBE  ? 'z'
+            : second == 0xB8                    ? 'y'
+                                                : '\0';
     return '\0';
 }
 
@@ -163,7 +164,9 @@ std::string heard(std::string_view name)
             if (!letters.empty() && letters.back() != ' ')
                 letters += ' ';
         } else {
-            letters += letter == '\0' ? name[i] : letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + 32) : letter;
+            letters += letter == '\0'            ? name[i]
+                : letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + 32)
+                                                 : letter;
         }
     }
     if (letters.ends_with(' '))

@@ -14,8 +14,8 @@ struct KnownNames {
     std::vector<std::string> grandsPrix, drivers, teams; // each name once
 };
 
-// The season's own names first, then those of the other seasons, the nearest year first, then the archive's. Reads every
-// season near enough to matter: once for a screen, when a name is first typed there.
+// The season's own names first, then those of the other seasons, the nearest year first, then the archive's. Reads
+// every season near enough to matter: once for a screen, when a name is first typed there.
 KnownNames knownNames(const Season &season);
 
 // The names of the season's drivers in the order of their numbers.

@@ -1,6 +1,6 @@
 #pragma once
-// What was typed and not stored: known while it is typed, and when its screen is left without storing it, kept until the
-// program ends, so that it can be taken up again. The screen itself always opens on what is stored.
+// What was typed and not stored: known while it is typed, and when its screen is left without storing it, kept until
+// the program ends, so that it can be taken up again. The screen itself always opens on what is stored.
 #include "store/field.h"
 
 #include <optional>
@@ -12,8 +12,8 @@ namespace circuidex::results {
 using Texts = std::vector<std::string>; // of the boxes, in the screen's own order
 
 struct LeftEntry {
-    std::string screen;  // "Form34"
-    std::string season;  // that it was typed for
+    std::string screen; // "Form34"
+    std::string season; // that it was typed for
     std::string subject; // the number of the driver, the name of the race; empty where the season says all
     Texts texts;
     Texts beside = {}; // what else the screen needs to know to show it again

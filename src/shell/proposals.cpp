@@ -143,8 +143,12 @@ bool Proposals::keyInList(const QKeyEvent &event)
 {
     switch (event.key()) {
     case Qt::Key_Down:
-    case Qt::Key_Up: step(event.key() == Qt::Key_Down ? 1 : -1); return true;
-    case Qt::Key_Escape: closeList(); return true;
+    case Qt::Key_Up:
+        step(event.key() == Qt::Key_Down ? 1 : -1);
+        return true;
+    case Qt::Key_Escape:
+        closeList();
+        return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Tab:
@@ -152,7 +156,8 @@ bool Proposals::keyInList(const QKeyEvent &event)
             take(chosen->text());
         closeList();
         return false;
-    default: return false;
+    default:
+        return false;
     }
 }
 

@@ -48,7 +48,8 @@ TEST(EntryWarnings, OfAGridAndOfACalendar)
               (Warnings{"Monaco deux fois : 6 et 20", "\"31/02\" n'est pas un jour (20)"}));
     calendar[19] = {};
     moveSlot(calendar, 17, 1); // Japon, run, and Chine, to come
-    EXPECT_EQ(calendarWarnings(calendar, season), (Warnings{"Les points d'écurie de \"Japon\" restent à la course 18"}));
+    EXPECT_EQ(calendarWarnings(calendar, season),
+              (Warnings{"Les points d'écurie de \"Japon\" restent à la course 18"}));
 }
 
 TEST(Calendar, SlotsAreInsertedRemovedAndMoved)

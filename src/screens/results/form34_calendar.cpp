@@ -111,8 +111,7 @@ QLayout *Form34::rows()
         m_names[at]->setToolTip(u"Nom du Grand Prix, comme dans les autres saisons"_s);
         auto *list = button(
             u"Command1"_s, u"Liste"_s,
-            [this, slot] { openPicker(context.screens, PickList::grandsPrix, u"f34%1"_s.arg(slot)); },
-            slot);
+            [this, slot] { openPicker(context.screens, PickList::grandsPrix, u"f34%1"_s.arg(slot)); }, slot);
         list->setToolTip(u"Choisir dans la liste des Grands Prix"_s);
         list->setProperty("small", true);
         list->setFocusPolicy(Qt::ClickFocus); // Tab goes from name to date and on
@@ -120,7 +119,8 @@ QLayout *Form34::rows()
         m_dates[at]->setFixedWidth(70);
         m_dates[at]->setAlignment(Qt::AlignCenter);
         m_dates[at]->setToolTip(u"Date, comme 16/10"_s);
-        auto *day = button(u"jour"_s, u"▾"_s, [this, slot] { chooseDay(slot); }, slot);
+        auto *day = button(
+            u"jour"_s, u"▾"_s, [this, slot] { chooseDay(slot); }, slot);
         day->setProperty("small", true);
         day->setFixedWidth(24);
         day->setToolTip(u"Choisir le jour (F4)"_s);
@@ -163,9 +163,8 @@ QLayout *Form34::rowCommands()
     row->setSpacing(6);
     row->addWidget(styled(u"Cette course :"_s, "hint"));
     for (const Command &command : commands) {
-        auto *made = button(command.name, command.caption, [this, command] {
-            act(command.change, command.focusBy, command.refused);
-        });
+        auto *made = button(command.name, command.caption,
+                            [this, command] { act(command.change, command.focusBy, command.refused); });
         made->setToolTip(command.tip);
         made->setProperty("small", true);
         made->setFocusPolicy(Qt::NoFocus);
@@ -254,7 +253,8 @@ void Form34::show(const results::Calendar &calendar)
 {
     m_showing = true;
     for (std::size_t slot = 0; slot < calendar.size(); ++slot)
-        for (const auto &[box, text] : {std::pair(m_names[slot], &calendar[slot].name), std::pair(m_dates[slot], &calendar[slot].date)}) {
+        for (const auto &[box, text] :
+             {std::pair(m_names[slot], &calendar[slot].name), std::pair(m_dates[slot], &calendar[slot].date)}) {
             box->setText(qt(*text));
             box->setCursorPosition(0);
         }

@@ -44,7 +44,7 @@ private:
     results::MainRecord &m_main;
     const NameEntry m_known{context.main};
     Field m_cursor; // Label40
-    Field m_gp;     // Text5
+    Field m_gp; // Text5
     Table *m_grid = nullptr;
     std::optional<int> m_asked; // the place that the list of drivers was opened for
     int m_edits = 0; // clicks on places since the screen was loaded
