@@ -3,6 +3,7 @@
 #include "results/media_of_grand_prix.h"
 #include "results/navigation.h"
 #include "results/pictures.h"
+#include "store/history.h"
 
 namespace circuidex::results {
 
@@ -30,6 +31,11 @@ LeftEntry asShown(const MainRecord &main, const DriverBoxes &boxes, DriverScreen
     return {name, main.an.text(), boxes.nopilot.text(), typedTexts(boxes)};
 }
 
+std::string actionOnDriver(const MainRecord &main, const std::string &what, DriverBoxes &boxes)
+{
+    return what + " " + ofName(boxes.box("nom").text()) + " " + main.an.text();
+}
+
 }
 
 void showDriver(MainRecord &main, DriverBoxes &boxes, DriverScreen screen)
@@ -54,6 +60,8 @@ bool storeShownDriver(MainRecord &main, DriverBoxes &boxes, DriverScreen screen)
         return false;
     }
     boxes.show(whole);
+    const bool fresh = screen == DriverScreen::newDriver;
+    const Action undoable(main.store, actionOnDriver(main, fresh ? "inscription" : "profil", boxes));
     storeDriver(main.writableSeason(), boxes.nopilot.text(), whole, screen);
     boxes.entry.stored(asShown(main, boxes, screen), main.left);
     showNamesAnew(main);
@@ -67,6 +75,7 @@ void chooseDriverPicture(MainRecord &main, DriverBoxes &boxes, std::string_view 
     if (!chosen)
         return;
     boxes.box(prefix).set(*chosen);
+    const Action undoable(main.store, actionOnDriver(main, "image", boxes));
     (prefix == "path" ? boxes.picture1 : boxes.Image1).set(main.surroundings.findPicture(*chosen));
     main.writableSeason().write(keys::N, keys::driver(prefix, boxes.nopilot.text()), *chosen);
 }
@@ -90,6 +99,7 @@ void chooseTeamPicture(MainRecord &main)
     const auto chosen = choosePictureFile(main.dialogs, "Image");
     if (!chosen)
         return;
+    const Action undoable(main.store, "image de l'écurie " + team.name + " " + main.an.text());
     main.writableSeason().write(keys::N, keys::lblecuriE(team.name), *chosen);
     main.profile.lblecuriE.set(*chosen);
     main.profile.ecuriE.set(main.surroundings.findPicture(*chosen));
@@ -129,6 +139,7 @@ void emptyProfile(DriverProfile &profile)
 
 void storeProfile(MainRecord &main)
 {
+    const Action undoable(main.store, actionOnDriver(main, "profil", main.profile));
     if (!storeShownDriver(main, main.profile, DriverScreen::profile))
         return;
     if (main.profile.seasons.empty())

@@ -6,6 +6,7 @@
 #include "results/main_record.h"
 #include "shell/screens.h"
 #include "shell/unsaved_mark.h"
+#include "store/history.h"
 
 namespace circuidex::screens {
 
@@ -71,10 +72,11 @@ private:
     void gpTyped(const std::string &text);
     void start();
     void adapt();
-    void sortTimeLists();
     void leave();
     void clearTotalsSoon(const QString &season);
     void clearNewSeason();
+    void sortRecords();
+    void finishActions();
 
     results::MainRecord &m_main;
     const NameEntry m_known{m_main};
@@ -84,6 +86,7 @@ private:
     Label *m_left = nullptr, *m_forget = nullptr;
     std::string m_recordedGp, m_recordedSeason; // of which the status line speaks
     QWidget *m_display = nullptr; // the card about the display's mode, shown where there is room for it
+    std::unique_ptr<Action> m_sorting, m_clearing; // parts of an action that a timer brings to its end
     TimerControl *m_entered = nullptr, *m_newSeason = nullptr, *m_records = nullptr, *m_lap = nullptr, *m_img = nullptr,
                  *m_vid = nullptr;
 };

@@ -72,7 +72,10 @@ Form34::Form34(Context &theContext, const QString &name, const QString &title)
     auto *kept = button(u"Command2"_s, u"Enregistrer Calendrier"_s, [this] { store(); });
     kept->makeMain();
     kept->setToolTip(u"Enregistrer et fermer (Ctrl+S)"_s);
-    shortcut(u"Ctrl+S"_s, [this] { press(u"Command2"_s); });
+    shortcut(
+        u"Ctrl+S"_s, [this] { press(u"Command2"_s); }, u"Enregistrer et fermer"_s);
+    tellKey(u"Entrée"_s, u"Course suivante"_s);
+    tellKey(u"F4"_s, u"Choisir le jour"_s);
     foot->addWidget(kept);
     m_warning = add(u"avertissement"_s, new WarningLine);
     auto *layout = page();
@@ -146,18 +149,18 @@ QLayout *Form34::rowCommands()
     };
     const QString full = u"La dernière course est prise : retirez-la d'abord"_s;
     struct Command {
-        QString name, caption, tip;
+        QString name, caption, does;
         QKeySequence keys;
         bool (*change)(results::Calendar &, int);
         int focusBy;
         QString refused = {};
     };
     const Command commands[] = {
-        {u"inserer"_s, u"Insérer"_s, u"Une course avant celle-ci (Ctrl+Inser)"_s, Qt::CTRL | Qt::Key_Insert,
+        {u"inserer"_s, u"Insérer"_s, u"Une course avant celle-ci"_s, Qt::CTRL | Qt::Key_Insert,
          results::insertSlot, 0, full},
-        {u"retirer"_s, u"Retirer"_s, u"Retirer cette course (Ctrl+Suppr)"_s, Qt::CTRL | Qt::Key_Delete, remove, 0},
-        {u"monter"_s, u"▲"_s, u"Plus tôt dans la saison (Alt+Haut)"_s, Qt::ALT | Qt::Key_Up, up, -1},
-        {u"descendre"_s, u"▼"_s, u"Plus tard dans la saison (Alt+Bas)"_s, Qt::ALT | Qt::Key_Down, down, 1},
+        {u"retirer"_s, u"Retirer"_s, u"Retirer cette course"_s, Qt::CTRL | Qt::Key_Delete, remove, 0},
+        {u"monter"_s, u"▲"_s, u"Plus tôt dans la saison"_s, Qt::ALT | Qt::Key_Up, up, -1},
+        {u"descendre"_s, u"▼"_s, u"Plus tard dans la saison"_s, Qt::ALT | Qt::Key_Down, down, 1},
     };
     auto *row = new QHBoxLayout;
     row->setSpacing(6);
@@ -165,10 +168,11 @@ QLayout *Form34::rowCommands()
     for (const Command &command : commands) {
         auto *made = button(command.name, command.caption,
                             [this, command] { act(command.change, command.focusBy, command.refused); });
-        made->setToolTip(command.tip);
+        made->setToolTip(u"%1 (%2)"_s.arg(command.does, command.keys.toString(QKeySequence::NativeText)));
         made->setProperty("small", true);
         made->setFocusPolicy(Qt::NoFocus);
-        shortcut(command.keys, [this, command] { press(command.name); });
+        shortcut(
+            command.keys, [this, command] { press(command.name); }, command.does);
         row->addWidget(made);
     }
     row->addStretch(1);
