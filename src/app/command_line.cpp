@@ -1,5 +1,7 @@
 #include "app/command_line.h"
 
+#include "app/import_command.h"
+#include "app/program.h"
 #include "app/screens.h"
 #include "platform/program_folder.h"
 #include "shell/screens.h"
@@ -27,6 +29,8 @@ constexpr Option options[] = {
     {u"version,v", u"", u"Affiche la version de Circuidex.", false},
     {u"dossier", u"DOSSIER", u"Travaille sur les fichiers de ce dossier.", true},
     {u"liste", u"", u"Donne le nom et le titre de tous les écrans.", false},
+    {u"importer", u"ZIP", u"Importe de cette archive de F1DB les saisons nommées derrière : « --importer ZIP 2003 2004 ».", false},
+    {u"remplacer", u"", u"Avec « --importer » : remplace aussi les saisons qui existent, après une copie.", false},
 };
 
 QStringList namesOf(const Option &option)
@@ -92,7 +96,12 @@ QString CommandLine::fault() const
         return u"il manque une valeur après « %1 »."_s.arg(m_arguments.constLast());
     if (!m_understood)
         return u"une option a reçu une valeur qu'elle ne prend pas."_s;
-    if (const QStringList others = m_parser.positionalArguments(); !others.isEmpty())
+    const QStringList others = m_parser.positionalArguments(); // the seasons to import
+    if (has(u"importer") && others.isEmpty())
+        return u"« --importer » demande au moins une année."_s;
+    if (has(u"remplacer") && !has(u"importer"))
+        return u"« --remplacer » va avec « --importer »."_s;
+    if (!others.isEmpty() && !has(u"importer"))
         return u"argument inattendu : « %1 »."_s.arg(others.constFirst());
     return {};
 }
@@ -109,7 +118,19 @@ std::optional<int> CommandLine::run() const
         return say((u"Circuidex "_s + QCoreApplication::applicationVersion() + u'\n').toUtf8());
     if (has(u"liste"))
         return say(listOfScreens());
+    if (has(u"importer"))
+        return imported();
     return std::nullopt;
+}
+
+int CommandLine::imported() const
+{
+    ImportOrder order{value(u"importer").toStdString(), {}, has(u"remplacer")};
+    for (const QString &year : m_parser.positionalArguments())
+        order.years.push_back(year.toStdString());
+    const auto line = [](const std::string &text) { say(QByteArray::fromStdString(text) + '\n'); };
+    const std::string failure = importSeasons(folder(), userNumbers(), order, line);
+    return failure.empty() ? exits::done : tell(QString::fromStdString(failure), exits::failed);
 }
 
 QString CommandLine::missingFolder() const

@@ -4,6 +4,7 @@
 #include "online/update_notice.h"
 #include "platform/file_lookup.h"
 #include "platform/qt_pictures.h"
+#include "publicdata/swap_in.h"
 #include "results/simulation.h"
 #include "store/history.h"
 
@@ -51,6 +52,8 @@ Program::~Program() = default;
 
 void Program::start(const QString &first)
 {
+    if (!m_store.readOnly())
+        publicdata::finishImport(m_store.folder()); // of a run that was killed
     m_store.keepHistory();
     for (const std::string &stem : {m_store.yearMarker(), std::string("ARCHIVES"), std::string("galerie")})
         m_store.LireINI(stem, {}, {}); // a damaged one is asked about before the first screen writes to it

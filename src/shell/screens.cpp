@@ -66,9 +66,13 @@ void Screens::close(const QString &name)
 void Screens::closeAllBut(const QStringList &kept)
 {
     m_ending = true;
-    for (const QString &name : openNames())
-        if (!kept.contains(name))
-            close(name);
+    const auto other = [&](const Screen *screen) { return !kept.contains(screen->name()); };
+    for (;;) {
+        const auto last = std::find_if(m_open.rbegin(), m_open.rend(), other);
+        if (last == m_open.rend())
+            break;
+        (*last)->close(); // takes itself out of the list
+    }
     m_ending = false;
 }
 

@@ -270,17 +270,29 @@ std::vector<Step> History::push(Step step)
     return dropped;
 }
 
+// The disk isn't waited for. The index that it surely has is held on to until settle(), as that of a data file is.
 bool History::writeIndex()
 {
+    const std::string file = path(indexFile);
     disk::Stamp after;
-    m_indexWaits = !disk::replace(path(indexFile), history::written(m_index), false, after);
+    if (!m_indexHeld)
+        m_indexHeld = disk::keepOld(file);
+    m_indexWaits = !disk::replace(file, history::written(m_index), m_indexHeld, after);
     return !m_indexWaits;
+}
+
+void History::settle()
+{
+    if (m_indexHeld && disk::syncFile(path(indexFile)) && disk::syncFolder(path({}))) {
+        disk::dropOld(path(indexFile));
+        m_indexHeld = false;
+    }
 }
 
 void History::readIndex()
 {
     std::string bytes;
-    if (disk::read(path(indexFile), bytes).kind == disk::Kind::missing)
+    if (disk::repairAndRead(path(indexFile), bytes).kind == disk::Kind::missing)
         return;
     if (auto index = history::parsed(bytes)) {
         m_index = *std::move(index);
@@ -446,7 +458,9 @@ bool History::turned(unsigned id, Turn way)
     for (const std::string &folder : folders)
         disk::syncFolder(folder);
     m_index.turning = 0;
-    return writeIndex() && disk::syncFile(path(indexFile)) && disk::syncFolder(path({}));
+    const bool written = writeIndex();
+    settle();
+    return written;
 }
 
 std::string History::hindrance(Turn way) const

@@ -94,6 +94,7 @@ private:
     bool closeNamed(Burst &burst);
     std::vector<history::Step> push(history::Step step);
     bool writeIndex();
+    void settle();
     void readIndex();
     void removeOrphans() const;
     std::string hindrance(Turn way) const; // the sentence of refusal; empty when nothing stands in the way
@@ -114,6 +115,7 @@ private:
     int m_depth = 0; // Actions under way, one within the other
     bool m_open = false;
     bool m_indexWaits = false; // the one on the disk is older
+    bool m_indexHeld = false; // what the disk surely has of it is held on to
 };
 
 }

@@ -109,6 +109,7 @@ Store::Store(std::filesystem::path folder, Numbers numbers)
 Store::~Store()
 {
     settle();
+    m_history->settle();
 }
 
 Store::Entry *Store::entry(std::string_view stem) const

@@ -107,7 +107,11 @@ void Form1::registerHidden()
     hidden(u"Image6"_s).onHover = [this] { unpoint(); };
 
     using Kind = TimerControl::Kind;
-    m_records = &timer(u"Timerrecords"_s, 0, Kind::once, [this] { sortRecords(); });
+    m_records = &timer(u"Timerrecords"_s, 0, Kind::once, [this] {
+        sortTimeLists();
+        context.screens.close(u"Form32"_s);
+        context.screens.close(u"Form4"_s);
+    });
     m_newSeason = &timer(u"Timer55"_s, 0, Kind::once, [this] { clearNewSeason(); });
     m_lap = &timer(u"Timerlap"_s, 0, Kind::once, [this] { showCircuitLarge(); });
     m_img = &timer(u"Timerimg"_s, 0, Kind::once, [this] { showLarge(m_main.Image2); });
@@ -183,25 +187,24 @@ void Form1::afterResult()
     showPodium();
     context.screens.close(u"Form32"_s);
     m_sorting = std::make_unique<Action>(context.store, std::string_view());
+    m_records->tag = u"à trier"_s;
     m_records->start(10);
     showEntry();
 }
 
-void Form1::sortRecords()
+void Form1::sortTimeLists()
 {
+    m_records->tag.clear();
     statistics::sortAllTimeLists(context.store);
     m_sorting.reset();
-    context.screens.close(u"Form32"_s);
-    context.screens.close(u"Form4"_s);
 }
 
 // What a timer would still do after an action would come behind its undo.
 void Form1::finishActions()
 {
-    if (m_sorting) {
+    if (!m_records->tag.isEmpty()) {
         m_records->stop();
-        statistics::sortAllTimeLists(context.store);
-        m_sorting.reset();
+        sortTimeLists();
     }
     if (!m_newSeason->tag.isEmpty())
         clearNewSeason();
@@ -335,7 +338,7 @@ void Form1::registerShortcuts()
         {Qt::CTRL | Qt::Key_E, u"Command26"_s, u"Enregistrer un Grand-Prix, nom par nom"_s},
         {Qt::CTRL | Qt::Key_S, u"Label43"_s, u"Enregistrer les modifications du Grand Prix affiché"_s},
         {Qt::CTRL | Qt::Key_G, u"Command30"_s, u"Grille de départ du Grand Prix affiché"_s},
-        {Qt::CTRL | Qt::Key_H, u"historique"_s, u"Historique : annuler et rétablir"_s},
+        {Qt::CTRL | Qt::Key_H, u"historique"_s, u"Historique des actions"_s},
     };
     for (const auto &[keys, control, does] : presses)
         shortcut(
@@ -345,6 +348,7 @@ void Form1::registerShortcuts()
                     press(control);
             },
             does);
+    tellKey(u"Ctrl+Z, Maj+Ctrl+Z"_s, u"Annuler, rétablir la dernière action (sur tous les écrans)"_s);
     tellKey(u"Flèche gauche, flèche droite"_s, u"Grand Prix précédent, suivant (hors des champs)"_s);
 }
 

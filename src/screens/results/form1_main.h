@@ -72,10 +72,10 @@ private:
     void gpTyped(const std::string &text);
     void start();
     void adapt();
+    void sortTimeLists();
     void leave();
     void clearTotalsSoon(const QString &season);
     void clearNewSeason();
-    void sortRecords();
     void finishActions();
 
     results::MainRecord &m_main;
@@ -85,8 +85,8 @@ private:
     WarningLine *m_warning = nullptr;
     Label *m_left = nullptr, *m_forget = nullptr;
     std::string m_recordedGp, m_recordedSeason; // of which the status line speaks
-    QWidget *m_display = nullptr; // the card about the display's mode, shown where there is room for it
     std::unique_ptr<Action> m_sorting, m_clearing; // parts of an action that a timer brings to its end
+    QWidget *m_display = nullptr; // the card about the display's mode, shown where there is room for it
     TimerControl *m_entered = nullptr, *m_newSeason = nullptr, *m_records = nullptr, *m_lap = nullptr, *m_img = nullptr,
                  *m_vid = nullptr;
 };
