@@ -76,7 +76,8 @@ QWidget *BarColumns::question()
     const bool team = m_kind.counted == Counted::team;
     auto *row = new QHBoxLayout;
     row->setSpacing(6);
-    box(*row, team ? u"Ecurie:"_s : u"Pilote:"_s, m_kind.subject, m_subject, 0, [this] { draw(); });
+    auto *subject = box(*row, team ? u"Ecurie:"_s : u"Pilote:"_s, m_kind.subject, m_subject, 0, [this] { draw(); });
+    m_known.offerSubjects(subject, team);
     row->addWidget(list(u"Command4"_s, [this] {
         openPicker(context.screens, m_kind.counted == Counted::team ? PickList::teams : PickList::drivers, m_kind.word,
                    qt(m_year.text()));

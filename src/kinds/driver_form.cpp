@@ -9,7 +9,7 @@ namespace circuidex {
 
 DriverScreenBase::DriverScreenBase(Context &theContext, const QString &name, const QString &title,
                                    results::DriverBoxes &boxes)
-    : Screen(theContext, name, title), m_main(theContext.main), m_boxes(boxes)
+    : EntryScreen(theContext, name, title), m_main(theContext.main), m_boxes(boxes)
 {
 }
 
@@ -19,6 +19,7 @@ Edit *DriverScreenBase::numberBox(int width)
     made->setFixedWidth(width);
     made->setAlignment(Qt::AlignRight);
     bind(made, m_boxes.nopilot);
+    listen(m_boxes.nopilot, [this](const std::string &) { showUnsaved(); });
     return made;
 }
 
@@ -26,8 +27,14 @@ Edit *DriverScreenBase::box(const QString &control)
 {
     auto *made = add(control, new Edit);
     for (std::size_t i = 0; i < results::driverFields.size(); ++i)
-        if (qt(results::driverFields[i].control) == control)
+        if (qt(results::driverFields[i].control) == control) {
             bind(made, m_boxes.boxes[i]);
+            listen(m_boxes.boxes[i], [this](const std::string &) { showUnsaved(); });
+        }
+    if (control == u"Text1")
+        m_known.offerDrivers(made);
+    else if (control == u"Text8")
+        m_known.offerTeams(made);
     return made;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 // The kind of all screens that answer a question: at the top the boxes that ask it, with arrows that step through the
 // possible ones, below the answer. Enter in a box asks.
+#include "kinds/name_entry.h"
 #include "shell/screen.h"
 
 class QBoxLayout;
@@ -32,6 +33,8 @@ protected:
     void layOut(QWidget *question, QWidget *answer, QLayout *foot); // the whole screen
 
     Button *arrow(const QString &sign, Arrow made);
+
+    const NameEntry m_known{context.main};
 };
 
 }

@@ -1,12 +1,13 @@
 #pragma once
-// The captions of the places: "1er", "2nd", "3ème" and on to "26ème".
+// The captions of the places, as the screens show them.
+#include "results/place_words.h"
 #include "shell/text.h"
 
 namespace circuidex {
 
 inline QString placeName(int place)
 {
-    return place == 1 ? u"1er"_s : place == 2 ? u"2nd"_s : u"%1ème"_s.arg(place);
+    return qt(results::placeWord(place));
 }
 
 }

@@ -60,7 +60,7 @@ QLayout *SeasonsChart::subject()
     auto *row = new QHBoxLayout;
     row->setSpacing(6);
     row->addWidget(styled(m_row.ofTeam() ? u"Ecurie:"_s : u"Pilote:"_s, "hint"));
-    row->addWidget(box(u"nompilote"_s, m_chart.subjects[0], 200));
+    row->addWidget(m_known.offerSubjects(box(u"nompilote"_s, m_chart.subjects[0], 200), m_row.ofTeam()));
     row->addWidget(button(u"Command4"_s, u"Liste"_s, [this] {
         openPicker(context.screens, m_row.ofTeam() ? PickList::teams : PickList::drivers, qt(m_row.word));
     }));

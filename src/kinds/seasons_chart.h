@@ -2,6 +2,7 @@
 // The screen of a line chart that compares one driver or team over four seasons, a line each: whom and from which year
 // back, the key to the seasons, and for a team who drove for it. Each such chart is a row of data.
 #include "kinds/chart_screen.h"
+#include "kinds/name_entry.h"
 #include "kinds/picker.h"
 #include "kinds/season_key.h"
 
@@ -34,6 +35,7 @@ private:
     QLayout *heads();
 
     const SeasonsChartRow &m_row;
+    const NameEntry m_known{context.main};
     Field m_year; // an
     std::optional<SeasonKey> m_key;
 };

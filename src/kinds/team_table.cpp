@@ -44,7 +44,7 @@ QWidget *TeamTable::question()
 {
     auto *asked = new QHBoxLayout;
     asked->setSpacing(6);
-    box(*asked, u"Ecurie:"_s, u"Text1"_s, m_team, 220, [this] { ask(); });
+    m_known.offerTeams(box(*asked, u"Ecurie:"_s, u"Text1"_s, m_team, 220, [this] { ask(); }));
     asked->addWidget(
         list(u"Command1"_s, [this] { openPicker(context.screens, PickList::teams, m_kind.word, qt(m_year.text())); }));
     asked->addSpacing(16);

@@ -9,6 +9,28 @@ namespace circuidex::results {
 
 namespace {
 
+constexpr std::string_view addressBegun = "http://";
+
+bool isTyped(std::string_view prefix)
+{
+    return prefix != "path" && prefix != "pi";
+}
+
+Texts typedTexts(const DriverBoxes &boxes)
+{
+    Texts texts;
+    for (std::size_t i = 0; i < driverFields.size(); ++i)
+        if (const std::string &text = boxes.boxes[i].text(); isTyped(driverFields[i].prefix))
+            texts.push_back(text == addressBegun ? std::string() : text);
+    return texts;
+}
+
+LeftEntry asShown(const MainRecord &main, const DriverBoxes &boxes, DriverScreen screen)
+{
+    const std::string name = screen == DriverScreen::newDriver ? "Form2" : "Form3";
+    return {name, main.an.text(), boxes.nopilot.text(), typedTexts(boxes)};
+}
+
 std::string actionOnDriver(const MainRecord &main, const std::string &what, DriverBoxes &boxes)
 {
     return what + " " + ofName(boxes.box("nom").text()) + " " + main.an.text();
@@ -19,7 +41,9 @@ std::string actionOnDriver(const MainRecord &main, const std::string &what, Driv
 void showDriver(MainRecord &main, DriverBoxes &boxes, DriverScreen screen)
 {
     const DriverRecord record = readDriver(main.season(), boxes.nopilot.text());
+    leaveDriver(main, boxes);
     boxes.show(record);
+    boxes.entry.loaded(asShown(main, boxes, screen));
     main.said.set("");
     const DriverPictures pictures =
         driverPictures(main, record, screen == DriverScreen::profile ? PicturesOf::profile : PicturesOf::choice);
@@ -39,6 +63,7 @@ bool storeShownDriver(MainRecord &main, DriverBoxes &boxes, DriverScreen screen)
     const bool fresh = screen == DriverScreen::newDriver;
     const Action undoable(main.store, actionOnDriver(main, fresh ? "inscription" : "profil", boxes));
     storeDriver(main.writableSeason(), boxes.nopilot.text(), whole, screen);
+    boxes.entry.stored(asShown(main, boxes, screen), main.left);
     showNamesAnew(main);
     main.said.set("Pilote n° " + boxes.nopilot.text() + " enregistré : " + boxes.box("nom").text());
     return true;
@@ -60,7 +85,7 @@ void readProfile(MainRecord &main)
     DriverProfile &profile = main.profile;
     showDriver(main, profile, DriverScreen::profile);
     if (profile.box("sitweb").empty())
-        profile.box("sitweb").set("http://");
+        profile.box("sitweb").set(std::string(addressBegun));
     const std::string &team = profile.box("ecurie").text();
     profile.lblecuriE.set(main.season().read(keys::N, keys::lblecuriE(team)));
     profile.ecuriE.set(teamPicture(main, team));
@@ -78,6 +103,29 @@ void chooseTeamPicture(MainRecord &main)
     main.writableSeason().write(keys::N, keys::lblecuriE(team.name), *chosen);
     main.profile.lblecuriE.set(*chosen);
     main.profile.ecuriE.set(main.surroundings.findPicture(*chosen));
+}
+
+void awaitDriver(const MainRecord &main, DriverBoxes &boxes)
+{
+    boxes.entry.loaded(asShown(main, boxes, DriverScreen::newDriver));
+}
+
+bool unsavedDriver(const DriverBoxes &boxes)
+{
+    return boxes.entry.unsaved(typedTexts(boxes));
+}
+
+void leaveDriver(MainRecord &main, DriverBoxes &boxes)
+{
+    boxes.entry.leave(typedTexts(boxes), main.left);
+}
+
+void resumeDriver(DriverBoxes &boxes, const LeftEntry &left)
+{
+    auto text = left.texts.begin();
+    for (std::size_t i = 0; i < driverFields.size(); ++i)
+        if (isTyped(driverFields[i].prefix) && text != left.texts.end())
+            boxes.boxes[i].set(*text++);
 }
 
 void emptyProfile(DriverProfile &profile)

@@ -22,6 +22,15 @@ void chooseTeamPicture(MainRecord &main);
 void emptyProfile(DriverProfile &profile);
 void storeProfile(MainRecord &main); // a career without a count is in its first season
 
+// The boxes of a new driver, still empty, wait for what is typed.
+void awaitDriver(const MainRecord &main, DriverBoxes &boxes);
+
+// What was typed and isn't stored, the pictures apart, which are stored at once. Another driver, or a closing screen,
+// leaves it; taken up, it stands in the boxes again, its driver and his season on show.
+bool unsavedDriver(const DriverBoxes &boxes);
+void leaveDriver(MainRecord &main, DriverBoxes &boxes);
+void resumeDriver(DriverBoxes &boxes, const LeftEntry &left); // the driver is on show already
+
 // The seasons on show, under the name on show.
 void keepSeasons(MainRecord &main);
 

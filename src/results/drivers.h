@@ -2,6 +2,7 @@
 // The record of a driver within a season: which box of the driver screens stands for which key, what an empty box becomes
 // when the driver is stored. Team totals are never touched from here: points won stay with
 // the team they were won for.
+#include "results/left_entry.h"
 #include "store/field.h"
 #include "store/season.h"
 
@@ -52,6 +53,7 @@ struct DriverBoxes {
     Field nopilot;
     std::array<Field, driverFields.size()> boxes; // in the order of driverFields
     Field picture1, Image1;                       // the files on show; empty: blank
+    TypedEntry entry;                             // what of it isn't stored
 
     Field &box(std::string_view prefix) { return boxes[driverField(prefix)]; }
     DriverRecord record() const;

@@ -40,6 +40,8 @@ public:
     Field film;            // "vrai" while the video button is green: a film of this Grand Prix is at hand
     ByPlace<Field, classifiedPlaces> ptspilot; // the scale in use
     DriverProfile profile;
+    TypedEntry entry; // what of the race on show isn't stored
+    LeftEntries left; // what was typed on any screen and left unstored
     Field pol, vic, pts, lblrec; // candidates for the record lists: poles, wins and points, and the pole-sitter's name
 
     // The editor of the scale, while it is open: gives up its boxes as they stand and closes.

@@ -2,6 +2,7 @@
 
 #include "results/media_of_grand_prix.h"
 #include "results/pictures.h"
+#include "results/race_entry.h"
 #include "store/names.h"
 
 #include <algorithm>
@@ -38,6 +39,7 @@ void show(MainRecord &main)
     const Season season = main.season();
     showResult(main, season);
     main.dat.set(season.read(keys::gp, keys::dategp(main.gp.text())));
+    raceLoaded(main);
     showPictures(main);
     showFilm(main);
 }
@@ -104,9 +106,13 @@ void showCalendarAnew(MainRecord &main, const std::string &nameBefore)
     const Season season = main.season();
     const std::string gpName = season.read(keys::gp, keys::namegp(main.Label40.text()));
     if (gpName != nameBefore)
-        showSlot(main);
-    else if (!gpName.empty())
-        main.dat.set(season.read(keys::gp, keys::dategp(gpName)));
+        return showSlot(main);
+    if (gpName.empty())
+        return;
+    const bool typed = unsavedRace(main);
+    main.dat.set(season.read(keys::gp, keys::dategp(gpName)));
+    if (!typed)
+        raceLoaded(main);
 }
 
 void showNamesAnew(MainRecord &main)

@@ -1,5 +1,6 @@
 #include "results/recording.h"
 
+#include "results/race_entry.h"
 #include "store/archive.h"
 #include "store/history.h"
 
@@ -84,6 +85,7 @@ void enterResult(MainRecord &main)
     countPole(main, season, Count::add);
     storePole(season, main.gp.text(), main.Text39.text());
     countDrivers(main, season, scale, Count::add);
+    raceStored(main);
 }
 
 void proposeRecords(MainRecord &main)

@@ -1,6 +1,7 @@
 #include "results/undo.h"
 
 #include "results/navigation.h"
+#include "results/race_entry.h"
 #include "results/simulation.h"
 #include "store/history.h"
 
@@ -41,8 +42,10 @@ bool turnHistory(MainRecord &main, Turn turn)
     const std::string name = back ? main.store.history().undoable() : main.store.history().redoable();
     const bool inCalendar = main.gp.text() == main.season().read(keys::gp, keys::namegp(main.Label40.text()));
     const bool wasStored = isStored(main);
-    if (refusal.empty())
+    if (refusal.empty()) {
+        leaveRace(main); // as the file holds it until now
         refusal = back ? main.store.undo() : main.store.redo();
+    }
     if (refusal.empty())
         showAnew(main, inCalendar, wasStored);
     main.said.set(!refusal.empty() ? refusal : (back ? "Annulé : " : "Rétabli : ") + name);

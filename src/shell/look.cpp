@@ -133,11 +133,27 @@ QPushButton:disabled { color:#A0A7B2; background:#F7F8FA; }
 QPushButton[main="true"] { background:FILL; color:#FFFFFF; border:1px solid EDGE; font-weight:bold; }
 QPushButton[main="true"]:hover { background:EDGE; }
 QPushButton[main="true"]:disabled { background:#E3E6EB; color:#8A92A0; border:1px solid #D9DDE3; }
+QPushButton[small="true"] { padding:1px 6px; min-height:18px; }
 QPushButton[quietly="true"] { text-align:left; padding:2px 10px; }
 QPushButton[name="true"] { text-align:left; padding:2px 8px; }
 QPushButton[edge="true"] { border:0; border-left:1px solid #D9DDB8; border-radius:0; padding:0; font-weight:bold;
     color:#3D4755; background:#F3F6D3; }
 QPushButton[edge="true"]:hover { background:#C0C0FF; }
+#proposals { background:#FFFFFF; border:1px solid MAIN; border-radius:3px; outline:0; padding:0; }
+#proposals::item { min-height:22px; padding:0; border:0; color:#1F2733; }
+#proposals::item:hover { background:#EEF1F5; }
+#proposals::item:selected { background:#C0C0FF; color:#1F2733; }
+#spelling { color:#3D4755; background:#FFFFFF; padding:0 2px; border-bottom:1px dotted #3D4755; }
+#spelling:hover { background:#C0C0FF; }
+#days { background:#FFFFFF; border:1px solid MAIN; }
+QCalendarWidget QWidget#qt_calendar_navigationbar { background:#F4F5F7; }
+QCalendarWidget QToolButton { color:#1F2733; background:transparent; border:0; padding:2px 8px; font-weight:bold; }
+QCalendarWidget QToolButton:hover { background:#E2E6EC; border-radius:3px; }
+QCalendarWidget QToolButton:disabled { color:#1F2733; }
+QCalendarWidget QToolButton::menu-indicator { image:none; }
+QCalendarWidget QAbstractItemView { border:0; selection-background-color:#C0C0FF; selection-color:#1F2733; outline:0; }
+QCalendarWidget QAbstractItemView:disabled { color:#BCC0C7; }
+#warning { color:#8A4B00; font-size:12px; }
 #menu { background:#FBFEE2; }
 #menurule { background:#DDE1BD; margin:0 8px; }
 QLabel[menu="entry"] { padding:0 10px; color:#1F2733; }

@@ -33,6 +33,7 @@ inline const QColor pointed{255, 0, 0};         // a command label under the poi
 inline const QColor unpointed{0, 0, 0};
 inline const QColor plain{255, 255, 255};       // of a cell that says nothing
 inline const QColor atHand{0, 255, 0};          // a film of this Grand Prix is at hand
+inline const QColor unsaved{0xF0, 0x8C, 0x00};   // the dot on what stores an entry
 inline const QColor onBar{255, 255, 255};       // text on the bars of ranked tables
 inline const QColor average{0, 0, 0};           // of a highlighted line
 inline const QColor pairBars[]{{255, 0, 0}, {0, 255, 0}, {0, 0, 255}, {255, 255, 0}}; // of two and two subjects

@@ -127,7 +127,7 @@ int keyNamed(const QString &name)
         {u"Enter", Qt::Key_Return},   {u"Return", Qt::Key_Return}, {u"Escape", Qt::Key_Escape}, {u"Tab", Qt::Key_Tab},
         {u"Space", Qt::Key_Space},    {u"Left", Qt::Key_Left},     {u"Right", Qt::Key_Right},   {u"Up", Qt::Key_Up},
         {u"Down", Qt::Key_Down},      {u"PageUp", Qt::Key_PageUp}, {u"PageDown", Qt::Key_PageDown},
-        {u"Home", Qt::Key_Home},      {u"End", Qt::Key_End},       {u"Delete", Qt::Key_Delete},
+        {u"Home", Qt::Key_Home},      {u"End", Qt::Key_End},       {u"Delete", Qt::Key_Delete},   {u"Insert", Qt::Key_Insert},
         {u"Backspace", Qt::Key_Backspace}, {u"F1", Qt::Key_F1}};
     for (const auto &[text, key] : keys)
         if (name == QStringView(text))
@@ -306,6 +306,7 @@ void sendKey(QWidget &widget, const QString &name)
     held.setFlag(Qt::ControlModifier, name.startsWith(QLatin1String("Ctrl+")));
     held.setFlag(Qt::AltModifier, name.startsWith(QLatin1String("Alt+")));
     held.setFlag(Qt::ShiftModifier, name.contains(QLatin1String("Shift+")));
+    held.setFlag(Qt::AltModifier, name.startsWith(QLatin1String("Alt+")));
     const QKeyCombination pressed(held, key);
     if (QShortcut *meant = shortcutOf(widget, pressed)) {
         emit meant->activated();

@@ -142,8 +142,9 @@ QWidget *Comparator::question()
     row->setSpacing(6);
     for (int number = 1; const Subject &subject : subjects) {
         row->addSpacing(number > 1 ? look::gap : 0);
-        box(*row, u"%1 N°%2:"_s.arg(m_kind.subject).arg(number), subject.name,
-            m_names[static_cast<std::size_t>(number - 1)], 0, [this] { ask(); });
+        auto *name = box(*row, u"%1 N°%2:"_s.arg(m_kind.subject).arg(number), subject.name,
+                         m_names[static_cast<std::size_t>(number - 1)], 0, [this] { ask(); });
+        m_known.offerSubjects(name, !m_kind.drivers);
         auto *list = button(subject.list, u"Liste"_s, [this, number] {
             openPicker(context.screens, m_kind.list, m_kind.words.arg(number), qt(m_year.text()));
         });

@@ -105,7 +105,7 @@ QWidget *PlaceBars::question()
 {
     auto *row = new QHBoxLayout;
     row->setSpacing(6);
-    auto *driver = box(*row, u"Nom du Pilote:"_s, u"Text5"_s, m_driver, 0, [this] { draw(); });
+    auto *driver = m_known.offerDrivers(box(*row, u"Nom du Pilote:"_s, u"Text5"_s, m_driver, 0, [this] { draw(); }));
     arrows(*row, driver, {u"Command2"_s, u"Pilote précédent"_s, Qt::Key_PageUp, [this] { step(-1, 1); }},
            {u"Command3"_s, u"Pilote suivant"_s, Qt::Key_PageDown, [this] { step(1, driverSlots); }});
     row->addWidget(list(u"Command4"_s, [this] { openPicker(context.screens, PickList::drivers, m_kind.word); }));

@@ -57,9 +57,9 @@ QWidget *FieldBetweenSeasons::question()
 {
     auto *row = new QHBoxLayout;
     row->setSpacing(6);
-    box(*row, u"Grand Prix:"_s, u"Text1"_s, m_gp, 0, [this] {
+    m_known.offerGrandsPrix(box(*row, u"Grand Prix:"_s, u"Text1"_s, m_gp, 0, [this] {
         askNamed();
-    })->setToolTip(u"Tapez le nom d'un Grand Prix de la saison, puis Entrée"_s);
+    }))->setToolTip(u"Tapez le nom d'un Grand Prix de la saison, puis Entrée"_s);
     row->addWidget(list(u"Command6"_s, [this] { openPicker(context.screens, PickList::grandsPrix, m_kind.word); }));
     row->addSpacing(16);
     auto *number = box(*row, u"Epreuve N°:"_s, u"Text2"_s, m_races, 44, [this] { ask(); });

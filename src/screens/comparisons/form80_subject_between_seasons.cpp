@@ -51,7 +51,8 @@ QWidget *SubjectBetweenSeasons::question()
 {
     auto *row = new QHBoxLayout;
     row->setSpacing(6);
-    box(*row, ofTeam() ? u"Ecurie:"_s : u"Pilote:"_s, u"Text1"_s, m_subject, 240, [this] { ask(); });
+    auto *subject = box(*row, ofTeam() ? u"Ecurie:"_s : u"Pilote:"_s, u"Text1"_s, m_subject, 240, [this] { ask(); });
+    m_known.offerSubjects(subject, ofTeam());
     row->addWidget(list(u"Command4"_s, [this] {
         openPicker(context.screens, ofTeam() ? PickList::teams : PickList::drivers, m_kind.word, qt(m_season.text()));
     }));

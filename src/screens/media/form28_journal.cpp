@@ -1,5 +1,6 @@
 // Form28, the journal: numbered articles of a title and a free text. What is typed goes to a draft beside the article
 // half a second later, so that a crash loses no more than that, and is asked about before another article comes.
+#include "kinds/entry_screen.h"
 #include "media/journal.h"
 #include "results/main_record.h"
 #include "shell/look.h"
@@ -14,12 +15,14 @@ namespace {
 
 constexpr int draftDelay = 500; // ms
 
-class Form28 : public Screen {
+class Form28 : public EntryScreen {
 public:
     Form28(Context &context, const QString &name, const QString &title);
     void print(Printing how) override; // the article's text
+    void resume(const results::LeftEntry &left) override;
 
 protected:
+    bool unsaved() const override { return changed(); }
     void closing() override;
     void resizeEvent(QResizeEvent *event) override;
 
@@ -36,6 +39,7 @@ private:
     void empty();
     void step(const std::string &number);
     void printable();
+    results::LeftEntry onShow() const { return {"Form28", {}, m_number, {}}; }
     media::Article typed() const;
     bool changed() const { return typed() != m_saved; }
     std::string number() const { return m_page->text().toStdString(); }
@@ -48,13 +52,14 @@ private:
     media::Article m_saved; // as it was shown: nothing was typed since then, as long as the boxes hold the same
 };
 
-Form28::Form28(Context &theContext, const QString &name, const QString &title) : Screen(theContext, name, title)
+Form28::Form28(Context &theContext, const QString &name, const QString &title) : EntryScreen(theContext, name, title)
 {
     m_draft = &timer(u"Timerbrouillon"_s, 0, TimerControl::Kind::once, [this] { keepDraft(); });
     layOut();
     m_page->setText(qt(media::articleLastOpen(context.store)));
     connect(m_page, &QLineEdit::textChanged, this, [this] { open(); });
     const auto typing = [this] {
+        showUnsaved();
         if (!m_draft->pending())
             m_draft->start(draftDelay);
     };
@@ -139,6 +144,7 @@ QBoxLayout *Form28::foot()
     auto *keep = button(u"Command1"_s, u"Enregistrer"_s, [this] { save(); });
     keep->makeMain();
     keep->setToolTip(u"Enregistrer cet article (Ctrl+S)"_s);
+    savedBy(keep);
     row->addWidget(keep);
     return row;
 }
@@ -158,7 +164,15 @@ void Form28::open()
         stored.title = media::titlePrompt(m_number);
     show(stored);
     m_saved = typed();
+    showUnsaved();
     offerDraft();
+}
+
+// Its draft is what was typed; it was shown when the journal opened on that article.
+void Form28::resume(const results::LeftEntry &left)
+{
+    if (m_number != left.subject)
+        m_page->setText(qt(left.subject));
 }
 
 void Form28::show(const media::Article &article)
@@ -182,9 +196,12 @@ bool Form28::leave()
 void Form28::offerDraft()
 {
     const auto draft = media::draft(context.store, m_number);
+    const results::LeftEntry *resuming = context.main.left.resuming;
+    context.main.left.forget(onShow());
     if (!draft || *draft == m_saved)
         return media::dropDraft(context.store, m_number);
-    if (!context.dialogs.question("Un texte de l'article N°" + m_number +
+    const bool asked = resuming && resuming->sameThing(onShow());
+    if (!asked && !context.dialogs.question("Un texte de l'article N°" + m_number +
                                   " n'avait pas été enregistré.\n\nLe reprendre ? Non l'efface."))
         return media::dropDraft(context.store, m_number);
     show(*draft);
@@ -209,6 +226,7 @@ bool Form28::save()
         return false;
     }
     m_saved = typed();
+    showUnsaved();
     const std::string title = media::titleAsRead(m_saved.title);
     m_said.set(title == m_saved.title ? "Article N°" + m_number + " enregistré"
                                       : "Enregistré ; le titre s'arrête à la virgule ou au guillemet");
@@ -253,6 +271,8 @@ media::Article Form28::typed() const
 void Form28::closing()
 {
     keepDraft();
+    if (changed())
+        context.main.left.note(onShow());
     media::keepLastOpen(context.store, number());
     context.screens.close(u"Form65"_s);
     context.screens.bringMainBack();

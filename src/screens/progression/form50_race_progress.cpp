@@ -62,7 +62,7 @@ QWidget *Form50::question()
 {
     auto *row = new QHBoxLayout;
     row->setSpacing(6);
-    auto *gp = box(*row, u"Grand Prix:"_s, u"Text5"_s, m_gp, 0, [this] { ask(); });
+    auto *gp = m_known.offerGrandsPrix(box(*row, u"Grand Prix:"_s, u"Text5"_s, m_gp, 0, [this] { ask(); }));
     row->addWidget(
         list(u"Command2"_s, [this] { openPicker(context.screens, PickList::grandsPrix, u"progresscourse"_s); }));
     row->addSpacing(8);

@@ -177,12 +177,9 @@ QWidget *Form1::selectionCard()
 {
     auto *grid = new QGridLayout;
     grid->setVerticalSpacing(6);
-    const auto arrow = [this](const QString &name, const QString &caption, void (*go)(results::MainRecord &),
+    const auto arrow = [this](const QString &name, const QString &caption, void (*where)(results::MainRecord &),
                               const QString &tip) {
-        auto *made = button(name, caption, [this, go] {
-            const Waiting waiting(*this);
-            go(m_main);
-        });
+        auto *made = button(name, caption, [this, where] { go(where); });
         made->setToolTip(tip);
         made->setFixedWidth(34);
         return made;
@@ -199,7 +196,8 @@ QWidget *Form1::selectionCard()
     auto *an = edit(u"an"_s, m_main.an, 70, u"Saison ; Entrée l'ouvre"_s);
     an->setAlignment(Qt::AlignCenter);
     connect(gp, &QLineEdit::returnPressed, this, [this] { press(u"Command17"_s); });
-    connect(an, &QLineEdit::returnPressed, this, [this] { results::showSeason(m_main); });
+    connect(an, &QLineEdit::returnPressed, this, [this] { go(results::showSeason); });
+    m_known.offerGrandsPrix(gp);
     auto *dat = edit(u"dat"_s, m_main.dat, 70, u"Date a laquelle se déroule le Grand-Prix"_s);
     dat->setAlignment(Qt::AlignCenter);
 
@@ -243,12 +241,9 @@ QLayout *Form1::selectionCommands()
 {
     auto *commands = new QHBoxLayout;
     auto *open =
-        pointedCommand(u"Label12"_s, u"Ouvrir le GP"_s, [this] { results::showGrandPrix(m_main); });
+        pointedCommand(u"Label12"_s, u"Ouvrir le GP"_s, [this] { go(results::showGrandPrix); });
     open->setToolTip(u"Affiche le Grand Prix nommé ci-dessus (F5)"_s);
-    auto *fresh = pointedCommand(u"Label36"_s, u"Nouveau GP"_s, [this] {
-        const Waiting waiting(*this);
-        results::goToFirstFreeSlot(m_main);
-    });
+    auto *fresh = pointedCommand(u"Label36"_s, u"Nouveau GP"_s, [this] { go(results::goToFirstFreeSlot); });
     fresh->setToolTip(u"Va au premier Grand Prix à enregistrer (Ctrl+N)"_s);
     commands->addWidget(open, 0, Qt::AlignVCenter);
     commands->addWidget(fresh, 0, Qt::AlignVCenter);
@@ -267,7 +262,7 @@ QWidget *Form1::resultCard()
         grid->addWidget(styled(place, "place"), at, 0);
         Edit *numberBox = edit(number, numberField, 44, numberTip);
         numberBox->setAlignment(Qt::AlignRight);
-        Edit *nameBox = edit(name, nameField, 0, nameTip);
+        Edit *nameBox = m_known.offerDriversOfSeason(edit(name, nameField, 0, nameTip));
         grid->addWidget(numberBox, at, 1);
         grid->addWidget(nameBox, at, 2);
         for (Edit *box : {numberBox, nameBox})
@@ -299,6 +294,8 @@ QWidget *Form1::resultCard()
             shown->setText(u"Label11"_s, qt(m_main.gp.text()));
     });
     grid->addWidget(podium, classifiedPlaces + 1, 1, 1, 2, Qt::AlignLeft);
+    m_warning = add(u"avertissement"_s, new WarningLine);
+    grid->addWidget(m_warning, classifiedPlaces + 2, 0, 1, 3);
     grid->setColumnMinimumWidth(0, 86);
     grid->setColumnStretch(2, 1);
     return card(u"Classement du Grand Prix:"_s, grid);
@@ -315,7 +312,7 @@ QWidget *Form1::remarkCard()
     status->setObjectName(u"status"_s);
     bind(status, m_main.Label11);
     layout->addWidget(status);
-    layout->addWidget(quietLine(m_main.said));
+    layout->addLayout(quietRow());
     auto *lost = new Label;
     lost->setObjectName(u"lost"_s);
     lost->setWordWrap(true);
@@ -324,6 +321,21 @@ QWidget *Form1::remarkCard()
     listen(m_main.writesLost, [lost](const std::string &said) { lost->setVisible(!said.empty()); });
     layout->addWidget(add(u"nonconservees"_s, lost));
     return card(u"Faits de course:"_s, layout);
+}
+
+QLayout *Form1::quietRow()
+{
+    auto *row = new QHBoxLayout;
+    Label *said = quietLine(m_main.said);
+    listen(m_main.said, [said](const std::string &text) { said->setToolTip(qt(text)); }); // also what is cut off
+    row->addWidget(said, 1);
+    m_left = command(u"Reprendre"_s, u"Reprendre la saisie"_s, [this] { resume(); });
+    m_forget = command(u"Oublier"_s, u"×"_s, [this] { m_main.left.take(); });
+    m_forget->setToolTip(u"Oublier cette saisie"_s);
+    for (Label *label : {m_left, m_forget})
+        row->addWidget(label);
+    row->addStrut(m_left->sizeHint().height()); // the line stays as high without them
+    return row;
 }
 
 QWidget *Form1::picturesCard()
@@ -399,9 +411,11 @@ QWidget *Form1::grandPrixCommands()
         layout->addWidget(made);
         return made;
     };
-    plain(u"Command26"_s, u"Enregistrer un Grand-Prix"_s, u"Grille de départ, puis résultat, nom par nom (Ctrl+E)"_s, [this] {
-        startAssistant();
-    })->makeMain();
+    Button *record =
+        plain(u"Command26"_s, u"Enregistrer un Grand-Prix"_s, u"Grille de départ, puis résultat, nom par nom (Ctrl+E)"_s,
+              [this] { startAssistant(); });
+    record->makeMain();
+    m_recordMark = new UnsavedMark(record);
     layout->addWidget(sideButton(u"Command3"_s));
     plain(u"Command30"_s, u"Grille de Départ"_s, u"Voir et modifier la grille (Ctrl+G)"_s,
           [this] { context.screens.open(u"Form48"_s); });
@@ -415,10 +429,11 @@ QWidget *Form1::grandPrixCommands()
         label->setWordWrap(true);
         label->setToolTip(tip);
         layout->addWidget(label);
+        return label;
     };
-    wrapped(pointedCommand(u"Label43"_s, u"Enregistrer les modifications du GP séléctionné"_s,
+    m_amendMark = new UnsavedMark(wrapped(pointedCommand(u"Label43"_s, u"Enregistrer les modifications du GP séléctionné"_s,
                            [this] { amend(true); }),
-            u"Remplace le résultat enregistré par celui qui est affiché (Ctrl+S)"_s);
+            u"Remplace le résultat enregistré par celui qui est affiché (Ctrl+S)"_s));
     wrapped(
         pointedCommand(u"Label41"_s, u"Supprimer le GP séléctionné"_s, [this] { cancel(); }),
         u"Retire le résultat de ce Grand Prix de tous les totaux"_s);

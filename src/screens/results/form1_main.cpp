@@ -1,6 +1,7 @@
 #include "screens/results/form1_main.h"
 
 #include "kinds/display_mode.h"
+#include "kinds/entry_screen.h"
 #include "kinds/name_search.h"
 #include "kinds/page_view.h"
 #include "kinds/picker.h"
@@ -9,6 +10,7 @@
 #include "results/navigation.h"
 #include "results/new_season.h"
 #include "results/options.h"
+#include "results/race_entry.h"
 #include "results/recording.h"
 #include "results/simulation.h"
 #include "screens/results/form1_side_screens.h"
@@ -28,6 +30,7 @@ Form1::Form1(Context &theContext, const QString &name, const QString &title)
     registerHidden();
     registerShortcuts();
     layOut();
+    followEntry();
     listen(m_main.gp, [this](const std::string &typed) { gpTyped(typed); });
     for (Field *of : {&m_main.gp, &m_main.an})
         listen(*of, [this](const std::string &) {
@@ -77,7 +80,7 @@ void Form1::registerHidden()
     press(u"Command5"_s, u"Enregistrer le Grand Prix"_s, [this] { record(); });
     press(u"Command10"_s, u""_s, {});
     press(u"Command12"_s, u""_s, {});
-    press(u"Command17"_s, u""_s, [this] { results::showGrandPrix(m_main); });
+    press(u"Command17"_s, u""_s, [this] { go(results::showGrandPrix); });
     press(u"Command23"_s, u"enregistrer modifs"_s, [this] { amend(false); });
     press(u"Command27"_s, u"enregistrement spécial pour émulations"_s, [this] {
         if (results::recordSimulatedGrandPrix(m_main) == results::Recording::done)
@@ -193,6 +196,7 @@ void Form1::afterResult()
     m_sorting = std::make_unique<Action>(context.store, std::string_view());
     m_records->tag = u"à trier"_s;
     m_records->start(10);
+    showEntry();
 }
 
 void Form1::sortTimeLists()
@@ -244,6 +248,7 @@ void Form1::cancel()
     const Waiting waiting(*this);
     results::cancelGrandPrix(m_main);
     showAgeOfStatus();
+    showEntry();
 }
 
 // The grid first, unseen behind its assistant, then the result: Form49 leads on to Form40, which presses Command5.
@@ -426,6 +431,81 @@ void Form1::showAgeOfStatus()
         results::hasResult(m_main.season(), m_recordedGp);
     control(u"Label11"_s)->setFore(holds || m_main.Label11.empty() ? std::nullopt : std::optional(look::quiet));
     static_cast<WidgetControl *>(control(u"Label11"_s))->widget()->setToolTip(qt(m_recordedGp + " " + m_recordedSeason).trimmed());
+}
+
+// Another race or season: what was typed of this one and isn't stored waits to be taken up again.
+void Form1::go(void (*where)(results::MainRecord &))
+{
+    const Waiting waiting(*this);
+    results::leaveRace(m_main);
+    where(m_main);
+    showEntry();
+}
+
+void Form1::followEntry()
+{
+    m_entered = &timer(u"Timersaisie"_s, 0, TimerControl::Kind::once, [this] { showEntry(); });
+    shape(u"saisie"_s).textNow = [this] { return results::unsavedRace(m_main) ? u"à enregistrer"_s : QString(); };
+    const auto follow = [this](Field &field) {
+        listen(field, [this](const std::string &) {
+            if (!m_entered->pending())
+                m_entered->start(30);
+        });
+    };
+    for (Field *field : {&m_main.Text39, &m_main.Text41, &m_main.dat, &m_main.an})
+        follow(*field);
+    for (int place = 1; place <= classifiedPlaces; ++place)
+        follow(m_main.number(place));
+    listen(m_main.left.changed, [this](const std::string &) { showLeft(); });
+    showLeft();
+}
+
+// The mark on what stores the entry, and what looks wrong in it.
+void Form1::showEntry()
+{
+    const bool unsaved = results::unsavedRace(m_main), recorded = results::recordedRace(m_main);
+    m_recordMark->setOn(unsaved && !recorded);
+    m_amendMark->setOn(unsaved && recorded);
+    const results::LeftEntry *onShow = m_main.entry.thing();
+    m_warning->show(
+        results::raceWarnings(m_main, m_main.season(), onShow ? std::string_view(onShow->subject) : std::string_view()));
+}
+
+// What waits, the one left last.
+void Form1::showLeft()
+{
+    const results::LeftEntry *last = m_main.left.last();
+    for (Label *label : {m_left, m_forget})
+        label->setVisible(last);
+    if (!last)
+        return;
+    QString title = qt(last->screen);
+    for (const ScreenRow &row : context.screens.rows())
+        if (row.name == title && last->screen != "Form1")
+            title = row.title;
+    const QStringList about{last->screen == "Form1" ? u"Grand Prix"_s : title, qt(last->subject), qt(last->season)};
+    m_left->setToolTip(u"Pas enregistré : %1"_s.arg(about.join(u' ').simplified()));
+}
+
+void Form1::resume()
+{
+    const auto left = m_main.left.take();
+    if (!left)
+        return;
+    if (left->screen == "Form1") {
+        results::leaveRace(m_main);
+        results::resumeRace(m_main, *left);
+        return showEntry();
+    }
+    if (!left->season.empty() && left->season != m_main.an.text()) {
+        results::leaveRace(m_main);
+        m_main.an.set(left->season);
+        results::showSeason(m_main);
+    }
+    m_main.left.resuming = &*left;
+    if (auto *screen = dynamic_cast<EntryScreen *>(context.screens.open(qt(left->screen))))
+        screen->resume(*left);
+    m_main.left.resuming = nullptr;
 }
 
 // The way out of the program, up to the screen that ends it and that closes this one.

@@ -2,8 +2,11 @@
 // Form1, the main screen: one Grand Prix of one season, the way through Grands Prix and seasons, and the buttons that open
 // everything else. Its buttons are pressed by other screens too, some of them by nobody else.
 #include "results/first_steps.h"
+#include "kinds/name_entry.h"
+#include "kinds/warning_line.h"
 #include "results/main_record.h"
 #include "shell/screens.h"
+#include "shell/unsaved_mark.h"
 #include "store/history.h"
 
 namespace circuidex::screens {
@@ -31,6 +34,7 @@ private:
     QLayout *selectionCommands();
     QWidget *resultCard();
     QWidget *remarkCard();
+    QLayout *quietRow();
     QWidget *picturesCard();
     void addFilm(QVBoxLayout *layout);
     QWidget *grandPrixCommands();
@@ -44,6 +48,11 @@ private:
     void refuse(Edit *box, const QString &typed);
     bool typedHolds();
     void showAgeOfStatus();
+    void followEntry();
+    void showEntry();
+    void showLeft();
+    void resume();
+    void go(void (*where)(results::MainRecord &));
     Label *pointedCommand(const QString &name, const QString &caption, std::function<void()> handler);
     void unpoint();
 
@@ -76,14 +85,19 @@ private:
     void finishActions();
 
     results::MainRecord &m_main;
+    const NameEntry m_known{m_main};
     QStringList m_pointed;
     QWidget *m_steps = nullptr; // the strip of the first steps, until there is a race
     bool m_begun = false; // there is one
+    UnsavedMark *m_recordMark = nullptr, *m_amendMark = nullptr;
+    WarningLine *m_warning = nullptr;
+    Label *m_left = nullptr, *m_forget = nullptr;
     std::string m_recordedGp, m_recordedSeason; // of which the status line speaks
     std::unique_ptr<Action> m_sorting, m_clearing; // parts of an action that a timer brings to its end
     QSize m_given; // by the program, in pixels
     QWidget *m_display = nullptr; // the card about the display's mode, shown where there is room for it
-    TimerControl *m_newSeason = nullptr, *m_records = nullptr, *m_lap = nullptr, *m_img = nullptr, *m_vid = nullptr;
+    TimerControl *m_entered = nullptr, *m_newSeason = nullptr, *m_records = nullptr, *m_lap = nullptr, *m_img = nullptr,
+                 *m_vid = nullptr;
 };
 
 }

@@ -13,8 +13,13 @@ namespace {
 class Form2 : public DriverScreenBase {
 public:
     Form2(Context &context, const QString &name, const QString &title);
+    void resume(const results::LeftEntry &left) override;
+
+protected:
+    void closing() override { leave(); }
 
 private:
+    void showNumber();
     void step(double by);
     void walkTeams(double by);
 
@@ -70,20 +75,36 @@ Form2::Form2(Context &theContext, const QString &name, const QString &title) :
         u"Ctrl+S"_s, [this] { press(u"Label10"_s); }, u"Enregistrer ce pilote"_s);
     connect(ok, &QPushButton::clicked, this, [this] {
         results::storeShownDriver(m_main, m_boxes, results::DriverScreen::newDriver);
+        showUnsaved();
     });
     add(u"Label10"_s, ok);
+    savedBy(ok);
     foot->addWidget(ok);
     auto *layout = page();
     layout->addLayout(columns, 1);
     layout->addLayout(foot);
     driver->setFocus(); // the number is proposed already
     resize(720, 430);
+    results::awaitDriver(m_main, m_boxes);
 }
 
 void Form2::step(double by)
 {
     m_boxes.nopilot.set(context.store.numbers().stepped(m_boxes.nopilot.text(), by));
+    showNumber();
+}
+
+void Form2::showNumber()
+{
     results::showDriver(m_main, m_boxes, results::DriverScreen::newDriver);
+    showUnsaved();
+}
+
+void Form2::resume(const results::LeftEntry &left)
+{
+    m_boxes.nopilot.set(left.subject);
+    showNumber();
+    results::resumeDriver(m_boxes, left);
 }
 
 // Saves typing a team's name: the teams of the slots, one after the other.

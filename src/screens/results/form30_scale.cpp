@@ -1,4 +1,5 @@
 // Form30, the editor of the season's point scale.
+#include "kinds/entry_screen.h"
 #include "kinds/place_names.h"
 #include "results/main_record.h"
 #include "shell/look.h"
@@ -11,25 +12,29 @@ namespace circuidex::screens {
 
 namespace {
 
-class Form30 : public Screen {
+class Form30 : public EntryScreen {
 public:
     Form30(Context &context, const QString &name, const QString &title);
+    void resume(const results::LeftEntry &left) override;
 
 protected:
+    bool unsaved() const override { return m_entry.unsaved(entered().texts); }
     // Closing by any road puts the eight boxes into use, stored or not.
     void closing() override;
 
 private:
     results::Scale boxes() const;
+    results::LeftEntry entered() const;
     void store();
 
     results::MainRecord &m_main;
     Field m_an; // the season that was open when this screen was
     ByPlace<Edit *, classifiedPlaces> m_boxes;
+    results::TypedEntry m_entry;
 };
 
 Form30::Form30(Context &theContext, const QString &name, const QString &title) :
-    Screen(theContext, name, title), m_main(theContext.main), m_an(theContext.main.an.text())
+    EntryScreen(theContext, name, title), m_main(theContext.main), m_an(theContext.main.an.text())
 {
     hidden(u"an"_s, m_an);
     const results::Scale scale = results::loadScale(Season(context.store, seasonStem(m_an.text())));
@@ -41,6 +46,7 @@ Form30::Form30(Context &theContext, const QString &name, const QString &title) :
         box->setAlignment(Qt::AlignRight);
         box->setFixedWidth(70);
         connect(box, &QLineEdit::returnPressed, this, [this] { store(); });
+        connect(box, &QLineEdit::textChanged, this, [this] { showUnsaved(); });
         m_boxes[place] = box;
         const int row = (place - 1) % 4, column = 2 * ((place - 1) / 4);
         grid->addWidget(styled(placeName(place), "place"), row, column);
@@ -60,6 +66,8 @@ Form30::Form30(Context &theContext, const QString &name, const QString &title) :
                            "hint"));
     auto *validate = button(u"Command1"_s, u"Valider le nouveau barème"_s, [this] { store(); });
     validate->makeMain();
+    savedBy(validate);
+    m_entry.loaded(entered());
     layout->addWidget(validate);
     setFixedSize(sizeHint().expandedTo(QSize(380, 0)).width(), heightForWidth(380) > 0 ? heightForWidth(380) : 300);
     m_boxes[1]->setFocus();
@@ -75,15 +83,29 @@ results::Scale Form30::boxes() const
     return scale;
 }
 
+results::LeftEntry Form30::entered() const
+{
+    const results::Scale scale = boxes();
+    return {"Form30", m_an.text(), {}, {scale.begin(), scale.end()}};
+}
+
+void Form30::resume(const results::LeftEntry &left)
+{
+    for (int place = 1; place <= classifiedPlaces; ++place)
+        m_boxes[place]->setText(qt(left.texts.at(static_cast<std::size_t>(place - 1))));
+}
+
 void Form30::store()
 {
     results::storeScale(WritableSeason(context.store, seasonStem(m_an.text())), boxes());
+    m_entry.stored(entered(), m_main.left);
     close();
 }
 
 void Form30::closing()
 {
     m_main.closeScaleEditor = {};
+    m_entry.leave(entered().texts, m_main.left);
     m_main.setScale(boxes());
 }
 

@@ -20,6 +20,7 @@ const QString replaceNote = u"Note: Si vous voulez entrer un nouveau pilote ou e
 class Form3 : public DriverScreenBase {
 public:
     Form3(Context &context, const QString &name, const QString &title);
+    void resume(const results::LeftEntry &left) override;
 
 protected:
     void closing() override;
@@ -201,8 +202,12 @@ QLayout *Form3::foot()
     row->insertWidget(1, quietLine(m_main.said), 9);
     row->addWidget(command(u"Label11"_s, u"Annuler"_s, [this] { close(); }));
     row->addWidget(button(u"Command5"_s, u"Vider les champs"_s, [this] { results::emptyProfile(m_profile); }));
-    auto *store = button(u"Command4"_s, u"Enregistrer modifications"_s, [this] { results::storeProfile(m_main); });
+    auto *store = button(u"Command4"_s, u"Enregistrer modifications"_s, [this] {
+        results::storeProfile(m_main);
+        showUnsaved();
+    });
     store->makeMain();
+    savedBy(store);
     store->setToolTip(u"Enregistrer ce pilote sous son numéro (Ctrl+S)"_s);
     shortcut(
         u"Ctrl+S"_s, [this] { press(u"Command4"_s); }, u"Enregistrer ce pilote sous son numéro"_s);
@@ -236,8 +241,16 @@ void Form3::showTeamLarge()
         viewer->setText(u"Image1"_s, path);
 }
 
+void Form3::resume(const results::LeftEntry &left)
+{
+    m_profile.nopilot.set(left.subject);
+    statistics::openProfile(m_main);
+    results::resumeDriver(m_profile, left);
+}
+
 void Form3::closing()
 {
+    leave();
     context.screens.close(u"Form14"_s);
 }
 

@@ -1,7 +1,10 @@
 // Form48, the starting grid of a Grand Prix as a table. Changing exactly one place moves the pole with it.
 #include "kinds/empty_note.h"
+#include "kinds/entry_screen.h"
+#include "kinds/name_entry.h"
 #include "kinds/picker.h"
 #include "kinds/place_names.h"
+#include "kinds/warning_line.h"
 #include "results/grid.h"
 #include "results/main_record.h"
 #include "shell/look.h"
@@ -19,9 +22,14 @@ namespace {
 
 constexpr int driverColumn = 1;
 
-class Form48 : public Screen {
+class Form48 : public EntryScreen {
 public:
     Form48(Context &context, const QString &name, const QString &title);
+    void resume(const results::LeftEntry &left) override;
+
+protected:
+    bool unsaved() const override { return m_entry.unsaved(entered().texts); }
+    void closing() override { leave(); }
 
 private:
     void load();
@@ -31,21 +39,30 @@ private:
     void store();
     void movePole();
     void countEdits(int edits);
+    void changed();
+    void leave();
+    results::Grid grid() const;
+    results::LeftEntry entered() const;
 
     results::MainRecord &m_main;
+    const NameEntry m_known{context.main};
     Field m_cursor; // Label40
-    Field m_gp;     // Text5
+    Field m_gp; // Text5
     Table *m_grid = nullptr;
     std::optional<int> m_asked; // the place that the list of drivers was opened for
     int m_edits = 0; // clicks on places since the screen was loaded
+    WarningLine *m_warning = nullptr;
+    std::string m_season, m_race; // whose grid is on show
+    results::TypedEntry m_entry;
+    bool m_loading = false;
 };
 
 Form48::Form48(Context &theContext, const QString &name, const QString &title)
-    : Screen(theContext, name, title), m_main(theContext.main), m_cursor(theContext.main.Label40.text()),
+    : EntryScreen(theContext, name, title), m_main(theContext.main), m_cursor(theContext.main.Label40.text()),
       m_gp(enteredName(theContext.main.gp.text()).name)
 {
     hidden(u"Label40"_s, m_cursor);
-    auto *race = add(u"Text5"_s, new Edit);
+    auto *race = m_known.offerGrandsPrix(add(u"Text5"_s, new Edit));
     race->setProperty("title", true);
     bind(race, m_gp);
     auto *back = button(u"Command6"_s, u"◀"_s, [this] { step(-1, 0); });
@@ -76,6 +93,7 @@ Form48::Form48(Context &theContext, const QString &name, const QString &title)
     shortcut(
         u"Ctrl+S"_s, [this] { press(u"Command1"_s); }, u"Enregistrer cette grille"_s);
     tellKey(u"Suppr"_s, u"Vider la place"_s);
+    m_warning = add(u"avertissement"_s, new WarningLine);
     auto *head = new QHBoxLayout;
     head->addWidget(styled(u"Défilement des GP:"_s, "hint"));
     head->addWidget(back);
@@ -87,10 +105,12 @@ Form48::Form48(Context &theContext, const QString &name, const QString &title)
     auto *layout = page();
     layout->addLayout(head);
     layout->addWidget(m_grid, 1);
+    layout->addWidget(m_warning);
     layout->addLayout(foot);
-    resize(460, 30 + 62 + m_grid->rowsHigh(gridPlaces) + 40);
+    resize(460, 30 + 62 + m_grid->rowsHigh(gridPlaces) + 40 + 34);
     countEdits(0);
     load();
+    savedBy(store);
     m_grid->goTo(0, driverColumn);
     m_grid->setFocus();
 }
@@ -98,10 +118,57 @@ Form48::Form48(Context &theContext, const QString &name, const QString &title)
 void Form48::load()
 {
     m_asked.reset();
-    const results::Grid grid = results::loadGrid(m_main.season(), m_gp.text());
+    leave();
+    const results::Grid stored = results::loadGrid(m_main.season(), m_gp.text());
+    m_loading = true;
     for (int place = 1; place <= gridPlaces; ++place)
-        m_grid->set(u"Text99", place - 1, qt(grid[place]));
+        m_grid->set(u"Text99", place - 1, qt(stored[place]));
+    m_loading = false;
+    m_season = m_main.an.text();
+    m_race = m_gp.text();
+    m_entry.loaded(entered());
+    changed();
     m_main.said.set("");
+}
+
+void Form48::leave()
+{
+    m_entry.leave(entered().texts, m_main.left, {m_cursor.text(), std::to_string(m_edits)});
+}
+
+// The clicks are counted on, so that the pole moves as it would have.
+void Form48::resume(const results::LeftEntry &left)
+{
+    if (left.beside.size() < 2 || left.texts.size() < gridPlaces)
+        return;
+    m_cursor.set(left.beside[0]);
+    m_gp.set(left.subject);
+    load();
+    for (int place = 1; place <= gridPlaces; ++place)
+        m_grid->set(u"Text99", place - 1, qt(left.texts[static_cast<std::size_t>(place - 1)]));
+    countEdits(std::stoi(left.beside[1]));
+}
+
+void Form48::changed()
+{
+    if (m_loading)
+        return;
+    m_warning->show(results::gridWarnings(grid(), m_main.season()));
+    showUnsaved();
+}
+
+results::Grid Form48::grid() const
+{
+    results::Grid grid;
+    for (int place = 1; place <= gridPlaces; ++place)
+        grid[place] = m_grid->text(u"Text99", place - 1).toStdString();
+    return grid;
+}
+
+results::LeftEntry Form48::entered() const
+{
+    const results::Grid names = grid();
+    return {"Form48", m_season, m_race, {names.begin(), names.end()}};
 }
 
 // No circle here: at an end the cursor stays. Behind the calendar everything is empty.
@@ -124,6 +191,7 @@ void Form48::named(int row)
 {
     if (std::exchange(m_asked, std::nullopt) == row)
         m_grid->goTo(std::min(row + 1, gridPlaces - 1), driverColumn);
+    changed();
 }
 
 // The count of edits shows in the left edge of "Imprimer", ten twips an edit.
@@ -135,13 +203,14 @@ void Form48::countEdits(int edits)
 
 void Form48::store()
 {
-    results::Grid grid;
-    for (int place = 1; place <= gridPlaces; ++place)
-        grid[place] = m_grid->text(u"Text99", place - 1).toStdString();
     const Action undoable(context.store, "grille " + ofName(m_gp.text()) + " " + m_main.an.text());
-    const std::string refusal = results::enterGrid(m_main.writableSeason(), m_gp.text(), grid);
+    const std::string refusal = results::enterGrid(m_main.writableSeason(), m_gp.text(), grid());
     if (!refusal.empty())
         return context.dialogs.message(refusal);
+    m_season = m_main.an.text();
+    m_race = m_gp.text();
+    m_entry.stored(entered(), m_main.left);
+    changed();
     if (m_edits == 1)
         movePole();
     m_main.said.set("Grille enregistrée : " + m_gp.text());

@@ -1,6 +1,7 @@
 // Form4, a Grand Prix as it was: result, grid with teams, and both championships at that moment. It opens on the Grand Prix
 // of the main screen and then walks on its own, through Grands Prix and seasons.
 #include "kinds/empty_note.h"
+#include "kinds/name_entry.h"
 #include "kinds/picker.h"
 #include "kinds/place_names.h"
 #include "results/amending.h"
@@ -55,6 +56,7 @@ private:
     void showPodium();
 
     results::MainRecord &m_main;
+    const NameEntry m_known{context.main};
     results::RaceFields m_race;
     Field m_cursor; // Label40
     Field m_year;   // Text9
@@ -115,7 +117,7 @@ QLayout *Form4::head()
     });
     listen(m_cursor, [&follow](const std::string &) { follow.kick(); });
     follow.kick();
-    auto *gp = add(u"gp"_s, new Edit);
+    auto *gp = m_known.offerGrandsPrix(add(u"gp"_s, new Edit));
     gp->setProperty("title", true);
     bind(gp, m_race.gp);
     auto *year = add(u"Text9"_s, new Edit);

@@ -54,7 +54,7 @@ QWidget *Form20::question()
 {
     auto *row = new QHBoxLayout;
     row->setSpacing(6);
-    auto *gp = box(*row, u"Nom du GP:"_s, u"Text1"_s, m_gp, 0, [this] { ask(); });
+    auto *gp = m_known.offerGrandsPrix(box(*row, u"Nom du GP:"_s, u"Text1"_s, m_gp, 0, [this] { ask(); }));
     arrows(
         *row, gp,
         {u"Command2"_s, u"Grand Prix précédent de la liste"_s, Qt::Key_PageUp, [this] { stepName(-1, 0); }},

@@ -48,7 +48,7 @@ QWidget *Form23::question()
 {
     auto *row = new QHBoxLayout;
     row->setSpacing(6);
-    auto *driver = box(*row, u"Pilote:"_s, u"Text1"_s, m_driver, 0, [this] { ask(); });
+    auto *driver = m_known.offerDrivers(box(*row, u"Pilote:"_s, u"Text1"_s, m_driver, 0, [this] { ask(); }));
     driver->setToolTip(u"Tapez aussi le nom d'un ancien pilote, puis Entrée"_s);
     arrows(*row, driver, {u"Command5"_s, u"Pilote précédent"_s, Qt::Key_PageUp, [this] { step(-1); }},
            {u"Command4"_s, u"Pilote suivant"_s, Qt::Key_PageDown, [this] { step(1); }});

@@ -45,7 +45,7 @@ QWidget *Form24::question()
 {
     auto *row = new QHBoxLayout;
     row->setSpacing(6);
-    auto *gp = box(*row, u"Nom du GP :"_s, u"Text2"_s, m_gp, 0, [this] { ask(); });
+    auto *gp = m_known.offerGrandsPrix(box(*row, u"Nom du GP :"_s, u"Text2"_s, m_gp, 0, [this] { ask(); }));
     arrows(*row, gp,
            {u"Command5"_s, u"Grand Prix précédent de la liste"_s, Qt::Key_PageUp, [this] { step(-1, -1); }},
            {u"Command4"_s, u"Grand Prix suivant de la liste"_s, Qt::Key_PageDown, [this] { step(1, 200); }});

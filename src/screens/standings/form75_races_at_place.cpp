@@ -67,7 +67,7 @@ QLayout *RacesAtPlace::driverRow()
 {
     auto *row = new QHBoxLayout;
     row->setSpacing(6);
-    auto *driver = box(*row, u"Pilote:"_s, u"Text1"_s, m_driver, 0, [this] { ask(); });
+    auto *driver = m_known.offerDrivers(box(*row, u"Pilote:"_s, u"Text1"_s, m_driver, 0, [this] { ask(); }));
     driver->setReadOnly(true);
     arrows(*row, driver, {u"Command5"_s, u"Pilote précédent"_s, Qt::Key_PageUp, [this] { stepDriver(-1, 1); }},
            {u"Command4"_s, u"Pilote suivant"_s, Qt::Key_PageDown, [this] { stepDriver(1, lastNumber); }});

@@ -73,7 +73,7 @@ QWidget *Form60::question()
 {
     auto *row = new QHBoxLayout;
     row->setSpacing(6);
-    auto *driver = box(*row, u"Pilote:"_s, u"Text1"_s, m_driver, 0, [this] { askTyped(); });
+    auto *driver = m_known.offerDrivers(box(*row, u"Pilote:"_s, u"Text1"_s, m_driver, 0, [this] { askTyped(); }));
     arrows(*row, driver, {u"Command3"_s, u"Pilote précédent"_s, Qt::Key_PageUp, [this] { step(-1, 1); }},
            {u"Command4"_s, u"Pilote suivant"_s, Qt::Key_PageDown, [this] { step(1, driverSlots); }});
     row->addWidget(

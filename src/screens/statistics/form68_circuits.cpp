@@ -59,7 +59,7 @@ QWidget *Form68::question()
 {
     auto *row = new QHBoxLayout;
     row->setSpacing(6);
-    auto *gp = box(*row, u"Grand Prix:"_s, u"gp"_s, m_gp, 220, [this] { ask(); });
+    auto *gp = m_known.offerGrandsPrix(box(*row, u"Grand Prix:"_s, u"gp"_s, m_gp, 220, [this] { ask(); }));
     arrows(*row, gp, {u"Command9"_s, u"Grand Prix précédent de la saison"_s, Qt::Key_PageUp, [this] { step(-1); }},
            {u"Command8"_s, u"Grand Prix suivant de la saison"_s, Qt::Key_PageDown, [this] { step(1); }});
     row->addWidget(list(u"Command16"_s, [this] { openPicker(context.screens, PickList::grandsPrix, u"circ68"_s); }));

@@ -51,7 +51,7 @@ QWidget *Form94::question()
 {
     auto *row = new QHBoxLayout;
     row->setSpacing(6);
-    box(*row, u"Pilote:"_s, u"nomecurie"_s, m_driver, 190, [this] { ask(); });
+    m_known.offerDrivers(box(*row, u"Pilote:"_s, u"nomecurie"_s, m_driver, 190, [this] { ask(); }));
     row->addWidget(
         list(u"Command4"_s, [this] { openPicker(context.screens, PickList::drivers, u"pilotcompaan94"_s); }));
     row->addSpacing(look::gap);
@@ -60,7 +60,7 @@ QWidget *Form94::question()
     team->setFixedWidth(130);
     bind(team, m_team);
     row->addWidget(team);
-    box(*row, u"Grand Prix:"_s, u"nomgp"_s, m_gp, 160, [this] { ask(); });
+    m_known.offerGrandsPrix(box(*row, u"Grand Prix:"_s, u"nomgp"_s, m_gp, 160, [this] { ask(); }));
     auto *races = button(u"Command2"_s, u"Liste"_s,
                          [this] { openPicker(context.screens, PickList::grandsPrix, u"courseanalyse94"_s); });
     races->setToolTip(u"Choisir un Grand Prix dans la liste"_s);
