@@ -21,6 +21,18 @@ void present(QMessageBox &box, const std::string &text)
     box.setWindowFlag(Qt::WindowStaysOnTopHint);
 }
 
+// The file name that a title proposes: what no file system minds.
+QString nameFor(QString title)
+{
+    for (QChar &c : title)
+        if (c < u' ' || QStringView(u"/\\:*?\"<>|").contains(c))
+            c = u' ';
+    title = title.simplified().left(100);
+    while (title.startsWith(u'.'))
+        title.remove(0, 1);
+    return title;
+}
+
 }
 
 void QtDialogs::message(const std::string &text)
@@ -57,6 +69,7 @@ std::optional<std::string> QtDialogs::chooseNewFile(const std::string &title, co
 {
     QFileDialog dialog(nullptr, QString::fromStdString(title), {}, QString::fromStdString(filter));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.selectFile(nameFor(QString::fromStdString(title)));
     const QString ending = dialog.nameFilters().value(0).section(QLatin1String("*."), 1).section(u')', 0, 0);
     dialog.setDefaultSuffix(ending);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())

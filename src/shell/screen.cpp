@@ -1,17 +1,24 @@
 #include "shell/screen.h"
 
 #include "shell/accessibility.h"
+#include "shell/chart_menu.h"
+#include "shell/chart_view.h"
 #include "shell/chrome.h"
+#include "shell/copies.h"
 #include "shell/focus_ring.h"
 #include "shell/help_topics.h"
 #include "shell/look.h"
 #include "shell/page.h"
 #include "shell/screens.h"
 #include "shell/tab_order.h"
+#include "shell/table_menu.h"
 #include "shell/title_bar.h"
 #include "shell/window_system.h"
+#include "store/store.h"
 
 #include <QCloseEvent>
+#include <QContextMenuEvent>
+#include <QCoreApplication>
 #include <QFrame>
 #include <QKeyEvent>
 #include <QPainter>
@@ -52,6 +59,29 @@ QPoint wholeOn(const QRect &room, const QRect &window)
     return {left, std::max(room.y(), std::min(window.y(), lastTop))};
 }
 
+// As the menu key does.
+void askForMenu(QWidget &widget)
+{
+    const QPoint middle = widget.rect().center();
+    QContextMenuEvent asked(QContextMenuEvent::Keyboard, middle, widget.mapToGlobal(middle));
+    QCoreApplication::sendEvent(&widget, &asked);
+}
+
+// In the table that has the keyboard, otherwise in the first one in sight.
+void findInTable(const Screen &screen)
+{
+    const Table *wanted = nullptr;
+    for (const Table *table : screen.tables()) {
+        const bool has = table->hasFocus() || table->isAncestorOf(screen.focusWidget());
+        if (has || (!wanted && table->isVisibleTo(&screen)))
+            wanted = table;
+        if (has)
+            break;
+    }
+    if (TableMenu *menu = wanted ? TableMenu::of(*wanted) : nullptr)
+        menu->find();
+}
+
 }
 
 Screen::Screen(Context &theContext, const QString &name, const QString &title, Chrome chrome) :
@@ -88,6 +118,7 @@ Screen::Screen(Context &theContext, const QString &name, const QString &title, C
         m_bar->setTitle(title);
     shortcut(QKeySequence(u"Ctrl+P"_s), [this] { print(); });
     shortcut(QKeySequence(u"Ctrl+Shift+P"_s), [this] { print(Printing::asked); });
+    shortcut(QKeySequence(u"Ctrl+F"_s), [this] { findInTable(*this); });
 }
 
 Screen::~Screen()
@@ -262,6 +293,9 @@ void Screen::fitToDisplay()
 void Screen::readyForKeyboard()
 {
     nameControls(*m_body, title());
+    for (ChartView *chart : m_body->findChildren<ChartView *>())
+        if (chart->contextMenuPolicy() != Qt::NoContextMenu && !ChartMenu::on(*chart))
+            (new ChartMenu(*chart, context.dialogs))->decimal = [this] { return context.store.numbers().separator(); };
     if (QWidget *first = orderTabs(*m_body); first && !focusWidget())
         first->setFocus();
 }
@@ -396,8 +430,11 @@ TimerControl &Screen::timer(const QString &name, int milliseconds, TimerControl:
 
 Table *Screen::table(std::vector<Column> columns, int rows)
 {
-    m_tables.push_back(new Table(std::move(columns), rows, m_body));
-    return m_tables.back();
+    auto *made = m_tables.emplace_back(new Table(std::move(columns), rows, m_body));
+    const auto season = [this] { return seasonOnShow(context.screens); };
+    const auto decimal = [this] { return context.store.numbers().separator(); };
+    new TableMenu(*made, {*this, context.dialogs, season, decimal});
+    return made;
 }
 
 Label *Screen::quietLine(Field &said)
@@ -480,6 +517,8 @@ void Screen::keyPressEvent(QKeyEvent *event)
         close();
     else if (event->key() == Qt::Key_F1)
         openHelp(context.screens, m_name);
+    else if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier && focusWidget())
+        askForMenu(*focusWidget());
     else
         QWidget::keyPressEvent(event);
 }

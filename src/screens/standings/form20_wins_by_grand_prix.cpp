@@ -4,6 +4,7 @@
 #include "results/main_record.h"
 #include "shell/look.h"
 #include "shell/screens.h"
+#include "shell/table_menu.h"
 #include "standings/winners.h"
 
 #include <QBoxLayout>
@@ -42,6 +43,7 @@ Form20::Form20(Context &theContext, const QString &name, const QString &title)
                     {u"Label11"_s, u"Champion du monde cette année:"_s}},
                    standings::yearsOfBlock);
     m_rows->setFixedHeight(m_rows->rowsHigh(standings::yearsOfBlock));
+    allowSorting(*m_rows);
     layout->addWidget(m_rows);
     layout->addLayout(foot(styled(u"En couleur: le vainqueur est champion"_s, "hint")));
     setFixedWidth(760);

@@ -5,6 +5,7 @@
 #include "shell/look.h"
 #include "shell/screen.h"
 #include "shell/screens.h"
+#include "shell/table_menu.h"
 #include "standings/winners.h"
 
 #include <QBoxLayout>
@@ -38,6 +39,7 @@ Form33::Form33(Context &theContext, const QString &name, const QString &title) :
                       u"Cliquez pour ouvrir ce Grand Prix, double-cliquez pour le refermer"_s, 1, true}},
                     static_cast<int>(standings::listedRaces));
     m_races->setFixedHeight(m_races->rowsHigh(static_cast<int>(standings::listedRaces)));
+    allowSorting(*m_races);
     m_races->onPress = [this](const QString &column, int row) {
         if (!column.isEmpty())
             openRace(row);

@@ -6,6 +6,7 @@
 #include "results/pictures.h"
 #include "shell/look.h"
 #include "shell/screens.h"
+#include "shell/table_menu.h"
 #include "standings/winners.h"
 #include "statistics/circuits.h"
 
@@ -101,6 +102,7 @@ QWidget *Form68::winnersCard()
     m_winners = table({{u"Label5"_s, u"Année"_s, 64, Qt::AlignHCenter}, {u"Label6"_s, u"Vainqueur"_s, 190}},
                       standings::yearsOfBlock);
     m_winners->setFixedSize(64 + 190 + 2, m_winners->rowsHigh(standings::yearsOfBlock));
+    allowSorting(*m_winners);
     auto *layout = new QVBoxLayout;
     layout->addWidget(m_winners);
     layout->addStretch(1);
