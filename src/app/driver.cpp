@@ -204,15 +204,27 @@ DisplayChange RecordingPlatform::changeDisplay(const DisplayMode &mode, int hert
 {
     calls << u"mode %1 %2 %3 %4"_s.arg(mode.width).arg(mode.height).arg(mode.depth).arg(hertz);
     if (displayAnswer == DisplayChange::done)
-        display = mode;
+        show(mode);
     return displayAnswer;
 }
 
 void RecordingPlatform::changeDisplayPlainly(int width, int height)
 {
     calls << u"mode %1 %2"_s.arg(width).arg(height);
-    display.width = width;
-    display.height = height;
+    show({width, height, display.depth});
+}
+
+void RecordingPlatform::setDisplay(const DisplayMode &mode)
+{
+    m_displayTold = true;
+    show(mode);
+}
+
+void RecordingPlatform::show(const DisplayMode &mode)
+{
+    display = mode;
+    if (m_displayTold)
+        room = {0, 0, mode.width, mode.height};
 }
 
 void RecordingPlatform::restartMachine()
@@ -266,19 +278,34 @@ std::optional<QString> Driver::execute(const QString &line)
         answer = onControl(words.first, words.rest).value_or(error(u"no such command: "_s + words.first));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // screens that closed are gone
     m_program->settle();
-    if (m_platform.ended) { // what it wrote stays, the rest is gone with it
-        leave();
-        m_platform.startAnew();
-        m_program = std::make_unique<Program>(m_folder, m_numbers, m_dialogs, m_platform);
-    }
+    if (m_platform.ended)
+        startAnew();
     m_program->offerCopies();
     return answer;
+}
+
+// What the program wrote stays, the rest is gone with it.
+void Driver::startAnew()
+{
+    leave();
+    m_platform.startAnew();
+    m_program = std::make_unique<Program>(m_folder, m_numbers, m_dialogs, m_platform);
+}
+
+// A program that is about to end has ended before.
+void Driver::start(const QString &first)
+{
+    if (m_program->screens().isOpen(u"Form47"_s)) {
+        m_program->settle();
+        startAnew();
+    }
+    m_program->start(first);
 }
 
 std::optional<QString> Driver::dispatch(const QString &command, const QString &arguments)
 {
     if (command == u"start") {
-        m_program->start();
+        start(u"Form1"_s);
         return ok;
     }
     if (command == u"quit") {
@@ -357,7 +384,7 @@ QString Driver::onDisplay(const QString &argument)
                                    : number(1) == 1 ? DisplayChange::restartNeeded
                                                     : DisplayChange::refused;
     else if (words.size() == 3)
-        m_platform.display = {number(0), number(1), number(2)};
+        m_platform.setDisplay({number(0), number(1), number(2)});
     else
         return error(u"expected: display W H DEPTH, or display result N"_s);
     return ok;
@@ -393,6 +420,10 @@ std::optional<QString> Driver::onScreens(const QString &command, const QString &
     Screens &screens = m_program->screens();
     if (!screens.exists(words.first))
         return error(u"no such screen: "_s + words.first);
+    if (command == u"open" && words.first == u"Intro" && !screens.isOpen(u"Form1"_s)) {
+        start(words.first); // as the program itself begins
+        return ok;
+    }
     if (command == u"open") {
         screens.openFromMenu(words.first);
         return ok;

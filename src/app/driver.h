@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include <deque>
+#include <map>
 #include <optional>
 
 namespace circuidex {
@@ -70,17 +71,30 @@ public:
     void restartMachine() override;
     void endProgram() override;
     Room roomFor(const QWidget &) const override { return room; }
+    bool placesWindows() const override { return arranges; }
+    std::string remembered(const std::string &what) const override
+    {
+        const auto found = kept.find(what);
+        return found == kept.end() ? std::string() : found->second;
+    }
+    void remember(const std::string &what, const std::string &text) override { kept[what] = text; }
 
     QStringList calls;
     DisplayMode display{1280, 1024, 32};
     DisplayChange displayAnswer = DisplayChange::done; // to every change but the plain one
     Room room{0, 0, 1024, 768}; // of the display that the screens are made for
+    bool arranges = false; // a window without a place of its own stands in the corner
+    std::map<std::string, std::string> kept;
     StandInPlayer film{calls};
     bool ended = false; // the program, by itself
     void startAnew(); // the machine, for a program that starts
+    void setDisplay(const DisplayMode &mode); // with all of it free for windows
 
 private:
+    void show(const DisplayMode &mode);
+
     std::optional<media::FilmPlayer> m_player;
+    bool m_displayTold = false; // until then windows have the room that they are made for
 };
 
 class Driver {
@@ -96,6 +110,8 @@ public:
 
 private:
     void leave();
+    void startAnew();
+    void start(const QString &first);
     std::optional<QString> dispatch(const QString &command, const QString &arguments);
     std::optional<QString> onScreens(const QString &command, const QString &argument);
     std::optional<QString> onControl(const QString &command, const QString &argument);

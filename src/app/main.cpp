@@ -3,19 +3,27 @@
 #include "app/program.h"
 #include "online/update_notice.h"
 #include "platform/qt_dialogs.h"
+#include "platform/qt_first_program.h"
 #include "platform/qt_platform.h"
 #include "shell/look.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QTranslator>
 
-int main(int argc, char **argv)
+#include <cstdio>
+#include <cstdlib>
+#include <optional>
+
+namespace {
+
+int run(QApplication &application)
 {
-    circuidex::chooseDisplay(argc, argv);
-    QApplication application(argc, argv);
     application.setApplicationName(QStringLiteral("Circuidex"));
     application.setApplicationVersion(QStringLiteral(CIRCUIDEX_VERSION));
+    application.setDesktopFileName(QStringLiteral("circuidex"));
+    application.setWindowIcon(QIcon(QStringLiteral(":/images/icon.svg")));
     circuidex::look::dress(application);
     QTranslator french;
     if (french.load(QStringLiteral("qtbase_fr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
@@ -27,6 +35,8 @@ int main(int argc, char **argv)
     circuidex::QtPlatform platform;
     const std::filesystem::path folder = asked.folder();
     const circuidex::FolderLock lock(folder);
+    if (lock.heldElsewhere() && circuidex::raiseFirstProgram(folder))
+        return 0;
     const circuidex::Opening opening = circuidex::openingOf(lock, dialogs);
     if (opening == circuidex::Opening::refused)
         return 0;
@@ -34,10 +44,31 @@ int main(int argc, char **argv)
         platform.startProgram((circuidex::executableFolder() / "Zip").string());
         return 0;
     }
+    platform.putDisplayBack();
+    const circuidex::Program *running = nullptr;
+    std::optional<circuidex::FirstProgram> first; // a second start waits for it while this one is still on its way
+    if (opening == circuidex::Opening::alone)
+        first.emplace(folder, [&running] {
+            if (running)
+                running->screens().comeToFront();
+        });
     circuidex::Program program(folder, circuidex::userNumbers(), dialogs, platform);
     if (opening == circuidex::Opening::readOnly)
         program.store().setReadOnly();
-    program.start();
+    running = &program;
+    program.start(QStringLiteral("Intro"));
     program.settleAtRest();
     return application.exec();
+}
+
+}
+
+// At the end nothing is left to be done, but the application would wait for each name server that doesn't answer.
+int main(int argc, char **argv)
+{
+    circuidex::chooseDisplay(argc, argv);
+    QApplication application(argc, argv);
+    const int status = run(application);
+    std::fflush(nullptr);
+    std::_Exit(status);
 }

@@ -46,7 +46,7 @@ Program::Program(std::filesystem::path folder, Numbers numbers, Dialogs &dialogs
 
 Program::~Program() = default;
 
-void Program::start()
+void Program::start(const QString &first)
 {
     for (const std::string &stem : {m_store.yearMarker(), std::string("ARCHIVES"), std::string("galerie")})
         m_store.LireINI(stem, {}, {}); // a damaged one is asked about before the first screen writes to it
@@ -54,7 +54,7 @@ void Program::start()
         m_updateNotice = online::takeNotice(m_store.folder());
     offerCopies();
     results::forgetUnrecorded(m_store);
-    m_screens.open(u"Form1"_s);
+    m_screens.open(first);
 }
 
 void Program::settle()

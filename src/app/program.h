@@ -20,8 +20,8 @@ public:
     const Screens &screens() const { return m_screens; }
     Context &context() { return m_context; }
 
-    // Loads the main screen, as a start does.
-    void start();
+    // Loads the main screen, as a start does; or the splash screen, which leads on to it.
+    void start(const QString &first = QStringLiteral("Form1"));
 
     // Between two actions of the user: what was written goes to the disk itself, and the main screen says so if a write
     // was lost.

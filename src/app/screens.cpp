@@ -39,6 +39,7 @@
     screen(form40)                \
     screen(form42)                \
     screen(form46)                \
+    screen(form47)                \
     screen(form48)                \
     screen(form49)                \
     screen(form50)                \
@@ -66,6 +67,7 @@
     screen(form100)               \
     screen(form101)               \
     screen(frmmain)               \
+    screen(intro)                 \
     screen(menuScreens)
 
 namespace circuidex {

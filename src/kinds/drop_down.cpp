@@ -42,7 +42,7 @@ int widthOf(const menus::Menu &menu, int arrowWidth)
         const int arrow = menus::find(entry.screen) ? arrowWidth : 0;
         words = std::max(words, metrics.horizontalAdvance(qt(entry.caption)) + arrow);
     }
-    return std::max(leastWidth, words + 4 * look::gap);
+    return std::max(leastWidth, words + 6 * look::gap);
 }
 
 int widestSide(const menus::Menu &menu, int arrowWidth)
@@ -57,8 +57,7 @@ int widestSide(const menus::Menu &menu, int arrowWidth)
 }
 
 DropDown::DropDown(Context &theContext, const QString &name, const QString &title)
-    : MenuPage(theContext, name, title, Chrome::none), m_menu(menuNamed(name)),
-      m_fond(control(u"Fond"_s))
+    : MenuPage(theContext, name, title, Chrome::none), m_menu(menuNamed(name)), m_fond(control(u"Fond"_s))
 {
     if (onWayland())
         setWindowFlags(Qt::Popup | Qt::FramelessWindowHint);

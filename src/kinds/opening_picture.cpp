@@ -1,17 +1,18 @@
 #include "kinds/opening_picture.h"
 
 #include "platform/qt_pictures.h"
-#include "shell/text.h"
+#include "results/main_record.h"
 #include "results/options.h"
+#include "shell/screen.h"
 
 #include <QPainter>
 #include <QSvgRenderer>
 
 namespace circuidex {
 
-QString openingPicturePath(const Store &store)
+QString openingPicturePath(const Context &context)
 {
-    return qt(results::openingPicture(store));
+    return qt(context.main.surroundings.findPicture(results::openingPicture(context.store)));
 }
 
 void OpeningPicture::paintEvent(QPaintEvent *event)

@@ -4,10 +4,10 @@
 
 namespace circuidex {
 
-class Store;
+struct Context;
 
-// The path that the archive keeps for it; empty without one.
-QString openingPicturePath(const Store &store);
+// The file that the user chose for it; empty without one.
+QString openingPicturePath(const Context &context);
 
 class OpeningPicture : public Picture {
 public:

@@ -142,6 +142,11 @@ Destination leading(const Found &found)
 
 }
 
+std::span<const Route> allRoutes()
+{
+    return routes;
+}
+
 std::optional<Destination> destination(PickList list, std::string_view tagText, std::string_view label2Text)
 {
     for (const std::string_view word : {tagText, label2Text})

@@ -4,6 +4,7 @@
 // takes the number and the name, and which buttons are pressed there so that it computes anew.
 #include <array>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -45,6 +46,9 @@ struct Destination {
     std::array<std::string_view, 2> buttons;
     bool opens;
 };
+
+// All of them, those without a word apart.
+std::span<const Route> allRoutes();
 
 // Absent when nobody takes the choice. Without a word that it knows, the list of drivers serves the wins of a driver,
 // that of Grands Prix the main screen, and that of teams nobody.

@@ -11,15 +11,31 @@ namespace fs = std::filesystem;
 
 namespace {
 
-fs::path userData()
+fs::path userHome()
 {
-    const char *const set = std::getenv("XDG_DATA_HOME");
-    if (set && *set == '/')
-        return set;
     const char *home = std::getenv("HOME");
     if (const passwd *user = home && *home ? nullptr : ::getpwuid(::getuid()))
         home = user->pw_dir;
-    return fs::path(home && *home ? home : "/") / ".local/share";
+    return home && *home ? home : "/";
+}
+
+// What the environment names, by a full path alone, otherwise the usual place below the user's home.
+fs::path userFolder(const char *variable, const char *usual)
+{
+    const char *const set = std::getenv(variable);
+    return set && *set == '/' ? fs::path(set) : userHome() / usual;
+}
+
+// What an installation shares among all its users; not there for a program that runs where it was built.
+fs::path sharedFolder(const fs::path &executableFolder)
+{
+    return (executableFolder / CIRCUIDEX_SHARED).lexically_normal();
+}
+
+bool isFolder(const fs::path &path)
+{
+    std::error_code ignored; // what can't be looked at isn't there
+    return fs::is_directory(path, ignored);
 }
 
 }
@@ -30,24 +46,39 @@ fs::path executableFolder()
     return fs::read_symlink("/proc/self/exe", error).parent_path();
 }
 
-fs::path exampleFolder()
+fs::path exampleFolder(const fs::path &executableFolder)
 {
-    std::error_code ignored; // what can't be looked at isn't there
-    for (const fs::path &place : {executableFolder() / "exemples", executableFolder().parent_path() / "sample"})
-        if (fs::is_directory(place, ignored))
+    for (const fs::path &place : {executableFolder / "exemples", sharedFolder(executableFolder) / "saisons-d-exemple",
+                                  executableFolder.parent_path() / "sample"})
+        if (isFolder(place))
             return place;
     return {};
 }
 
-fs::path programFolder()
+fs::path exampleFolder()
 {
-    const fs::path beside = executableFolder();
-    if (::access(beside.c_str(), W_OK) == 0)
-        return beside;
-    const fs::path own = userData() / "Circuidex";
+    return exampleFolder(executableFolder());
+}
+
+// The installed program's own folder is nobody's to write, even where root may.
+fs::path programFolder(const fs::path &executableFolder)
+{
+    if (!isFolder(sharedFolder(executableFolder)) && ::access(executableFolder.c_str(), W_OK) == 0)
+        return executableFolder;
+    const fs::path own = userFolder("XDG_DATA_HOME", ".local/share") / "Circuidex";
     std::error_code ignored; // what follows finds no folder then
     fs::create_directories(own, ignored);
     return own;
+}
+
+fs::path programFolder()
+{
+    return programFolder(executableFolder());
+}
+
+fs::path stateFolder()
+{
+    return userFolder("XDG_STATE_HOME", ".local/state") / "circuidex";
 }
 
 }

@@ -13,9 +13,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void present(QMessageBox &box, const std::string &text)
+const std::string programName = "Circuidex";
+
+void present(QMessageBox &box, const std::string &title, const std::string &text)
 {
-    box.setWindowTitle(u"Circuidex"_s);
+    box.setWindowTitle(QString::fromStdString(title));
     box.setTextFormat(Qt::PlainText);
     box.setText(QString::fromStdString(text));
     box.setWindowFlag(Qt::WindowStaysOnTopHint);
@@ -33,21 +35,40 @@ QString nameFor(QString title)
     return title;
 }
 
+// Above the screens, which are kept on top.
+std::optional<std::string> chosenIn(QFileDialog &dialog)
+{
+    dialog.setWindowFlag(Qt::WindowStaysOnTopHint);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    return dialog.selectedFiles().constFirst().toStdString();
+}
+
 }
 
 void QtDialogs::message(const std::string &text)
 {
+    messageUnder(programName, text);
+}
+
+bool QtDialogs::question(const std::string &text)
+{
+    return questionUnder(programName, text);
+}
+
+void QtDialogs::messageUnder(const std::string &title, const std::string &text)
+{
     QMessageBox box; // no parent: a timer may close the screen in front while the box is up
-    present(box, text);
+    present(box, title, text);
     box.setIcon(QMessageBox::Information);
     box.addButton(u"OK"_s, QMessageBox::AcceptRole);
     box.exec();
 }
 
-bool QtDialogs::question(const std::string &text)
+bool QtDialogs::questionUnder(const std::string &title, const std::string &text)
 {
     QMessageBox box; // no parent: a timer may close the screen in front while the box is up
-    present(box, text);
+    present(box, title, text);
     box.setIcon(QMessageBox::Question);
     const QAbstractButton *yes = box.addButton(u"Oui"_s, QMessageBox::YesRole);
     box.addButton(u"Non"_s, QMessageBox::NoRole);
@@ -58,11 +79,17 @@ bool QtDialogs::question(const std::string &text)
 std::optional<std::string> QtDialogs::chooseFile(const std::string &title, const std::string &filter,
                                                  const std::string &preset)
 {
-    const QString first = QString::fromStdString(preset);
-    const QString path = QFileDialog::getOpenFileName(nullptr, QString::fromStdString(title),
-                                                      QFileInfo::exists(first) ? first : QString(),
-                                                      QString::fromStdString(filter));
-    return path.isEmpty() ? std::nullopt : std::optional(path.toStdString());
+    const QFileInfo first(QString::fromStdString(preset));
+    QFileDialog dialog(nullptr, QString::fromStdString(title), m_folder, QString::fromStdString(filter));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    if (first.exists()) {
+        dialog.setDirectory(first.path());
+        dialog.selectFile(first.fileName());
+    }
+    auto chosen = chosenIn(dialog);
+    if (chosen)
+        m_folder = dialog.directory().path();
+    return chosen;
 }
 
 std::optional<std::string> QtDialogs::chooseNewFile(const std::string &title, const std::string &filter)
@@ -72,9 +99,7 @@ std::optional<std::string> QtDialogs::chooseNewFile(const std::string &title, co
     dialog.selectFile(nameFor(QString::fromStdString(title)));
     const QString ending = dialog.nameFilters().value(0).section(QLatin1String("*."), 1).section(u')', 0, 0);
     dialog.setDefaultSuffix(ending);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-        return std::nullopt;
-    return dialog.selectedFiles().constFirst().toStdString();
+    return chosenIn(dialog);
 }
 
 }

@@ -1,9 +1,12 @@
 #include "platform/qt_platform.h"
 
+#include "platform/program_folder.h"
 #include "platform/qt_pictures.h"
+#include "platform/x_output.h"
 
 #include <QCoreApplication>
 #include <QDesktopServices>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QPageLayout>
 #include <QPainter>
@@ -47,6 +50,14 @@ void preview(QPageLayout::Orientation orientation, const std::function<void(QPri
     dialog.setWindowFlag(Qt::WindowStaysOnTopHint);
     QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&paint](QPrinter *on) { paint(*on); });
     dialog.exec();
+}
+
+// No ordinary file, or one far too large, was not written by this program.
+QString stateFile()
+{
+    const QFileInfo file(QString::fromStdString((stateFolder() / "etat.ini").string()));
+    constexpr qint64 largest = 1 << 20;
+    return file.exists() && (!file.isFile() || file.size() > largest) ? QString() : file.filePath();
 }
 
 QPageLayout::Orientation orientationFor(const QWidget &screen)
@@ -98,6 +109,13 @@ std::shared_ptr<QTextDocument> asDocument(const QString &text)
     return document;
 }
 
+// Under Wayland the compositor alone sets the modes of the displays.
+std::unique_ptr<DisplayOutput> changeableOutput()
+{
+    const bool x = QGuiApplication::platformName() == QLatin1String("xcb") && qgetenv("XDG_SESSION_TYPE") != "wayland";
+    return x ? primaryXOutput() : nullptr;
+}
+
 }
 
 void drawScreen(QWidget &screen, QPainter &painter, const QSizeF &page)
@@ -119,6 +137,23 @@ bool printText(const QString &text, const QString &pdfFile)
     if (printer)
         asDocument(text)->print(printer.get());
     return printer && printer->printerState() != QPrinter::Error;
+}
+
+QtPlatform::QtPlatform() : m_display(changeableOutput, stateFolder()), m_kept(stateFile(), QSettings::IniFormat) { }
+
+bool QtPlatform::placesWindows() const
+{
+    return !QGuiApplication::platformName().startsWith(QLatin1String("wayland")); // whose compositor does
+}
+
+std::string QtPlatform::remembered(const std::string &what) const
+{
+    return m_kept.value(QString::fromStdString(what)).toString().toStdString();
+}
+
+void QtPlatform::remember(const std::string &what, const std::string &text)
+{
+    m_kept.setValue(QString::fromStdString(what), QString::fromStdString(text));
 }
 
 void QtPlatform::print(QWidget &screen, const std::string &, Printing how)
@@ -164,14 +199,35 @@ void QtPlatform::openAddress(const std::string &address)
     QDesktopServices::openUrl(QUrl(QString::fromStdString(address)));
 }
 
-// Not by quit(), which would close the windows one by one.
 DisplayMode QtPlatform::displayMode() const
 {
     const QScreen *display = QGuiApplication::primaryScreen();
+    const int depth = display->depth() == 24 ? 32 : display->depth(); // bits of colour, bits of a pixel
+    if (const auto mode = m_display.present())
+        return {mode->width, mode->height, depth};
     const QSize size = display->size() * display->devicePixelRatio();
-    return {size.width(), size.height(), display->depth()};
+    return {size.width(), size.height(), depth};
 }
 
+DisplayChange QtPlatform::changeDisplay(const DisplayMode &mode, int hertz)
+{
+    return m_display.change(mode.width, mode.height, hertz) ? DisplayChange::done : DisplayChange::refused;
+}
+
+void QtPlatform::changeDisplayPlainly(int width, int height)
+{
+    m_display.changePlainly(width, height);
+}
+
+// Asks the system's session manager, which asks the user for his password where he may not.
+void QtPlatform::restartMachine()
+{
+    for (const char *const manager : {"systemctl", "loginctl"})
+        if (QProcess::startDetached(QString::fromLatin1(manager), {QStringLiteral("reboot")}))
+            return;
+}
+
+// Not by quit(), which would close the windows one by one.
 void QtPlatform::endProgram()
 {
     QCoreApplication::exit(0);
@@ -179,7 +235,8 @@ void QtPlatform::endProgram()
 
 Room QtPlatform::roomFor(const QWidget &window) const
 {
-    const QRect free = window.screen()->availableGeometry();
+    const QScreen *there = QGuiApplication::screenAt(window.geometry().center()); // also before it is shown there
+    const QRect free = (there ? there : window.screen())->availableGeometry();
     return {free.x(), free.y(), free.width(), free.height()};
 }
 

@@ -1,10 +1,13 @@
 #pragma once
-// The real machine: printing through the system's printers, addresses through its default programs, films through mpv.
+// The real machine: printing through the system's printers, addresses through its default programs, films through mpv,
+// the mode of the display through X.
 #include "media/player_state.h"
+#include "platform/display_changer.h"
 #include "platform/mpv_player.h"
 #include "platform/platform.h"
 
 #include <QObject>
+#include <QSettings>
 #include <QSizeF>
 #include <QString>
 
@@ -16,20 +19,32 @@ namespace circuidex {
 
 class QtPlatform : public Platform {
 public:
+    QtPlatform();
+
     void print(QWidget &screen, const std::string &name, Printing how) override;
     void printText(const std::string &text, Printing how) override;
     media::FilmPlayer &player() override { return m_player; }
     void startProgram(const std::string &path) override;
     void openAddress(const std::string &address) override;
     DisplayMode displayMode() const override;
-    DisplayChange changeDisplay(const DisplayMode &, int) override { return DisplayChange::refused; }
-    void changeDisplayPlainly(int, int) override { }
-    void restartMachine() override { }
+    // X has one depth for a whole session, so that any is taken.
+    DisplayChange changeDisplay(const DisplayMode &mode, int hertz) override;
+    void changeDisplayPlainly(int width, int height) override;
+    void restartMachine() override;
     void endProgram() override;
     Room roomFor(const QWidget &window) const override;
+    bool placesWindows() const override;
+    std::string remembered(const std::string &what) const override;
+    void remember(const std::string &what, const std::string &text) override;
+
+    // What a start does first: the user's own display mode, when an earlier run died before it had put it back.
+    void putDisplayBack() { m_display.putBack(); }
 
 private:
     void wake();
+
+    DisplayChanger m_display;
+    QSettings m_kept; // in the folder for what a user's programs remember
 
     QObject m_here; // what other threads send for is done on the thread of the program
     std::atomic<bool> m_sentFor = false;

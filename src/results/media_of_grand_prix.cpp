@@ -7,7 +7,6 @@ namespace circuidex::results {
 
 namespace {
 
-const std::string pictureFilter = "Images (*.jpg *.jpeg *.png *.bmp *.gif *.webp);;Tous les fichiers (*)";
 const std::string filmFilter = "Vidéos (*.avi *.mpg *.mpeg *.wmv *.mp4 *.mkv);;Tous les fichiers (*)";
 
 void keep(MainRecord &main, const std::string &key, const std::string &path)

@@ -4,6 +4,8 @@
 
 namespace circuidex::results {
 
+inline const std::string pictureFilter = "Images (*.jpg *.jpeg *.png *.bmp *.gif *.webp);;Tous les fichiers (*)";
+
 // Asks for a picture or a film of any kind of the program's. A file whose path the data files can't hold is refused with a
 // message, as if the user had cancelled. The preset stands in the choice at first.
 std::optional<std::string> choosePictureFile(Dialogs &dialogs, const std::string &title, const std::string &preset = {});

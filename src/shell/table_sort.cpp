@@ -3,6 +3,7 @@
 #include "shell/table.h"
 
 #include <QHeaderView>
+#include <QLabel>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -48,8 +49,13 @@ bool comesBefore(const QString &a, const QString &b)
     return QString::localeAwareCompare(folded(a), folded(b)) < 0;
 }
 
-TableSort::TableSort(Table &table) : QObject(&table), m_table(table)
+TableSort::TableSort(Table &table)
+    : QObject(&table), m_table(table), m_mark(new QLabel(table.horizontalHeader()->viewport()))
 {
+    m_mark->setTextFormat(Qt::PlainText);
+    m_mark->setObjectName(u"sorted"_s);
+    m_mark->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_mark->hide();
     QHeaderView *titles = table.horizontalHeader();
     titles->setSectionsClickable(true);
     connect(titles, &QHeaderView::sectionClicked, this, &TableSort::by);
@@ -61,16 +67,27 @@ void TableSort::by(int column)
     const bool again = column == m_column;
     m_order = again && m_order == Qt::AscendingOrder ? Qt::DescendingOrder : Qt::AscendingOrder;
     m_column = column;
-    m_table.horizontalHeader()->setSortIndicator(column, m_order);
-    m_table.horizontalHeader()->setSortIndicatorShown(true);
+    mark();
     arrange();
 }
 
 void TableSort::back()
 {
     m_column = -1;
-    m_table.horizontalHeader()->setSortIndicatorShown(false);
+    mark();
     arrange();
+}
+
+// The style's own arrow would take its room from all titles.
+void TableSort::mark()
+{
+    const QHeaderView &titles = *m_table.horizontalHeader();
+    m_mark->setVisible(sorted());
+    if (!sorted())
+        return;
+    m_mark->setText(m_order == Qt::AscendingOrder ? u"▲"_s : u"▼"_s);
+    m_mark->adjustSize();
+    m_mark->move(titles.sectionViewportPosition(m_column) + (titles.sectionSize(m_column) - m_mark->width()) / 2, 0);
 }
 
 void TableSort::arrange()

@@ -2,7 +2,8 @@
 // The rows of a table in another order, for the eye alone: a row keeps its number, so that its cells mean the same to
 // the program, and a click finds the row that it hit. The order follows when the texts change.
 #include <QObject>
-#include <QPointer>
+
+class QLabel;
 
 namespace circuidex {
 
@@ -24,8 +25,10 @@ public:
 private:
     void arrange();
     void soon();
+    void mark();
 
     Table &m_table;
+    QLabel *m_mark; // over the title of the column
     int m_column = -1;
     Qt::SortOrder m_order = Qt::AscendingOrder;
     bool m_arranging = false;

@@ -15,6 +15,10 @@ public:
     // A question with Yes and No; true for Yes.
     virtual bool question(const std::string &text) = 0;
 
+    // The same two, under a title of their own where boxes have one.
+    virtual void messageUnder(const std::string &, const std::string &text) { message(text); }
+    virtual bool questionUnder(const std::string &, const std::string &text) { return question(text); }
+
     // The chosen path, absent when the user cancels. The filter is in the form "Images (*.jpg *.png)"; the preset is the
     // file that stands in the choice at first.
     virtual std::optional<std::string> chooseFile(const std::string &title, const std::string &filter,

@@ -281,6 +281,17 @@ bool replace(const std::string &path, std::string_view bytes, bool held, Stamp &
     return false;
 }
 
+bool append(const std::string &path, std::string_view bytes)
+{
+    Descriptor file(path, O_WRONLY | O_CREAT | O_APPEND | O_NOFOLLOW, 0666);
+    return file && writeAll(file.number(), bytes) && file.close();
+}
+
+bool rename(const std::string &from, const std::string &to)
+{
+    return calls.rename(from.c_str(), to.c_str()) == 0;
+}
+
 bool syncFile(const std::string &path)
 {
     const Descriptor file(path, O_RDONLY | O_NONBLOCK);

@@ -70,6 +70,12 @@ Stamp repairAndRead(const std::string &path, std::string &bytes);
 // mode. A file that may not be written is not replaced either. With its content held, the disk has no part in it.
 bool replace(const std::string &path, std::string_view bytes, bool held, Stamp &after);
 
+// Adds the bytes to the end of a file, which is made if need be. A kill may leave a part of them.
+bool append(const std::string &path, std::string_view bytes);
+
+// In one step; what bore the other name is gone. False between two disks.
+bool rename(const std::string &from, const std::string &to);
+
 bool syncFile(const std::string &path);
 bool syncFolder(const std::string &path);
 

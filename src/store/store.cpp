@@ -1,5 +1,6 @@
 #include "store/store.h"
 
+#include "store/history.h"
 #include "store/text.h"
 #include "store/text_file.h"
 
@@ -100,7 +101,10 @@ const char *inFrench(Damage damage)
 
 }
 
-Store::Store(std::filesystem::path folder, Numbers numbers) : m_folder(std::move(folder)), m_numbers(numbers) { }
+Store::Store(std::filesystem::path folder, Numbers numbers)
+    : m_folder(std::move(folder)), m_numbers(numbers), m_history(std::make_unique<History>(m_folder.string()))
+{
+}
 
 Store::~Store()
 {
@@ -368,6 +372,7 @@ bool Store::replace(const std::string &path, std::string_view bytes, disk::Stamp
     const bool first = known == m_unsettled.end();
     if (target.empty() || bytes.size() > disk::largest)
         return false;
+    m_history->before(path);
     const bool held = first ? disk::keepOld(target) : known->held;
     if (!disk::replace(target, bytes, held, after)) {
         if (first && held)
@@ -480,6 +485,29 @@ void Store::settle()
         if (each.held && folders[disk::folderOf(each.path)])
             disk::dropOld(each.path);
     m_unsettled.clear();
+    m_history->rest();
+}
+
+void Store::keepHistory()
+{
+    if (!m_readOnly)
+        m_history->open();
+}
+
+std::string Store::turnHistory(bool back)
+{
+    if (m_readOnly)
+        return std::string("Lecture seule : rien ne peut être ") + (back ? "annulé." : "rétabli.");
+    if (m_history->finish)
+        m_history->finish();
+    settle();
+    if (std::any_of(m_files.begin(), m_files.end(), [](const auto &each) { return each.second->held.has_value(); }))
+        return "Une action est en cours : attendez qu'elle soit finie.";
+    std::string refusal = m_history->turn(back ? History::Turn::undo : History::Turn::redo);
+    for (const auto &[stem, entry] : m_files)
+        entry->loaded = false;
+    newMoment();
+    return refusal;
 }
 
 std::string Store::yearMarker() const

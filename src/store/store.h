@@ -20,6 +20,8 @@
 
 namespace circuidex {
 
+class History;
+
 class Store {
 public:
     explicit Store(std::filesystem::path folder, Numbers numbers = Numbers());
@@ -82,6 +84,14 @@ public:
     // moves it out of the way, to its name with the date, as "f12005.ini.2026-11-22_2145.abime".
     void protect() { m_protected = true; }
 
+    // The user's actions of late (store/history.h). From keepHistory() on they are noted and can be undone and redone;
+    // that comes before the first file is read. Undo and redo answer the sentence, in French, why they were refused;
+    // empty when it is done. All files may have changed then.
+    History &history() const { return *m_history; }
+    void keepHistory();
+    std::string undo() { return turnHistory(true); }
+    std::string redo() { return turnHistory(false); }
+
     // From now on nothing in the folder is changed: each write is lost.
     void setReadOnly() { m_readOnly = true; }
     bool readOnly() const { return m_readOnly; }
@@ -140,6 +150,7 @@ private:
     bool set(Entry &entry, std::string_view section, std::string_view key, std::string_view value);
     bool write(Entry &entry);
     void flush(Entry &entry);
+    std::string turnHistory(bool back);
     bool replaceDamaged(const std::string &path, std::string_view bytes, disk::Stamp &after);
     bool replace(const std::string &path, std::string_view bytes, disk::Stamp &after);
     std::string writtenFile(const std::string &path) const;
@@ -151,6 +162,7 @@ private:
 
     std::filesystem::path m_folder;
     Numbers m_numbers;
+    const std::unique_ptr<History> m_history;
     mutable std::map<std::string, std::unique_ptr<Entry>, std::less<>> m_files; // by stem
     mutable Entry *m_lastUsed = nullptr; // nearly always the one asked for
     mutable std::string m_section, m_key; // room for the names of one call in the code page

@@ -1,11 +1,13 @@
 // Every screen of the program opens, shows itself and closes: on full seasons, in an empty folder, on files that are no
 // seasons, and in a folder that is gone.
 #include "shell/driven_program.h"
+#include "shell/page.h"
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QLabel>
 #include <QMessageBox>
+#include <QScrollBar>
 #include <QToolTip>
 #include <random>
 
@@ -138,7 +140,7 @@ TEST_P(EveryScreen, OpensAndCloses)
     for (const ScreenRow &row : screens.rows()) {
         const std::string name = row.name.toStdString();
         SCOPED_TRACE(name);
-        if (name == "Form1")
+        if (name == "Form1" || name == "Form47") // the end of the program
             continue;
         {
             const PlainFromTheBegin watched;
@@ -152,6 +154,9 @@ TEST_P(EveryScreen, OpensAndCloses)
         }
         ASSERT_NE(screen, nullptr);
         EXPECT_FALSE(screen->grab().isNull());
+        const bool ordinary = GetParam().name == std::string("sample") || GetParam().name == std::string("empty");
+        for (const Page *page : screen->findChildren<Page *>())
+            EXPECT_FALSE(ordinary && page->horizontalScrollBar()->isVisible()) << "wider than its window";
         expectPlainText(*screen);
         for (Table *table : screen->tables())
             QAbstractItemModelTester(&table->model(), QAbstractItemModelTester::FailureReportingMode::Fatal);

@@ -60,6 +60,8 @@ TEST_F(PrintedScreens, EveryScreenThatOffersItGivesOnePage)
     for (const ScreenRow &row : driver->program().screens().rows()) {
         const std::string name = row.name.toStdString();
         SCOPED_TRACE(name);
+        if (name == "Form47")
+            continue; // the end of the program
         say("open " + name);
         say("settle");
         Screen *shown = driver->program().screens().find(row.name);

@@ -54,6 +54,8 @@ TEST_P(OnDisplay, EveryScreenIsWholeAndSpeaks)
     for (const ScreenRow &row : screens.rows()) {
         const std::string name = row.name.toStdString();
         SCOPED_TRACE(name);
+        if (name == "Form47")
+            continue; // the end of the program
         answer(driver, "open " + name);
         answer(driver, "settle");
         const Screen *screen = screens.find(row.name);

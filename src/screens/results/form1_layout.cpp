@@ -3,12 +3,14 @@
 
 #include "results/media_of_grand_prix.h"
 #include "results/navigation.h"
+#include "results/options.h"
 #include "screens/results/form1_side_screens.h"
 #include "shell/look.h"
 #include "kinds/page_view.h"
 #include "kinds/place_names.h"
 
 #include <QBoxLayout>
+#include <QCheckBox>
 #include <QGridLayout>
 
 #include <vector>
@@ -51,12 +53,29 @@ QLabel *caption(const QString &words)
     return styled(words, "hint");
 }
 
+// A card in what is left below the others: as high as it must be, and no reason to keep the window from shrinking.
+class LeftOver : public QWidget {
+public:
+    explicit LeftOver(QWidget *inside) : m_inside(inside) { inside->setParent(this); }
+    QSize sizeHint() const override { return {0, m_inside->heightForWidth(leastWidth)}; }
+    QSize minimumSizeHint() const override { return {0, 0}; }
+
+protected:
+    void resizeEvent(QResizeEvent *) override { m_inside->setGeometry(rect()); }
+
+private:
+    static constexpr int leastWidth = 1000; // pixels
+    QWidget *m_inside;
+};
+
 }
 
 void Form1::layOut()
 {
-    auto *columns = new QHBoxLayout(body());
-    columns->setContentsMargins(look::gap, look::gap, look::gap, look::gap);
+    auto *rows = new QVBoxLayout(body());
+    rows->setContentsMargins(look::gap, look::gap, look::gap, look::gap);
+    rows->setSpacing(look::gap);
+    auto *columns = new QHBoxLayout;
     columns->setSpacing(look::gap);
     auto *race = new QVBoxLayout;
     race->setSpacing(look::gap);
@@ -72,6 +91,39 @@ void Form1::layOut()
     columns->addLayout(race, 5);
     columns->addWidget(picturesCard(), 4);
     columns->addLayout(commands, 3);
+    rows->addLayout(columns, 1);
+    rows->addWidget(displayCard());
+}
+
+// Why and how the display can take the mode that the screens are made for.
+QWidget *Form1::displayCard()
+{
+    auto *layout = new QVBoxLayout;
+    layout->setSpacing(4);
+    const auto words = [&](int which, const QString &text) {
+        auto *label = add(u"Adaptation"_s, new Label(text), which);
+        label->setWordWrap(true);
+        layout->addWidget(label);
+    };
+    words(0, u"Si vous voyez cette case c'est que la résolution de votre écran est mal adaptée au logiciel. Pour adapter "
+             "automatiquement la résolution d'écran a Circuidex, et ainsi disposer de statistiques en plein écran, cochez "
+             "l'option suivante :"_s);
+    auto *tick = add(u"Check1"_s, new QCheckBox(u"Adapter la résolution d'écran a Circuidex"_s));
+    connect(tick, &QCheckBox::clicked, this, [this] {
+        results::setAdaptsDisplay(m_main.writableSeason(), true);
+        adapt();
+    });
+    layout->addWidget(tick, 0, Qt::AlignLeft);
+    words(1, u"Votre écran adoptera une résolution de 1024x768 durant l'éxécution du logiciel et restaurera les anciens "
+             "paramètres après sa fermeture. Pour désactiver l'option d'ajustement automatique de résolution, allez dans les "
+             "options du logiciel et cliquez sur \"Désactiver l'ajustement automatique de résolution\"."_s);
+    const QString heading = u"Résolution d'écran"_s;
+    ShapeControl &frame = shape(u"Frame1"_s);
+    frame.textNow = [heading] { return heading; };
+    frame.geometryNow = [this] { return TwipRect{120, 11640, place().width - 240, m_display->sizeHint().height() * twipsPerPixel}; };
+    m_display = new LeftOver(card(heading, layout));
+    m_display->hide();
+    return m_display;
 }
 
 Edit *Form1::edit(const QString &name, Field &field, int width, const QString &tip)
@@ -371,7 +423,7 @@ QWidget *Form1::footer()
         leadsTo(*labels.back(), row.screen);
     }
     labels.push_back(command(u"Label71"_s, u"Réduire"_s, [this] { showMinimized(); }));
-    labels.push_back(command(u"Label53"_s, u"Quitter"_s, [this] { close(); }));
+    labels.push_back(command(u"Label53"_s, u"Quitter"_s, [this] { leave(); }));
     labels.back()->setToolTip(u"Fermer Circuidex"_s);
     auto next = labels.begin();
     for (const int count : {2, 3, 3}) {

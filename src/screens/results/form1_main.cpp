@@ -1,5 +1,6 @@
 #include "screens/results/form1_main.h"
 
+#include "kinds/display_mode.h"
 #include "kinds/name_search.h"
 #include "kinds/page_view.h"
 #include "kinds/picker.h"
@@ -19,7 +20,8 @@
 namespace circuidex::screens {
 
 Form1::Form1(Context &theContext, const QString &name, const QString &title)
-    : Screen(theContext, name, title, Chrome::mainWindow), m_main(theContext.main)
+    : Screen(theContext, name, theContext.store.readOnly() ? title + u"(lecture seule)"_s : title, Chrome::mainWindow),
+      m_main(theContext.main)
 {
     setMouseTracking(true);
     registerHidden();
@@ -34,19 +36,32 @@ Form1::Form1(Context &theContext, const QString &name, const QString &title)
     m_main.clearTotalsSoon = [this](const std::string &season) { clearTotalsSoon(qt(season)); };
     context.screens.onChange = [this](const QString &screen, bool open) { screenChanged(screen, open); };
     comeBack();
+    standWhereLeft();
     start();
 }
 
-// What opening the program does: the marked season, its last Grand Prix, scale, "nogp" and skin;
-// then the start-up notice.
+// What opening the program does: the marked season, the mode of the display, the season's last Grand Prix, scale, "nogp"
+// and skin; then the start-up notice.
 void Form1::start()
 {
     if (results::openMarkedSeason(m_main))
         context.screens.open(u"Form46"_s);
+    const DisplayMode mode = context.platform.displayMode();
+    results::saveDisplay(m_main.writableSeason(), {mode.width, mode.height, mode.depth});
+    if (results::adaptsDisplay(m_main.season()))
+        adapt();
     results::openOnLastRecorded(m_main);
     context.skin = skinNamed(results::chosenSkin(context.store));
     dress();
     fetchNotice(context, u"//progload2.htm"_s, this);
+    context.screens.close(u"Intro"_s);
+}
+
+void Form1::adapt()
+{
+    adaptDisplay(context);
+    if (seen()) // and not behind the first start
+        comeBack();
 }
 
 void Form1::registerHidden()
@@ -89,7 +104,7 @@ void Form1::registerHidden()
 
     using Kind = TimerControl::Kind;
     m_records = &timer(u"Timerrecords"_s, 0, Kind::once, [this] {
-        statistics::sortAllTimeLists(context.store);
+        sortTimeLists();
         context.screens.close(u"Form32"_s);
         context.screens.close(u"Form4"_s);
     });
@@ -167,7 +182,14 @@ void Form1::afterResult()
 {
     showPodium();
     context.screens.close(u"Form32"_s);
+    m_records->tag = u"à trier"_s;
     m_records->start(10);
+}
+
+void Form1::sortTimeLists()
+{
+    m_records->tag.clear();
+    statistics::sortAllTimeLists(context.store);
 }
 
 void Form1::record()
@@ -276,22 +298,39 @@ void Form1::comeBack()
 
 void Form1::registerShortcuts()
 {
-    const std::pair<QKeySequence, QString> presses[] = {
-        {Qt::Key_PageDown, u"Command8"_s},
-        {Qt::Key_PageUp, u"Command9"_s},
-        {Qt::CTRL | Qt::Key_PageDown, u"Command28"_s},
-        {Qt::CTRL | Qt::Key_PageUp, u"Command29"_s},
-        {Qt::Key_F5, u"Label12"_s},
-        {Qt::CTRL | Qt::Key_N, u"Label36"_s},
-        {Qt::CTRL | Qt::Key_E, u"Command26"_s},
-        {Qt::CTRL | Qt::Key_S, u"Label43"_s},
-        {Qt::CTRL | Qt::Key_G, u"Command30"_s},
+    struct Presses {
+        QKeySequence keys;
+        QString control, does;
     };
-    for (const auto &[keys, pressed] : presses)
-        shortcut(keys, [this, pressed = pressed] {
-            if (typedHolds())
-                press(pressed);
-        });
+    const Presses presses[] = {
+        {Qt::Key_PageDown, u"Command8"_s, u"Grand Prix suivant"_s},
+        {Qt::Key_PageUp, u"Command9"_s, u"Grand Prix précédent"_s},
+        {Qt::CTRL | Qt::Key_PageDown, u"Command28"_s, u"Saison suivante"_s},
+        {Qt::CTRL | Qt::Key_PageUp, u"Command29"_s, u"Saison précédente"_s},
+        {Qt::Key_F5, u"Label12"_s, u"Afficher le Grand Prix nommé"_s},
+        {Qt::CTRL | Qt::Key_N, u"Label36"_s, u"Aller au premier Grand Prix à enregistrer"_s},
+        {Qt::CTRL | Qt::Key_E, u"Command26"_s, u"Enregistrer un Grand-Prix, nom par nom"_s},
+        {Qt::CTRL | Qt::Key_S, u"Label43"_s, u"Enregistrer les modifications du Grand Prix affiché"_s},
+        {Qt::CTRL | Qt::Key_G, u"Command30"_s, u"Grille de départ du Grand Prix affiché"_s},
+    };
+    for (const auto &[keys, control, does] : presses)
+        shortcut(
+            keys,
+            [this, control = control] {
+                if (typedHolds())
+                    press(control);
+            },
+            does);
+    tellKey(u"Flèche gauche, flèche droite"_s, u"Grand Prix précédent, suivant (hors des champs)"_s);
+}
+
+// Only a window taller than the display that the columns are made for has room for that card.
+void Form1::resizeEvent(QResizeEvent *event)
+{
+    constexpr int madeFor = 768; // pixels
+    Screen::resizeEvent(event);
+    if (m_display)
+        m_display->setVisible(height() >= madeFor + m_display->sizeHint().height());
 }
 
 // Outside the fields, where they move the text cursor.
@@ -349,17 +388,30 @@ void Form1::showAgeOfStatus()
     static_cast<WidgetControl *>(control(u"Label11"_s))->widget()->setToolTip(qt(m_recordedGp + " " + m_recordedSeason).trimmed());
 }
 
+// The way out of the program, up to the screen that ends it and that closes this one.
+void Form1::leave()
+{
+    if (isYear(m_main.an.text())) // anything else would open on nothing
+        context.store.setYearMarker(m_main.an.text());
+    context.screens.close(u"Form8"_s);
+    context.screens.open(u"Form47"_s);
+}
+
+// The same for whoever closes the window, and what timers still had to do. The display comes last: what the screens keep
+// is kept by then.
 void Form1::closing()
 {
     if (!m_newSeason->tag.isEmpty())
         clearNewSeason();
-    if (isYear(m_main.an.text())) // anything else would open on nothing
-        context.store.setYearMarker(m_main.an.text());
+    if (!m_records->tag.isEmpty())
+        sortTimeLists();
+    leave();
     if (const auto running = results::runningSimulation(context.store)) // also one that a kill left
         results::stopSimulation(m_main, *running);
     m_main.clearTotalsSoon = {};
     context.screens.onChange = {};
-    context.screens.closeAll();
+    context.screens.closeAllBut(u"Form47"_s);
+    restoreDisplay(context);
 }
 
 ScreenRows form1()

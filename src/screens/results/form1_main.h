@@ -17,6 +17,7 @@ protected:
     void closing() override;
     void keyPressEvent(QKeyEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void registerHidden();
@@ -33,6 +34,7 @@ private:
     QWidget *windowCommands();
     QWidget *footer();
     QWidget *addresses();
+    QWidget *displayCard();
 
     Edit *edit(const QString &name, Field &field, int width, const QString &tip);
     void nameTyped(Edit *box, Field &number, Field &name);
@@ -59,12 +61,16 @@ private:
     void showCircuitLarge();
     void gpTyped(const std::string &text);
     void start();
+    void adapt();
+    void sortTimeLists();
+    void leave();
     void clearTotalsSoon(const QString &season);
     void clearNewSeason();
 
     results::MainRecord &m_main;
     QStringList m_pointed;
     std::string m_recordedGp, m_recordedSeason; // of which the status line speaks
+    QWidget *m_display = nullptr; // the card about the display's mode, shown where there is room for it
     TimerControl *m_newSeason = nullptr, *m_records = nullptr, *m_lap = nullptr, *m_img = nullptr, *m_vid = nullptr;
 };
 

@@ -49,8 +49,10 @@ Form48::Form48(Context &theContext, const QString &name, const QString &title)
     auto *on = button(u"Command5"_s, u"▶"_s, [this] { step(1, 200); });
     back->setToolTip(u"Grand Prix précédent (Page préc.)"_s);
     on->setToolTip(u"Grand Prix suivant (Page suiv.)"_s);
-    shortcut(Qt::Key_PageUp, [this] { press(u"Command6"_s); });
-    shortcut(Qt::Key_PageDown, [this] { press(u"Command5"_s); });
+    shortcut(
+        Qt::Key_PageUp, [this] { press(u"Command6"_s); }, u"Grand Prix précédent"_s);
+    shortcut(
+        Qt::Key_PageDown, [this] { press(u"Command5"_s); }, u"Grand Prix suivant"_s);
     m_grid = table({{u"Label1"_s, u"Place"_s, 60, Qt::AlignRight},
                     {u"Text99"_s, u"Pilote"_s, 0, Qt::AlignLeft,
                      u"Cliquez (ou Entrée) pour choisir le pilote, Suppr pour vider la place"_s, 0, true}},
@@ -67,7 +69,9 @@ Form48::Form48(Context &theContext, const QString &name, const QString &title)
     auto *store = button(u"Command1"_s, u"Enregistrer modifiactions"_s, [this] { this->store(); });
     store->makeMain();
     store->setToolTip(u"Enregistrer cette grille (Ctrl+S)"_s);
-    shortcut(u"Ctrl+S"_s, [this] { press(u"Command1"_s); });
+    shortcut(
+        u"Ctrl+S"_s, [this] { press(u"Command1"_s); }, u"Enregistrer cette grille"_s);
+    tellKey(u"Suppr"_s, u"Vider la place"_s);
     auto *head = new QHBoxLayout;
     head->addWidget(styled(u"Défilement des GP:"_s, "hint"));
     head->addWidget(back);

@@ -38,7 +38,7 @@ private:
 Form17::Form17(Context &theContext, const QString &name, const QString &title) : Screen(theContext, name, title)
 {
     m_picture = add(u"Image1"_s, new OpeningPicture);
-    m_picture->setPath(openingPicturePath(context.store));
+    m_picture->setPath(openingPicturePath(context));
     m_picture->setMinimumSize(384, 240);
     m_picture->setToolTip(u"Cliquez pour agrandir"_s);
     m_picture->onClick = [this] { enlarge(); };

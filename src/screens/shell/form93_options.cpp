@@ -1,6 +1,6 @@
 // Form93, the options: the colour of the title bars, which the next screens opened take, and the way out of the
 // automatic change of the display's mode.
-#include "results/main_record.h"
+#include "kinds/display_mode.h"
 #include "results/options.h"
 #include "shell/look.h"
 #include "shell/screens.h"
@@ -29,13 +29,17 @@ public:
 
 private:
     QWidget *colours();
+    QWidget *adaptation();
+    void stopAdapting();
     void choose(std::string_view couleur);
 };
 
 Form93::Form93(Context &theContext, const QString &name, const QString &title) : Screen(theContext, name, title)
 {
     hidden(u"Command5"_s, u"validation"_s, [this] { context.skin = skinNamed(results::chosenSkin(context.store)); });
-    page()->addWidget(colours());
+    auto *layout = page();
+    layout->addWidget(colours());
+    layout->addWidget(adaptation());
     resize(420, sizeHint().height());
 }
 
@@ -51,6 +55,25 @@ QWidget *Form93::colours()
         row->addWidget(button(choice.button, choice.caption, [this, &choice] { choose(choice.couleur); }), 1);
     }
     return card(u"Couleur de la barre de titre:"_s, row);
+}
+
+QWidget *Form93::adaptation()
+{
+    auto *row = new QHBoxLayout;
+    row->setSpacing(0);
+    row->addWidget(add(u"Label3"_s, new Label(u"Pour désactiver l'ajustement automatique de résolution, cliquez "_s)));
+    row->addWidget(command(u"Label4"_s, u"ICI"_s, [this] { stopAdapting(); }));
+    row->addStretch(1);
+    return card(u"Ajustement automatique de résolution:"_s, row);
+}
+
+void Form93::stopAdapting()
+{
+    stopAdaptingDisplay(context);
+    context.screens.bringMainBack();
+    close();
+    if (const Screen *main = context.screens.find(u"Form1"_s))
+        main->setText(u"Check1"_s, u"faux"_s);
 }
 
 void Form93::choose(std::string_view couleur)
