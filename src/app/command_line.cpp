@@ -1,13 +1,14 @@
 #include "app/command_line.h"
 
+#include "app/export.h"
 #include "app/import_command.h"
 #include "app/program.h"
 #include "app/screens.h"
-#include "platform/program_folder.h"
-#include "shell/screens.h"
+#include "store/disk.h"
 
 #include <QCoreApplication>
-#include <QFile>
+#include <QDir>
+#include <QSaveFile>
 
 #include <cstdio>
 
@@ -31,6 +32,16 @@ constexpr Option options[] = {
     {u"liste", u"", u"Donne le nom et le titre de tous les écrans.", false},
     {u"importer", u"ZIP", u"Importe de cette archive de F1DB les saisons nommées derrière : « --importer ZIP 2003 2004 ».", false},
     {u"remplacer", u"", u"Avec « --importer » : remplace aussi les saisons qui existent, après une copie.", false},
+    {u"exporter", u"ÉCRAN",
+     u"Écrit ce que montre cet écran, nommé comme dans la liste, par exemple Form6. Avec « tout » : "
+     u"tous ceux qui ont un tableau ou une courbe, chacun dans son fichier.",
+     false},
+    {u"saison", u"ANNÉE", u"La saison à exporter ; sinon celle sur laquelle le programme s'ouvrirait.", false},
+    {u"format", u"FORMAT",
+     u"csv, html, json, png, pdf, ou pour une courbe svg ; sinon d'après la fin du nom du "
+     u"fichier, ou csv.",
+     false},
+    {u"vers", u"FICHIER", u"Le fichier à écrire, avec « tout » le dossier ; sinon la sortie standard.", false},
 };
 
 QStringList namesOf(const Option &option)
@@ -58,6 +69,12 @@ void silence(QtMsgType type, const QMessageLogContext &, const QString &message)
 {
     if (type == QtFatalMsg)
         std::fputs(qPrintable(message + u'\n'), stderr);
+}
+
+bool write(const QString &path, const QByteArray &bytes)
+{
+    QSaveFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
 }
 
 QByteArray listOfScreens()
@@ -120,6 +137,8 @@ std::optional<int> CommandLine::run() const
         return say(listOfScreens());
     if (has(u"importer"))
         return imported();
+    if (!wantsWindow())
+        return exported();
     return std::nullopt;
 }
 
@@ -131,6 +150,64 @@ int CommandLine::imported() const
     const auto line = [](const std::string &text) { say(QByteArray::fromStdString(text) + '\n'); };
     const std::string failure = importSeasons(folder(), userNumbers(), order, line);
     return failure.empty() ? exits::done : tell(QString::fromStdString(failure), exits::failed);
+}
+
+// "--format", otherwise what the file's name ends in, otherwise CSV; absent for another one.
+std::optional<Format> CommandLine::format() const
+{
+    if (has(u"format"))
+        return formatNamed(value(u"format"));
+    return formatNamed(QFileInfo(value(u"vers")).suffix()).value_or(Format::csv);
+}
+
+int CommandLine::exported() const
+{
+    if (!has(u"exporter"))
+        return tell(u"« --saison », « --format » et « --vers » vont avec « --exporter »."_s, exits::wrongUse);
+    const auto form = format();
+    if (!form)
+        return tell(
+            u"format inconnu : « %1 » ; les formats sont csv, html, json, png, svg et pdf."_s.arg(value(u"format")),
+            exits::wrongUse);
+    const bool all = value(u"exporter") == u"tout";
+    if (all && !has(u"vers"))
+        return tell(u"« --exporter tout » demande un dossier : « --vers DOSSIER »."_s, exits::wrongUse);
+    if (has(u"vers") && disk::inside(folder().string(), value(u"vers").toStdString()))
+        return tell(u"« %1 » est dans le dossier des saisons, où rien n'est écrit."_s.arg(value(u"vers")),
+                    exits::failed);
+    Export source(folder(), userNumbers(), value(u"saison"));
+    if (!source.fault().isEmpty())
+        return tell(source.fault(), exits::failed);
+    return all ? everything(source, *form) : one(source, *form);
+}
+
+int CommandLine::one(Export &source, Format form) const
+{
+    const QString name = source.nameOf(value(u"exporter"));
+    if (name.isEmpty())
+        return tell(u"écran inconnu : « %1 » ; « circuidex --liste » les donne."_s.arg(value(u"exporter")),
+                    exits::wrongUse);
+    const auto bytes = source.taken(name, form);
+    if (!bytes)
+        return tell(source.fault(), exits::failed);
+    if (!has(u"vers"))
+        return say(*bytes);
+    return write(value(u"vers"), *bytes) ? exits::done
+                                         : tell(u"« %1 » n'a pas pu être écrit."_s.arg(value(u"vers")), exits::failed);
+}
+
+int CommandLine::everything(Export &source, Format form) const
+{
+    const QDir into(value(u"vers"));
+    if (!into.mkpath(u"."_s))
+        return tell(u"le dossier « %1 » n'a pas pu être créé."_s.arg(value(u"vers")), exits::failed);
+    for (const QString &name : source.screens()) {
+        const auto bytes = source.taken(name, form, true);
+        const QString path = into.filePath(name + u'.' + circuidex::nameOf(form));
+        if (bytes && !write(path, *bytes))
+            return tell(u"« %1 » n'a pas pu être écrit."_s.arg(path), exits::failed);
+    }
+    return exits::done;
 }
 
 QString CommandLine::missingFolder() const

@@ -10,6 +10,9 @@
 
 namespace circuidex {
 
+class Export;
+enum class Format;
+
 namespace exits { // statuses
 inline constexpr int done = 0, failed = 1, wrongUse = 2;
 }
@@ -34,6 +37,10 @@ private:
     QString missingFolder() const; // the same of the folder
     bool wantsWindow() const;
     int imported() const;
+    std::optional<Format> format() const;
+    int exported() const;
+    int one(Export &source, Format format) const;
+    int everything(Export &source, Format format) const;
     QString value(const char16_t *option) const { return m_parser.value(QString::fromUtf16(option)); }
     bool has(const char16_t *option) const { return m_parser.isSet(QString::fromUtf16(option)); }
 

@@ -143,11 +143,16 @@ QWidget *BarColumns::grid()
 BarColumns::Block BarColumns::block(Stage stage)
 {
     Block made{stage, new ChartView, {}};
-    made.view->setContextMenuPolicy(Qt::NoContextMenu);
     made.view->setFixedSize(viewWidth, viewHeight);
     for (int place = 1; place <= lastPlace(stage); ++place)
         for (int season = 0; season < int(m_kind.seasons.size()); ++season)
             addColumn(made, season, place);
+    made.view->asGrid = [this, stage, columns = made.columns] {
+        std::vector<Bar> bars;
+        for (const Column &column : columns)
+            bars.push_back(column.bar);
+        return figures(stage, yearsShown(), bars);
+    };
     return made;
 }
 
@@ -330,6 +335,14 @@ QString BarColumns::lastRace() const
     return run == 0 ? QString() : qt(Season(context.store, m_year.text()).namegp(run - 1));
 }
 
+QStringList BarColumns::yearsShown() const
+{
+    QStringList years;
+    for (std::size_t i = 0; i < m_kind.seasons.size(); ++i)
+        years << (i < m_years.size() ? qt(m_years[i]) : QString());
+    return years;
+}
+
 void BarColumns::show(const Block &block) const
 {
     const Lay at = lay(block.stage, single());
@@ -337,7 +350,9 @@ void BarColumns::show(const Block &block) const
     ChartPicture picture;
     picture.region = {0, top, seenWidth, at.baseline + captionHeight - top};
     picture.paper = {0, top, seenWidth, at.baseline - top};
-    picture.title = block.stage == Stage::grid ? u"Classement sur la grille"_s : u"Classement a l'arrivée"_s;
+    picture.title = u"%1 – %2 – %3 %4"_s.arg(
+        block.stage == Stage::grid ? u"Classement sur la grille"_s : u"Classement a l'arrivée"_s, qt(m_subject.text()),
+        single() ? u"saison"_s : u"saisons"_s, yearsShown().join(u", "_s));
     for (const Column &column : block.columns) {
         paint(picture, column.bar, shift, Grows::up, leastTarget,
               single() ? QString() : u", saison "_s + qt(m_years[std::size_t(column.season)]));

@@ -74,6 +74,7 @@ private:
     void addPlaces(ChartPicture &picture, const Block &block) const;
     void listRacesOf(const Column &column) const;
     QString lastRace() const;
+    QStringList yearsShown() const; // of the columns
 
     bool single() const { return m_kind.seasons.size() == 1; }
 

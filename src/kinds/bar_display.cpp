@@ -34,6 +34,20 @@ void BarDisplay::paint(ChartPicture &picture, const Bar &bar, double shift, Grow
     picture.targets.push_back(std::move(target));
 }
 
+// The bars stand place by place, and of a place in the order of the columns.
+table_text::Grid BarDisplay::figures(Stage stage, const QStringList &columns, const std::vector<Bar> &bars)
+{
+    table_text::Grid grid{stage == Stage::grid ? "Sur la grille" : "À l'arrivée", {{"Place"}}, {}};
+    for (const QString &column : columns)
+        grid.columns.push_back({column.toStdString(), true});
+    for (const Bar &bar : bars) {
+        if (grid.rows.empty() || grid.rows.back().size() == grid.columns.size())
+            grid.rows.push_back({{placeName(bar.place).toStdString()}});
+        grid.rows.back().push_back({bar.control->tag.toStdString()});
+    }
+    return grid;
+}
+
 void BarDisplay::listRaces(const Bar &bar, const QString &driver, const QString &first, const QString &last) const
 {
     Screen *list = context.screens.open(bar.stage == Stage::grid ? u"Form75"_s : u"Form76"_s);

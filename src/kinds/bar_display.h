@@ -27,6 +27,9 @@ protected:
     static void paint(ChartPicture &picture, const Bar &bar, double shift, Grows grows, double least,
                       const QString &when = {});
 
+    // The counts of a stage's bars: a row for each place, a column for each season told.
+    static table_text::Grid figures(standings::Stage stage, const QStringList &columns, const std::vector<Bar> &bars);
+
     // The races in which a driver held the place of a bar, in the seasons from first to last.
     void listRaces(const Bar &bar, const QString &driver, const QString &first, const QString &last) const;
 };

@@ -304,6 +304,32 @@ void ChartScreen::showChart()
     view()->setPicture(std::move(picture));
 }
 
+// What the lines show: of a race, or added up so far.
+table_text::Grid ChartScreen::figures() const
+{
+    QStringList names;
+    std::vector<int> chosen;
+    for (int s = 0; s < seriesCount; ++s)
+        if (!seriesName(s).isEmpty()) {
+            names << seriesName(s);
+            chosen.push_back(s);
+        }
+    return figuresOf(m_chart.instance().ofSeasons() ? Races::numbered : Races::named, names,
+                     [this, &chosen](int subject, int slot) { return figure(chosen[std::size_t(subject)], slot); });
+}
+
+QString ChartScreen::figure(int series, int slot) const
+{
+    const bool drawn = vertex(slot + 1) <= (masked() ? control(u"stopgraph"_s)->geometry().left : outside);
+    const bool run = drawn && !m_chart.seasonOf(series, season()).namegp(slot).empty();
+    const Numbers &numbers = context.store.numbers();
+    const Rule rule = m_chart.instance().rule;
+    if (!run)
+        return {};
+    return rule == Rule::level || rule == Rule::gain ? qt(m_chart.cell(series, slot))
+                                                     : qt(numbers.text(m_chart.sumTo(series, slot, numbers)));
+}
+
 // The series as their controls tell them, as far as the mask, which stands just behind a Grand Prix.
 void ChartScreen::addSeries(ChartPicture &picture) const
 {

@@ -62,6 +62,8 @@ private:
     void registerLines();
     void registerAverage();
     void showChart();
+    table_text::Grid figures() const override;
+    QString figure(int series, int slot) const;
     void addSeries(ChartPicture &picture) const;
     void addAverage(ChartPicture &picture) const;
     void addScale(ChartPicture &picture) const;

@@ -2,12 +2,12 @@
 
 #include "kinds/empty_note.h"
 #include "results/main_record.h"
+#include "shell/chart_menu.h"
 #include "shell/look.h"
 
 #include <QAction>
-#include <QClipboard>
-#include <QGuiApplication>
-#include <QSaveFile>
+
+#include <algorithm>
 
 namespace circuidex {
 
@@ -90,30 +90,30 @@ void PaperScreen::registerPaper()
 
 void PaperScreen::registerSaving()
 {
-    const auto entry = [this](const QString &name, const QString &caption, const QKeySequence &key, auto handler) {
-        auto *action = new QAction(caption, m_view);
-        action->setShortcut(key);
-        action->setShortcutContext(Qt::WidgetShortcut);
-        connect(action, &QAction::triggered, this, handler);
-        m_view->addAction(action);
-        hidden(name, caption, [action] { action->trigger(); });
-    };
-    m_view->setContextMenuPolicy(Qt::ActionsContextMenu);
-    entry(u"copierimage"_s, u"Copier l'image"_s, QKeySequence::Copy,
-          [this] { QGuiApplication::clipboard()->setImage(m_view->image()); });
-    entry(u"enregistrerpng"_s, u"Enregistrer en PNG..."_s, {}, [this] { save(u"png"_s, m_view->png()); });
-    entry(u"enregistrersvg"_s, u"Enregistrer en SVG..."_s, {}, [this] { save(u"svg"_s, m_view->svg()); });
+    m_view->asGrid = [this] { return figures(); };
+    auto *menu = new ChartMenu(*m_view, context.dialogs);
+    menu->decimal = [this] { return context.store.numbers().separator(); };
+    for (const auto &[name, action] : menu->entries())
+        hidden(name, action->text(), [action = action] { action->trigger(); });
 }
 
-void PaperScreen::save(const QString &kind, const QByteArray &bytes)
+table_text::Grid PaperScreen::figuresOf(Races races, const QStringList &subjects,
+                                        const std::function<QString(int subject, int slot)> &figure) const
 {
-    const QString filter = u"Images %1 (*.%2)"_s.arg(kind.toUpper(), kind);
-    const auto path = context.dialogs.chooseNewFile(title().toStdString(), filter.toStdString());
-    if (!path)
-        return;
-    QSaveFile file(qt(*path));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
-        context.dialogs.message("L'image n'a pas pu être enregistrée.");
+    table_text::Grid grid{title().toStdString(), {{"Grand Prix"}}, {}};
+    for (const QString &subject : subjects)
+        grid.columns.push_back({subject.toStdString(), true});
+    for (int slot = 0; slot < segments; ++slot) {
+        std::vector<table_text::Cell> row;
+        for (int i = 0; i < subjects.size(); ++i)
+            row.push_back({figure(i, slot).toStdString()});
+        const bool drawn = std::any_of(row.begin(), row.end(), [](const auto &cell) { return !cell.text.empty(); });
+        const QString race = races == Races::named ? gpName(slot) : u"GP%1"_s.arg(slot + 1);
+        row.insert(row.begin(), {race.toStdString()});
+        if (drawn || (races == Races::named && !race.isEmpty()))
+            grid.rows.push_back(std::move(row));
+    }
+    return grid;
 }
 
 void PaperScreen::addPaper(ChartPicture &picture) const

@@ -23,13 +23,18 @@ protected:
     ShapeControl &registerLine(const QString &name, std::optional<int> index, QColor colour,
                                std::function<TwipLine()> line);
 
+    // The chart in figures: a row for each Grand Prix, a column for each subject.
+    virtual table_text::Grid figures() const = 0;
+    enum class Races { named, numbered }; // numbered where each subject has a calendar of its own
+    table_text::Grid figuresOf(Races races, const QStringList &subjects,
+                               const std::function<QString(int subject, int slot)> &figure) const;
+
     void addPaper(ChartPicture &picture) const;
     void addLevel(ChartPicture &picture, double y) const; // a level line of the paper
 
 private:
     void registerPaper();
     void registerSaving();
-    void save(const QString &kind, const QByteArray &bytes);
 
     const charts::Paper &m_paper;
     ChartView *m_view;

@@ -5,6 +5,7 @@
 #include "results/open_grand_prix.h"
 #include "shell/look.h"
 #include "shell/screens.h"
+#include "shell/table_menu.h"
 
 #include <QBoxLayout>
 
@@ -88,6 +89,7 @@ Table *RaceTable::raceTable(const QString &gpTitle, std::vector<Column> columns)
         width += column.width;
     m_races = table(std::move(columns), gpSlots);
     m_races->setFixedSize(width, m_races->rowsHigh(gpSlots));
+    allowSorting(*m_races);
     m_races->onDoubleClick = [this](const QString &column, int row) {
         if (column == gpColumn)
             openGrandPrix(context, m_year, m_races->text(gpColumn, row).toStdString());

@@ -6,6 +6,7 @@
 #include "kinds/season_key.h"
 #include "results/main_record.h"
 #include "shell/look.h"
+#include "shell/table_menu.h"
 
 #include <QGridLayout>
 #include <QHeaderView>
@@ -87,6 +88,7 @@ QWidget *SeasonTable::answer()
     m_table = table(columns(), m_kind.rows);
     m_table->setAlternatingRowColors(false);
     m_table->horizontalHeader()->hide();
+    allowSorting(*m_table);
     m_table->setFixedSize(m_table->horizontalHeader()->length() + 2, m_table->rowsHigh(m_kind.rows));
     m_table->onDoubleClick = [this](const QString &column, int row) {
         for (int season = 0; m_kind.races && season < seasonsCompared; ++season)

@@ -116,7 +116,11 @@ QString SeasonsChart::subjectName(int) const
 
 QString SeasonsChart::pictureTitle() const
 {
-    return title() + u" – "_s + subjectName(0);
+    QStringList years;
+    for (int s = 0; s < charts::seriesCount; ++s)
+        if (!m_chart.name(s).empty())
+            years << qt(m_chart.name(s));
+    return title() + u" – "_s + subjectName(0) + u" – saisons "_s + years.join(u", "_s);
 }
 
 }

@@ -239,6 +239,15 @@ QString SubjectsChart::unplacedCaption() const
     return qt(m_row.captions.back().text);
 }
 
+QString SubjectsChart::pictureTitle() const
+{
+    QStringList names;
+    for (int s = 0; s < charts::seriesCount; ++s)
+        if (const QString name = seriesName(s); !name.isEmpty())
+            names << name;
+    return title() + u" – saison "_s + qt(season().stem()) + u" – "_s + names.join(u", "_s);
+}
+
 QString SubjectsChart::valueText(int series, int slot) const
 {
     const Instance &chart = m_row.controls.instance;

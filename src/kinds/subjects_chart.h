@@ -32,6 +32,7 @@ protected:
 
     void takeSubjects() override;
     void showSubjects() override;
+    QString pictureTitle() const override;
     QString valueText(int series, int slot) const override;
     std::vector<EdgeCaption> edgeCaptions() const override;
 

@@ -23,6 +23,18 @@ void present(QMessageBox &box, const std::string &title, const std::string &text
     box.setWindowFlag(Qt::WindowStaysOnTopHint);
 }
 
+// The file name that a title proposes: what no file system minds.
+QString nameFor(QString title)
+{
+    for (QChar &c : title)
+        if (c < u' ' || QStringView(u"/\\:*?\"<>|").contains(c))
+            c = u' ';
+    title = title.simplified().left(100);
+    while (title.startsWith(u'.'))
+        title.remove(0, 1);
+    return title;
+}
+
 // Above the screens, which are kept on top.
 std::optional<std::string> chosenIn(QFileDialog &dialog)
 {
@@ -84,6 +96,7 @@ std::optional<std::string> QtDialogs::chooseNewFile(const std::string &title, co
 {
     QFileDialog dialog(nullptr, QString::fromStdString(title), {}, QString::fromStdString(filter));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.selectFile(nameFor(QString::fromStdString(title)));
     const QString ending = dialog.nameFilters().value(0).section(QLatin1String("*."), 1).section(u')', 0, 0);
     dialog.setDefaultSuffix(ending);
     return chosenIn(dialog);

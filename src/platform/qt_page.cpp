@@ -14,6 +14,7 @@ namespace {
 
 constexpr int mostRedirects = 5, mostSilence = 30000; // milliseconds
 int onTheirWay = 0;
+bool offline = false;
 
 QNetworkAccessManager &network()
 {
@@ -72,10 +73,10 @@ bool isPageAddress(const QUrl &address)
 
 void fetchPage(const QUrl &address, QObject *owner, std::function<void(const FetchedPage &)> then)
 {
-    if (!isPageAddress(address)) {
-        QTimer::singleShot(0, owner, [address, then = std::move(then)] {
-            then({address, {}, {}, u"ce n'est pas une adresse de page (http ou https)"_s});
-        });
+    if (offline || !isPageAddress(address)) {
+        const QString fault =
+            offline ? u"le réseau n'est pas utilisé"_s : u"ce n'est pas une adresse de page (http ou https)"_s;
+        QTimer::singleShot(0, owner, [address, fault, then = std::move(then)] { then({address, {}, {}, fault}); });
         return;
     }
     QNetworkReply *reply = network().get(requestFor(address));
@@ -103,6 +104,11 @@ void fetchPage(const QUrl &address, QObject *owner, std::function<void(const Fet
 int pagesOnTheirWay()
 {
     return onTheirWay;
+}
+
+void stayOffline()
+{
+    offline = true;
 }
 
 }

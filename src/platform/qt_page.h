@@ -26,4 +26,7 @@ void fetchPage(const QUrl &address, QObject *owner, std::function<void(const Fet
 // How many are on their way.
 int pagesOnTheirWay();
 
+// From now on no page is asked for: each is told to have failed.
+void stayOffline();
+
 }

@@ -11,8 +11,7 @@
 #include <QPageLayout>
 #include <QPainter>
 #include <QPicture>
-#include <QPointer>
-#include <QPrintDialog>
+#include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QProcess>
@@ -22,6 +21,7 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 
 namespace circuidex {
@@ -41,16 +41,15 @@ std::unique_ptr<QPrinter> printerFor(const QString &pdfFile)
     return printer;
 }
 
-// The printer that the user chooses; null when he cancels.
-std::unique_ptr<QPrinter> chosenPrinter(int pages)
+// The pages on the screen first; there the user chooses the printer, or a file, and prints.
+void preview(QPageLayout::Orientation orientation, const std::function<void(QPrinter &)> &paint)
 {
-    auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    QPrintDialog dialog(printer.get()); // no parent: a timer may close the screen in front while the dialog is up
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setPageOrientation(orientation);
+    QPrintPreviewDialog dialog(&printer); // no parent: a timer may close the screen in front while the dialog is up
     dialog.setWindowFlag(Qt::WindowStaysOnTopHint);
-    dialog.setMinMax(1, pages);
-    if (dialog.exec() != QDialog::Accepted)
-        return nullptr;
-    return printer;
+    QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&paint](QPrinter *on) { paint(*on); });
+    dialog.exec();
 }
 
 // No ordinary file, or one far too large, was not written by this program.
@@ -67,27 +66,42 @@ QPageLayout::Orientation orientationFor(const QWidget &screen)
 }
 
 // Drawn straight to a printer a screen becomes one bitmap of half a gigabyte; so its lines and letters are taken down.
-QPicture takenDown(QWidget &screen)
+struct TakenDown {
+    QPicture picture;
+    QSize size;
+};
+
+TakenDown takenDown(QWidget &screen)
 {
     awaitPictures();
-    QPicture picture;
-    QPainter painter(&picture);
+    TakenDown taken{QPicture(), screen.size()};
+    QPainter painter(&taken.picture);
     screen.render(&painter);
-    return picture;
+    return taken;
 }
 
-bool draw(QWidget &screen, QPrinter &printer)
+void draw(const TakenDown &taken, QPainter &painter, const QSizeF &page)
+{
+    // a picture is drawn so much larger
+    const double denser = double(painter.device()->logicalDpiX()) / taken.picture.logicalDpiX();
+    const double scale = std::min(page.width() / taken.size.width(), page.height() / taken.size.height());
+    painter.translate((page.width() - scale * taken.size.width()) / 2, 0);
+    painter.scale(scale / denser, scale / denser);
+    painter.drawPicture(0, 0, taken.picture);
+}
+
+bool draw(const TakenDown &taken, QPrinter &printer)
 {
     QPainter painter;
     if (!painter.begin(&printer))
         return false;
-    drawScreen(screen, painter, printer.pageRect(QPrinter::DevicePixel).size());
+    draw(taken, painter, printer.pageRect(QPrinter::DevicePixel).size());
     return painter.end();
 }
 
-std::unique_ptr<QTextDocument> asDocument(const QString &text)
+std::shared_ptr<QTextDocument> asDocument(const QString &text)
 {
-    auto document = std::make_unique<QTextDocument>();
+    auto document = std::make_shared<QTextDocument>();
     QFont font = QGuiApplication::font();
     font.setPointSize(11);
     document->setDefaultFont(font);
@@ -106,13 +120,7 @@ std::unique_ptr<DisplayOutput> changeableOutput()
 
 void drawScreen(QWidget &screen, QPainter &painter, const QSizeF &page)
 {
-    const QPicture picture = takenDown(screen);
-    const double denser =
-        double(painter.device()->logicalDpiX()) / picture.logicalDpiX(); // a picture is drawn so much larger
-    const double scale = std::min(page.width() / screen.width(), page.height() / screen.height());
-    painter.translate((page.width() - scale * screen.width()) / 2, 0);
-    painter.scale(scale / denser, scale / denser);
-    painter.drawPicture(0, 0, picture);
+    draw(takenDown(screen), painter, page);
 }
 
 bool printScreen(QWidget &screen, const QString &pdfFile)
@@ -120,7 +128,7 @@ bool printScreen(QWidget &screen, const QString &pdfFile)
     const auto printer = printerFor(pdfFile);
     if (printer)
         printer->setPageOrientation(orientationFor(screen));
-    return printer && draw(screen, *printer);
+    return printer && draw(takenDown(screen), *printer);
 }
 
 bool printText(const QString &text, const QString &pdfFile)
@@ -154,18 +162,18 @@ void QtPlatform::print(QWidget &screen, const std::string &, Printing how)
         printScreen(screen);
         return;
     }
-    const QPointer<QWidget> still(&screen);
-    const auto printer = chosenPrinter(1);
-    if (printer && still)
-        draw(screen, *printer);
+    const TakenDown taken = takenDown(screen);
+    preview(orientationFor(screen), [&taken](QPrinter &printer) { draw(taken, printer); });
 }
 
 void QtPlatform::printText(const std::string &text, Printing how)
 {
     if (how == Printing::atOnce)
         circuidex::printText(QString::fromStdString(text));
-    else if (const auto printer = chosenPrinter(9999))
-        asDocument(QString::fromStdString(text))->print(printer.get());
+    else
+        preview(QPageLayout::Portrait, [article = asDocument(QString::fromStdString(text))](QPrinter &printer) {
+            article->print(&printer);
+        });
 }
 
 void QtPlatform::wake()

@@ -8,6 +8,7 @@
 #include <QLabel>
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 namespace circuidex {
@@ -115,20 +116,21 @@ void name(QWidget &widget, const QString &caption, const QString &title)
     widget.setAccessibleName((button || label || picture) && !tip.isEmpty() ? tip : caption.isEmpty() ? title : caption);
 }
 
-void walk(const QLayout *layout, QString caption, const QString &title)
+void walk(const QLayout *layout, QString caption, const std::function<void(QWidget &, const QString &)> &visit)
 {
     const auto *grid = qobject_cast<const QGridLayout *>(layout);
     for (int i = 0; layout && i < layout->count(); ++i) {
         QLayoutItem *item = layout->itemAt(i);
-        if (const QString words = captionIn(*item); !words.isEmpty())
+        const QString before = caption, words = captionIn(*item);
+        if (!words.isEmpty())
             caption = words;
         const QString own = grid ? captionInGrid(*grid, i) : QString();
-        const QString &here = own.isEmpty() ? caption : own;
-        walk(item->layout(), here, title);
+        const QString here = own.isEmpty() ? item->widget() ? before : caption : own; // no label stands for itself
+        walk(item->layout(), here, visit);
         if (QWidget *widget = item->widget()) {
-            name(*widget, here, title);
+            visit(*widget, here);
             if (widget->focusPolicy() == Qt::NoFocus)
-                walk(widget->layout(), here, title);
+                walk(widget->layout(), here, visit);
         }
     }
 }
@@ -142,7 +144,14 @@ void makePressable()
 
 void nameControls(QWidget &body, const QString &title)
 {
-    walk(body.layout(), {}, title);
+    walk(body.layout(), {}, [&title](QWidget &widget, const QString &caption) { name(widget, caption, title); });
+}
+
+std::vector<Captioned> captionsIn(const QWidget &body)
+{
+    std::vector<Captioned> found;
+    walk(body.layout(), {}, [&found](QWidget &widget, const QString &caption) { found.push_back({&widget, caption}); });
+    return found;
 }
 
 }

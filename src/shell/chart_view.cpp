@@ -9,6 +9,7 @@
 #include <QMouseEvent>
 #include <QPaintEngine>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QSvgGenerator>
 #include <QToolTip>
 
@@ -259,10 +260,19 @@ void ChartView::paint(QPainter &painter, const QRectF &target) const
     }
 }
 
+// The title names season and subjects, so that it may be long.
+QFont ChartView::fitting(const QString &titled, double room) const
+{
+    int pixels = 14;
+    while (pixels > 9 && QFontMetricsF(pixelFont(font(), pixels, true)).horizontalAdvance(titled) > room)
+        --pixels;
+    return pixelFont(font(), pixels, true);
+}
+
 void ChartView::paintPage(QPainter &painter, const QSizeF &page) const
 {
     painter.fillRect(QRectF(QPointF(), page), Qt::white);
-    painter.setFont(pixelFont(font(), 14, true));
+    painter.setFont(fitting(m_picture.title, page.width() - 24));
     painter.setPen(look::ink);
     painter.drawText(QRectF(12, 6, page.width() - 24, 22), Qt::AlignLeft | Qt::AlignVCenter, m_picture.title);
     painter.setFont(pixelFont(font(), 12));
@@ -349,6 +359,24 @@ QByteArray ChartView::svg() const
     generator.setViewBox(QRect(QPoint(), pageSize()));
     generator.setTitle(m_picture.title);
     QPainter painter(&generator);
+    paintPage(painter, pageSize());
+    painter.end();
+    return bytes.data();
+}
+
+QByteArray ChartView::pdf() const
+{
+    QBuffer bytes;
+    bytes.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&bytes);
+    writer.setTitle(m_picture.title);
+    writer.setPageSize(QPageSize(QPageSize::A4));
+    writer.setPageOrientation(QPageLayout::Landscape);
+    writer.setPageMargins({10, 10, 10, 10}, QPageLayout::Millimeter);
+    QPainter painter(&writer);
+    const double scale =
+        std::min(double(writer.width()) / pageSize().width(), double(writer.height()) / pageSize().height());
+    painter.scale(scale, scale);
     paintPage(painter, pageSize());
     painter.end();
     return bytes.data();

@@ -3,6 +3,7 @@
 // arrow keys point at the ends of the lines, or at the targets of a chart of bars, and show what each means; a click or
 // Enter follows a target. The same painting makes pictures for other programs, with title and legend.
 #include "shell/twips.h"
+#include "store/table_text.h"
 
 #include <QColor>
 #include <QImage>
@@ -85,10 +86,16 @@ public:
     // What a point of a line means, for the bubble beside it; empty when there is nothing to point at.
     std::function<QString(int line, int point)> describe;
 
-    // Title, legend and chart as they stand on the screen; the image has twice its pixels.
+    // Title, legend and chart as they stand on the screen; the image has twice its pixels, the PDF file is a page in
+    // A4.
+    const QString &title() const { return m_picture.title; }
     QImage image() const;
     QByteArray png() const;
     QByteArray svg() const;
+    QByteArray pdf() const;
+
+    // What the chart shows in figures, for a table; none where the screen doesn't tell.
+    std::function<table_text::Grid()> asGrid;
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -106,6 +113,7 @@ private:
         friend bool operator==(const Spot &, const Spot &) = default;
     };
     void paint(QPainter &painter, const QRectF &target) const;
+    QFont fitting(const QString &title, double room) const; // of a picture's title, that many pixels wide at most
     void paintPage(QPainter &painter, const QSizeF &page) const;
     void paintPointed(QPainter &painter) const;
     void paintReached(QPainter &painter) const;

@@ -166,6 +166,10 @@ QTableView { background:#FFFFFF; alternate-background-color:#FAFBFC; border:1px 
     gridline-color:#EDEFF2; selection-background-color:#E4E7FF; selection-color:#1F2733; }
 QTableView::item { padding:0 3px; border:0; }
 QTableView::item:selected { background:#E4E7FF; color:#1F2733; }
+#sorted { color:#3D4755; font-size:7px; }
+#find { background:#FFFFFF; border:1px solid #C9CFD8; border-radius:4px; }
+#find QToolButton { border:0; padding:1px 5px; color:#3D4755; }
+#find QToolButton:hover { background:#EEF0F3; border-radius:3px; }
 QHeaderView { background:#FFFFFF; }
 QHeaderView::section { background:#F4F5F7; color:#3D4755; border:0; border-bottom:1px solid #D9DDE3; padding:3px 6px;
     font-weight:bold; font-size:12px; }

@@ -1,7 +1,10 @@
 #include "shell/screen.h"
 
 #include "shell/accessibility.h"
+#include "shell/chart_menu.h"
+#include "shell/chart_view.h"
 #include "shell/chrome.h"
+#include "shell/copies.h"
 #include "shell/focus_ring.h"
 #include "shell/help_topics.h"
 #include "shell/key_names.h"
@@ -9,12 +12,16 @@
 #include "shell/page.h"
 #include "shell/screens.h"
 #include "shell/tab_order.h"
+#include "shell/table_menu.h"
 #include "shell/title_bar.h"
 #include "shell/window_place.h"
 #include "shell/window_system.h"
+#include "store/store.h"
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QContextMenuEvent>
+#include <QCoreApplication>
 #include <QFrame>
 #include <QKeyEvent>
 #include <QPainter>
@@ -77,6 +84,29 @@ QPoint standing(const QRect &room, const QRect &window)
     return window.x() < 0 ? QPoint(window.x(), whole.y()) : whole;
 }
 
+// As the menu key does.
+void askForMenu(QWidget &widget)
+{
+    const QPoint middle = widget.rect().center();
+    QContextMenuEvent asked(QContextMenuEvent::Keyboard, middle, widget.mapToGlobal(middle));
+    QCoreApplication::sendEvent(&widget, &asked);
+}
+
+// In the table that has the keyboard, otherwise in the first one in sight.
+void findInTable(const Screen &screen)
+{
+    const Table *wanted = nullptr;
+    for (const Table *table : screen.tables()) {
+        const bool has = table->hasFocus() || table->isAncestorOf(screen.focusWidget());
+        if (has || (!wanted && table->isVisibleTo(&screen)))
+            wanted = table;
+        if (has)
+            break;
+    }
+    if (TableMenu *menu = wanted ? TableMenu::of(*wanted) : nullptr)
+        menu->find();
+}
+
 // Where the card is on the desktop that has the focus, or the widget itself where it stands in none; empty for a window
 // without focus.
 QRect groupInUse(const QWidget &window)
@@ -134,6 +164,8 @@ Screen::Screen(Context &theContext, const QString &name, const QString &title, C
         u"Shift+F1"_s, [this] { openKeys(context.screens, m_name); }, u"Cette page : tous les raccourcis"_s);
     shortcut(
         u"Ctrl+Q"_s, [this] { context.screens.quit(); }, u"Fermer Circuidex"_s);
+    shortcut(
+        u"Ctrl+F"_s, [this] { findInTable(*this); }, u"Rechercher dans le tableau"_s);
     m_keysOfAll = std::exchange(m_keys, {});
 }
 
@@ -381,6 +413,9 @@ void Screen::fitToDisplay()
 void Screen::readyForKeyboard()
 {
     nameControls(*m_body, title());
+    for (ChartView *chart : m_body->findChildren<ChartView *>())
+        if (chart->contextMenuPolicy() != Qt::NoContextMenu && !ChartMenu::on(*chart))
+            (new ChartMenu(*chart, context.dialogs))->decimal = [this] { return context.store.numbers().separator(); };
     if (QWidget *first = orderTabs(*m_body); first && !focusWidget())
         first->setFocus();
 }
@@ -520,8 +555,11 @@ TimerControl &Screen::timer(const QString &name, int milliseconds, TimerControl:
 
 Table *Screen::table(std::vector<Column> columns, int rows)
 {
-    m_tables.push_back(new Table(std::move(columns), rows, m_body));
-    return m_tables.back();
+    auto *made = m_tables.emplace_back(new Table(std::move(columns), rows, m_body));
+    const auto season = [this] { return seasonOnShow(context.screens); };
+    const auto decimal = [this] { return context.store.numbers().separator(); };
+    new TableMenu(*made, {*this, context.dialogs, season, decimal});
+    return made;
 }
 
 Label *Screen::quietLine(Field &said)
@@ -609,6 +647,8 @@ void Screen::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape && windowFlags().testFlag(Qt::WindowStaysOnTopHint))
         close();
+    else if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier && focusWidget())
+        askForMenu(*focusWidget());
     else
         QWidget::keyPressEvent(event);
 }

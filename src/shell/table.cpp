@@ -3,14 +3,10 @@
 #include "shell/look.h"
 #include "shell/widgets.h"
 
-#include <QApplication>
-#include <QClipboard>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyledItemDelegate>
-
-#include <set>
 
 namespace circuidex {
 
@@ -38,25 +34,6 @@ QFont boldened(QFont font)
 {
     font.setBold(true);
     return font;
-}
-
-// The selected cells, each under its column: a gap in the selection stays one.
-QString selectionAsText(const QModelIndexList &chosen)
-{
-    std::map<int, std::map<int, QString>> rows;
-    std::set<int> columns;
-    for (const QModelIndex &at : chosen) {
-        rows[at.row()][at.column()] = at.data().toString();
-        columns.insert(at.column());
-    }
-    QStringList lines;
-    for (auto &[row, texts] : rows) {
-        QStringList cells;
-        for (const int column : columns)
-            cells << texts[column];
-        lines << cells.join(u'\t');
-    }
-    return lines.join(u'\n');
 }
 
 }
@@ -314,10 +291,8 @@ int Table::rowsHigh(int rows) const
 
 void Table::keyPressEvent(QKeyEvent *event)
 {
-    if (event->matches(QKeySequence::Copy)) {
-        QApplication::clipboard()->setText(selectionAsText(selectedIndexes()));
-    } else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && currentIndex().isValid() &&
-               (onPress || onDoubleClick)) {
+    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && currentIndex().isValid() &&
+        (onPress || onDoubleClick)) {
         const bool twice = !onPress || (onDoubleClick && event->modifiers().testFlag(Qt::ShiftModifier));
         pressed(currentIndex().row(), currentIndex().column(), twice);
     } else if (event->key() == Qt::Key_Delete && currentIndex().isValid() && onDelete) {

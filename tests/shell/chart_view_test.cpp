@@ -208,7 +208,7 @@ TEST_F(ChartPictures, AreCopiedAndSaved)
     EXPECT_EQ(QApplication::clipboard()->image().size(), png.size());
     EXPECT_EQ(say("messages"), "");
     EXPECT_TRUE(saved("enregistrerpng", "none/a.png").isEmpty());
-    EXPECT_EQ(say("messages"), "L'image n'a pas pu être enregistrée.");
+    EXPECT_EQ(say("messages"), "Le fichier « " + (folder / "none/a.png").string() + " » n'a pas pu être enregistré.");
 }
 
 // From the highest line to the lowest, in the colours under which the lines are registered.
@@ -247,7 +247,9 @@ TEST_F(ChartPictures, OfferThemselvesInAMenu)
     QStringList entries;
     for (const QAction *action : view->actions())
         entries << action->text();
-    EXPECT_EQ(entries.join(u'|').toStdString(), "Copier l'image|Enregistrer en PNG...|Enregistrer en SVG...");
+    EXPECT_EQ(
+        entries.join(u'|').toStdString(),
+        "Copier l'image|Enregistrer en PNG…|Enregistrer en SVG…|Enregistrer en PDF…|Enregistrer les chiffres en CSV…");
     EXPECT_EQ(view->contextMenuPolicy(), Qt::ActionsContextMenu);
 }
 

@@ -146,7 +146,7 @@ TEST_F(ScreenTest, LetsATableBeCopied)
         table->selectionModel()->select(table->model().index(1, 1), QItemSelectionModel::Select);
         QTest::keyClick(table, Qt::Key_C, Qt::ControlModifier);
     }
-    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "1\tFernando Alonso\t123\n\tKimi Räikkönen\t");
+    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "\tPilote\tPoints\n1\tFernando Alonso\t123\n\tKimi Räikkönen\t\n");
 }
 
 TEST_F(ScreenTest, ShowsTheWaitPointerOnlyWhileItWorks)

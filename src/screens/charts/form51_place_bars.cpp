@@ -133,7 +133,6 @@ QWidget *PlaceBars::answer()
 QWidget *PlaceBars::block(const Rows &rows)
 {
     Block made{rows, {}, {}, new ChartView};
-    made.view->setContextMenuPolicy(Qt::NoContextMenu);
     made.view->setFixedSize(viewWidth, rowPixels * rows.places());
     for (int place = 1; place <= rows.places(); ++place) {
         const QColor colour = look::levelBars[std::size_t(place - 1) % 2];
@@ -150,6 +149,7 @@ QWidget *PlaceBars::block(const Rows &rows)
         made.bars.push_back(bar);
         made.counts.push_back(&count);
     }
+    made.view->asGrid = [stage = rows.stage, bars = made.bars] { return figures(stage, {u"Nombre"_s}, bars); };
     auto *layout = new QVBoxLayout;
     layout->addWidget(made.view);
     m_blocks.push_back(std::move(made));
@@ -189,7 +189,9 @@ void PlaceBars::show(const Block &block) const
     const double height = rowPitch * block.rows.places();
     picture.region = {captionLeft, block.rows.top, barLeft + frameWidth + countWidth - captionLeft, height};
     picture.paper = {barLeft, block.rows.top, frameWidth, height};
-    picture.title = block.rows.title;
+    const std::string years = m_kind.overSeasons ? "saisons " + m_oldest.text() + " à " + m_newest.text()
+                                                 : "saison " + context.main.an.text();
+    picture.title = u"%1 – %2 – %3"_s.arg(block.rows.title, qt(m_driver.text()), qt(years));
     for (int place = 1; place <= block.rows.places(); ++place)
         addRow(picture, block, place);
     picture.axes.push_back({{{barLeft, block.rows.top}, {barLeft, block.rows.top + height}}, look::line});

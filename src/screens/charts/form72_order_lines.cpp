@@ -57,6 +57,7 @@ private:
     void toggle(int number);
     void restore(); // Label1
     void showChart();
+    table_text::Grid figures() const override;
     ChartStroke lineOf(int number) const;
     void addRank(ChartPicture &picture, int rank) const;
     void addName(ChartPicture &picture, int rank);
@@ -154,7 +155,7 @@ void Form72::showChart()
     ChartPicture picture;
     picture.region = {region[0], region[1], region[2], region[3]};
     picture.paper = {0, paper().top, paper().sheet(), paper().bottom - paper().top};
-    picture.title = title() + u" – "_s + qt(context.main.an.text());
+    picture.title = title() + u" – saison "_s + qt(context.main.an.text());
     addPaper(picture);
     for (int n = 1; n <= driverSlots; ++n)
         picture.lines.push_back(lineOf(n));
@@ -208,6 +209,23 @@ void Form72::addName(ChartPicture &picture, int rank)
 }
 
 // Nothing where nobody has raced.
+// The ranks.
+table_text::Grid Form72::figures() const
+{
+    QStringList names;
+    std::vector<int> numbers;
+    for (int n = 1; n <= driverSlots; ++n)
+        if (!m_progress.names[n].empty()) {
+            names << qt(m_progress.names[n]);
+            numbers.push_back(n);
+        }
+    return figuresOf(Races::named, names, [this, &numbers](int subject, int slot) {
+        const int number = numbers[std::size_t(subject)];
+        const bool run = !meaning(number, slot).isEmpty();
+        return run ? QString::number(m_progress.after[std::size_t(slot)].ranks[number]) : QString();
+    });
+}
+
 QString Form72::meaning(int number, int slot) const
 {
     const std::string gp = season().namegp(slot), &name = m_progress.names[number];

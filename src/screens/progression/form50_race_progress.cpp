@@ -7,6 +7,7 @@
 #include "results/main_record.h"
 #include "shell/look.h"
 #include "shell/screens.h"
+#include "shell/table_menu.h"
 #include "standings/race_places.h"
 
 #include <QBoxLayout>
@@ -82,6 +83,7 @@ QWidget *Form50::answer()
     m_rows->setAlternatingRowColors(false);
     add(emptyNote, noteOver(*m_rows, u"Text3"_s, context, results::Need::race));
     m_rows->setTitleLines(2);
+    allowSorting(*m_rows);
     m_rows->setFixedSize(m_rows->horizontalHeader()->length() + 2, m_rows->rowsHigh(driverSlots));
     return m_rows;
 }

@@ -4,6 +4,7 @@
 #include "results/main_record.h"
 #include "shell/look.h"
 #include "shell/screens.h"
+#include "shell/table_menu.h"
 
 #include <QBoxLayout>
 #include <QHeaderView>
@@ -29,6 +30,7 @@ Form38::Form38(Context &theContext, const QString &name, const QString &title) :
         drivers->set(u"Label1", i, placeName(i + 1));
         drivers->set(u"Text1", i, qt(season.nom(i + 1)));
     }
+    allowSorting(*drivers);
     drivers->setFixedHeight(drivers->rowsHigh(driverSlots));
     auto *foot = footRow(u"Label38"_s);
     auto *layout = page();

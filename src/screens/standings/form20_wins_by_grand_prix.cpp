@@ -5,6 +5,7 @@
 #include "results/main_record.h"
 #include "shell/look.h"
 #include "shell/screens.h"
+#include "shell/table_menu.h"
 #include "standings/winners.h"
 
 #include <QBoxLayout>
@@ -44,6 +45,7 @@ Form20::Form20(Context &theContext, const QString &name, const QString &title)
                    standings::yearsOfBlock);
     m_rows->setFixedHeight(m_rows->rowsHigh(standings::yearsOfBlock));
     add(emptyNote, noteOver(*m_rows, u"Label6"_s, context, results::Need::race));
+    allowSorting(*m_rows);
     layout->addWidget(m_rows);
     layout->addLayout(foot(styled(u"En couleur: le vainqueur est champion"_s, "hint")));
     setFixedWidth(760);

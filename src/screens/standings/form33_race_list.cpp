@@ -6,6 +6,7 @@
 #include "shell/look.h"
 #include "shell/screen.h"
 #include "shell/screens.h"
+#include "shell/table_menu.h"
 #include "standings/winners.h"
 
 #include <QBoxLayout>
@@ -40,6 +41,7 @@ Form33::Form33(Context &theContext, const QString &name, const QString &title) :
                     static_cast<int>(standings::listedRaces));
     m_races->setFixedHeight(m_races->rowsHigh(static_cast<int>(standings::listedRaces)));
     add(emptyNote, noteOver(*m_races, u"Text3"_s, context, results::Need::race));
+    allowSorting(*m_races);
     m_races->onPress = [this](const QString &column, int row) {
         if (!column.isEmpty())
             openRace(row);

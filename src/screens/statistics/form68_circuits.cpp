@@ -7,6 +7,7 @@
 #include "results/pictures.h"
 #include "shell/look.h"
 #include "shell/screens.h"
+#include "shell/table_menu.h"
 #include "standings/winners.h"
 #include "statistics/circuits.h"
 
@@ -103,6 +104,7 @@ QWidget *Form68::winnersCard()
                       standings::yearsOfBlock);
     m_winners->setFixedSize(64 + 190 + 2, m_winners->rowsHigh(standings::yearsOfBlock));
     add(emptyNote, noteOver(*m_winners, u"Label6"_s, context, results::Need::race));
+    allowSorting(*m_winners);
     auto *layout = new QVBoxLayout;
     layout->addWidget(m_winners);
     layout->addStretch(1);

@@ -6,6 +6,7 @@
 #include "results/main_record.h"
 #include "shell/look.h"
 #include "shell/screens.h"
+#include "shell/table_menu.h"
 #include "statistics/circuits.h"
 
 #include <QBoxLayout>
@@ -94,6 +95,7 @@ QWidget *Form94::tableCard(const QString &caption, std::vector<Column> columns)
     const int wide = columns[0].width + columns[1].width + 2;
     Table *made = table(std::move(columns), rows);
     made->setFixedSize(wide, made->rowsHigh(rows));
+    allowSorting(*made);
     auto *layout = new QVBoxLayout;
     layout->addWidget(made);
     return card(caption, layout);
