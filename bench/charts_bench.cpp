@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How long the user waits for a chart on full seasons: reading, computing and, on the screen, painting.
 #include "app/driver.h"
 #include "charts/bar_fit.h"

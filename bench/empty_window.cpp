@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What Qt itself takes to show a window: start_time measures the program beside it.
 #include <QApplication>
 #include <QLabel>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Starts the benchmarks of the screens on Qt's offscreen platform, in the program's dress.
 #include "shell/look.h"
 

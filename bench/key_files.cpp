@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The key file and the store beside four other readers of such files, on one season of the sample and on a file of
 // 1 MB, all in one run: a table of times and of ratios to ours, in Markdown, as it stands in docs/performance.md.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How long the user waits for public data: reading a release of full size, planning, importing and comparing seasons.
 //
 //     public_data [RELEASE]      all figures; without a release of one's own, of one made of the tests' small one: the

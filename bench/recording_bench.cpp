@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How long the user waits for a Grand Prix on a full season: recording, amending and cancelling with all their writes
 // carried through to the disk, and walking through the calendar.
 #include "results/amending.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How long each screen takes to open on a full season: made, filled and laid out, and then painted as well.
 #include "app/driver.h"
 #include "app/screens.h"

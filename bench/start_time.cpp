@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // start_time TITLE PROGRAM [ARGUMENT...]: starts a program on the display of DISPLAY ten times and prints the middle time
 // from the start of its process to the first frame of the window whose title holds TITLE, in milliseconds, and the memory
 // of its own, its share of shared pages included, a second later. Without a window manager the program's windows stand right below the root.

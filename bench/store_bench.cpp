@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How long the store takes to parse, read and write a season, beside other readers of the same file.
 #include "store/store.h"
 #include "store/text.h"

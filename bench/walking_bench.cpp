@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How long a step through the calendar takes on the main screen when every Grand Prix has two pictures of two megapixels:
 // files looked up, decoded, scaled and painted.
 #include "app/driver.h"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Puts the sources of a list together in units of some eight that are compiled as one. Reading Qt's headers takes nearly
 # all of a screen's four seconds of compiling, and so it is done once for eight screens. A source stays in its unit, which
 # its folder and name choose, when others come or go: a new screen compiles one unit, and the compiler cache keeps the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The fast key file and the naive one, side by side: whatever is read or written, they agree, or the fuzzer stops.
 #include "fuzz/naive_key_file.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // An archive of an update through its whole checking. The first byte says what the rest is:
 //
 //   - the bytes of a ZIP archive, as they are;

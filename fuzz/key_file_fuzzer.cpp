@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes as a file: every key that stands in it reads the same as the naive key file reads it, and a write to one of
 // them leaves the same bytes.
 #include "fuzz/agree.h"

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Seeds of the archive fuzzer: make_archive_seeds.py FOLDER. Archives as other tools write them, lists of entries, and a
 manifest with its signature's form."""
 import io

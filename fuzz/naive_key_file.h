@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The key file as one would write it in an hour: lines in a list, searched from the top for each read and each write.
 // It shares nothing with the fast one but the rules, which the fuzzers hold the two to.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A file and a sequence of reads and writes, all by the input: after each step the fast key file and the naive one read
 // the same and hold the same bytes; and a file read anew from these bytes answers as the one that was written to.
 #include "fuzz/agree.h"

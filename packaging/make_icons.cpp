@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Draws the program's icon in the sizes that desktops ask for: make_icons ICON.svg FOLDER SIZE... makes FOLDER/SIZE.png.
 #include <QImage>
 #include <QPainter>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The screens' tests run on Qt's offscreen platform, dressed as the program is. A warning of Qt fails the test it falls in.
 #include "shell/look.h"
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Proves from the include lines that includes run one way, by folder alone:
 #   - a logic subsystem includes itself and those before it, and no Qt;
 #   - the shell includes the store and the platform, and no other subsystem, kind or screen;

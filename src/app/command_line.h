@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What the program is asked for in a terminal or by a script. Whatever needs no window runs without a display, on a
 // folder opened read-only: nothing in it changes, no other running program is in the way, and nothing is asked of the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/driver.h"
 
 #include "platform/qt_download.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Runs the program by commands, one a line, each answered by exactly one line: what a person would press, type and read.
 // It reaches only what the screens register and has no rules of its own. docs/driver.md lists the commands.

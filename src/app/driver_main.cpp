@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // circuidex-driver [FOLDER]: the whole program on Qt's offscreen platform, driven by commands on standard input.
 #include "app/driver.h"
 #include "shell/look.h"

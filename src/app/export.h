@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Takes off a screen what it shows, without a display: its tables, its chart or its boxes, as text or as a picture. The
 // folder is opened read-only, so that nothing in it changes and the program may have it open meanwhile; nothing is

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/import_command.h"
 
 #include "platform/folder_lock.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Imports seasons from a release of public data without a window, for a terminal or a script (docs/public_data.md).
 #include "store/number.h"

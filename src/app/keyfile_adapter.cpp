@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Lets a test drive the store from outside: one command a line on standard input, one answer a line. Fields are bytes
 // in hexadecimal; "-" is the empty text, "!" stands for absent.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Circuidex: the Formula 1 championship, race by race, for one fan.
 #include "app/command_line.h"
 #include "app/program.h"

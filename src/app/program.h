@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The running program: the store of its folder, the main screen's record, and all its screens.
 #include "platform/folder_lock.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // For whoever keeps a server: makes the keys, the signed archives and the list of videos that programs fetch from it.
 // docs/man/publier.1 tells how.
 #include "online/archive_names.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The real results of data/, as text files give them: seasons race by race, the careers before the first of them, past
 // champions and past winners. data/README.md describes the lines. Drivers are given by their names; a season's own

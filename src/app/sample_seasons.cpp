@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Makes the sample program folder: records the real results of data/ race by race through the program's own recording,
 // careers and past winners included. 2005 lacks its last race, so that a newcomer has a real one to record. With 2006, what
 // an update brings a year later: all four seasons complete.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The extractor: puts the archives of an update in place while the program is away, then starts the program.
 //
 //     Zip [--folder DIR] [--no-restart]

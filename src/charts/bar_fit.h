@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // How long the bars of counts are, in twips. All bars of a display are doubled together until the longest is long
 // enough, so that one time is always worth the same length. A bar that counts nothing has no length, or just a trace.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What all line charts share: where a Grand Prix stands on the paper, how a value becomes a height, where a chart ends,
 // how thick its lines are, and the moving averages. All lengths are twips, Y growing downward; nothing here is scaled

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The line charts of the program as rows of data: paper, rule, scale, where each ends, its average, and the keys under
 // which a season keeps what the user chose.

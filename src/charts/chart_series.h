@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // From a season to what its charts draw: points and places of up to four drivers or teams, Grand Prix by Grand Prix,
 // and how far the season has got. Read anew for each drawing.

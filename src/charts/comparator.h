@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Three drivers or three teams side by side, Grand Prix by Grand Prix: what each did in the race, his points so far,
 // and the gaps in points to the one that the user measures by. The tone compares the three: gain for the strictly best,

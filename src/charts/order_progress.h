@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The order of the championship after each Grand Prix, worked out anew from the places and the scale, as 26 lines: one
 // a driver's number, one height a rank. A Grand Prix that wasn't run changes nothing.

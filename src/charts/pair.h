@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Two subjects of a chart beside each other: a bar each, the leader's at full length, and a sentence on who is ahead.
 // What can't be computed stays as it was. An empty total ranks above any number.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // How often a driver, or all drivers of a team, stood at each place of the grid and of the finish: up to one race of a
 // season, or in a row of seasons.

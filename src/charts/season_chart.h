@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // One chart as its screen shows it: what the user chose, and what the last drawing made of it. A season gives the
 // values anew at each drawing and keeps the choices under the chart's keys. A chart of seasons draws this season as its

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "comparisons/points_charts.h"
 
 #include "comparisons/season_tables.h"

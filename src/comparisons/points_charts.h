@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The charts of one driver's or one team's points in four seasons, summed up or race by race. Each season counts by its
 // own scale alone: what its file doesn't give is worth nothing.

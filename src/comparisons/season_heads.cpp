@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "comparisons/season_heads.h"
 
 #include "standings/constructor_standings.h"

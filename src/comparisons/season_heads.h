@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The heads of the seasons that a comparison sets side by side: of each its year, its champion, and where the driver or
 // the team that is compared ended.

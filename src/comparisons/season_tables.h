@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A season beside the three before it: the points of its teams, of its drivers, or of one of them race by race, and how
 // far each season is from one taken as the reference. Seasons are matched by the place of a race in the calendar,

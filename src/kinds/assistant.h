@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The two assistants of a recording. Each asks for one driver a place, by a click on his name or by its first letters and
 // Enter; a name taken can't be chosen twice. Backspace in the empty box takes the last answer back, Ctrl+Enter is

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The kind of the upright bars: how often a driver, or a team, stood at each place of the first so many races, in one
 // season or in four side by side. The places of the grid stand on a strip wider than the screen, which runs to the left

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "kinds/bar_display.h"
 
 #include "kinds/place_names.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The kind of all displays of how often somebody stood at each place: a bar for each place of the grid and of the
 // finish, a named control with its extent in twips, from which it is painted and through which it answers. A derived

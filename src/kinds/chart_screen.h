@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The screen of a line chart with four series: the painted chart and its parts as named controls, thickness, scale,
 // highlight with the moving average, the settings kept, and the pictures of it for other programs. A derived screen

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A small calendar of one year below a box, from which a day is chosen: a click, or the arrows and Enter. Escape and a
 // click elsewhere close it.

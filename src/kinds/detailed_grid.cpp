@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "kinds/detailed_grid.h"
 
 #include "kinds/empty_note.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The kind of all detailed tables of a season: one row for each driver or team, one cell for each Grand Prix, in two
 // bands of ten races one above the other. What stands left and right of the races is given as data.

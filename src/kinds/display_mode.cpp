@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "kinds/display_mode.h"
 
 #include "platform/platform.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The display's mode: 1024 by 768, which the screens are made for, and back to the one that the user had before the
 // program. A mode that the display refuses, and one that needs a restart of the machine, is told in a box.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "kinds/driver_form.h"
 
 #include "shell/look.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The driver screens: what Form2, for a new driver, and Form3, the profile, have in common. Boxes bound to the keys of
 // a driver slot, two pictures.

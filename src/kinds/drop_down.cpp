@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "kinds/drop_down.h"
 
 #include "results/main_record.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The drop-downs of the main screen's buttons (Form57 and five more) and the side screens that they open (Form109 and
 // more): one class, told by its name which rows of the menus' table it shows. Its labels are named in order, from the

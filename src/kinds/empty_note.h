@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // One short sentence over what shows nothing for want of data: what is missing, and the button that brings it. A click
 // on it goes there. It comes and goes by itself with what is under it, and takes no room from it.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A screen on which something is typed that one button stores: as long as it isn't stored, the button bears a mark (the
 // control "saisie" says so). Left that way, the entry waits for "Reprendre la saisie" on the main screen's quiet line,

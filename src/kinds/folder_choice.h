@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Another program folder: the user chooses it, and the program starts anew on it.
 #include "shell/screen.h"

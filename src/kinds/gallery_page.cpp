@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "kinds/gallery_page.h"
 
 #include "kinds/empty_note.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A page of a gallery: its slots, each a widget that is clicked, double-clicked for the choice of a file, and given a
 // file by drag and drop. The arrow keys walk over the slots, Delete empties one, Page up and Page down turn the page. A

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The kind of all screens that answer a question: at the top the boxes that ask it, with arrows that step through the
 // possible ones, below the answer. Enter in a box asks.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What the drop-downs, their side screens and the list of all windows are made of: full-width labels, each an entry
 // that is highlighted under the pointer and opens a screen. An entry stays lit until the pointer crosses the

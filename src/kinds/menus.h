@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The way to every screen, as plain data: the drop-downs of the main screen's buttons, the side screens beside them,
 // and the list of all windows by theme; each entry with the screen that it opens. Also where menus stand on the

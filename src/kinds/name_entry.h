@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Boxes into which a name is typed: of a Grand Prix, a driver or a team. The names met before are offered, and the
 // known spelling of one that is typed a little differently. They are gathered when a name is first typed on the screen.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // How a name is found by a few of its letters, wherever names are chosen by typing: in the pickers, the assistants and
 // the name boxes of the main screen. Accents and capitals don't count. A word of the name that begins with what was

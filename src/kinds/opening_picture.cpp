@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "kinds/opening_picture.h"
 
 #include "platform/qt_pictures.h"

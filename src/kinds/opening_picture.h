@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The picture that the program opens with: the one that the user chose for it, or the program's own drawing.
 #include "shell/widgets.h"

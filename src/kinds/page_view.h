@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A light view of a web page: its text and the pictures of its own server, no scripts. A link on the same server leads
 // on inside the view, any other is handed to the system. And the screen that is nothing but such a view.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A screen with a chart on ruled paper: a line for each Grand Prix of the season and its caption below, as named
 // controls, and the pictures of the chart for other programs. What is drawn on the paper is the derived screen's.

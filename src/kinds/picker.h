@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The lists from which the other screens choose: Form26 the drivers of a season, Form42 its teams, Form25 the all-time
 // list of Grands Prix. A click hands the choice to the screen that the opener's routing word means and closes the list.

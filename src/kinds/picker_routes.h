@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What is picked in the lists of drivers, teams and Grands Prix goes to the screen that opened the list. The opener
 // leaves a routing word in the list's Label2 or in its tag; here stands, word by word, which screen is meant, where it

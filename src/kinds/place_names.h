@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The captions of the places, as the screens show them.
 #include "results/place_words.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The kind of all lists of races over many seasons, "Monaco - 2004": a panel of seven columns, three of which are seen
 // at a time, so that it stands in one of five positions. A double click on a race opens it.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The kind of all tables race by race: a row for each Grand Prix of a season, with figures that say by their colour
 // whether they are better or worse. The Grand Prix that the main screen shows stands in bold, and a double click on a

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The kind of screens that rank the field by one figure at a time: at the left the buttons of the figures, in groups on
 // a colour, at the right the ranked rows with their bars. A bar bears as much of name and figure as it has room for.

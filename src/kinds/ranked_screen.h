@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The kind of all ranked tables: the ranks' fixed names at the left, and behind them columns given as data. A rank's
 // name belongs to its row, whoever stands there. Rows count from 1.

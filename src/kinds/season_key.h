@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The key to the four seasons that a screen sets side by side, the newest first: each head says its year in the colour
 // of its season, and in its tip who became champion and where the driver or the team on show ended.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "kinds/season_table.h"
 
 #include "charts/chart_instances.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The kind of all tables that set a season beside the three before it: a row a team, a driver or a race, four columns
 // of points and four of differences from the season whose year was clicked last. The years wear the colours that the

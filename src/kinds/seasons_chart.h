@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The screen of a line chart that compares one driver or team over four seasons, a line each: whom and from which year
 // back, the key to the seasons, and for a team who drove for it. Each such chart is a row of data.

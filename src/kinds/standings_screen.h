@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The kind of the two championship tables: a ranked table with a favourite, against whom all rows are measured. He is
 // taken by a click on his row, with the arrows or from a list; the season's file remembers where the arrows stand.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "kinds/subjects_chart.h"
 
 #include "kinds/place_names.h"

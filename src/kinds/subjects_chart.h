@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The screen of a line chart that compares four drivers or teams of one season Grand Prix by Grand Prix: who they are
 // and how to choose another, where told so the subjects two by two in bars and words, and the way to other charts. Each

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The kind of the two tables that show one team race by race: up to four of its drivers side by side, two figures of
 // each, each driver in a colour of his own, and behind them the team with its sum.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Ctrl+Z and Shift+Ctrl+Z on every screen: the user's last action on the files is undone or redone. A text box that has
 // something of its own to undo or redo keeps the keys.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "kinds/update_runner.h"
 
 #include "kinds/display_mode.h"

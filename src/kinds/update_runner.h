@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A run of the update: it fetches one archive after the other, hands them to the extractor and ends the program. It
 // goes on as each transfer ends and outlives the screen that began it, so it belongs to that screen's row. A transfer

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A picture in a window of its own, at its own size or stretched to the window: Form13 beside the main screen, Form16
 // beside the photo gallery. The window comes back as large as it was closed.

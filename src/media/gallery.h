@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A gallery: numbered slots on numbered pages, each slot with the path of a file that the user filed there, kept in the
 // gallery file. The films and the photos differ in a few numbers only; what a slot looks like is the screen's affair.

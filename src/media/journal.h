@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The journal: articles by number, each a pair of text files of the program folder, "Journal p<n>.txt" with the body
 // and "Journal t<n>.txt" with the title. What is typed and not saved yet lies in a draft beside them.

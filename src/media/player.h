@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The device that plays films, one at a time, in a window of its own. Nothing waits for it: an operation that it
 // refuses has no effect, and what it doesn't know (yet) is absent. Paths are files on the disk.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The film that the program plays, one for all screens: its three states (no media, playing, paused), and the
 // operations of the player's buttons on the device. A paused film doesn't count as playing: stopping and seeking leave

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The size of the picture viewers, one for both, kept in the season from one opening to the next.
 #include "store/season.h"

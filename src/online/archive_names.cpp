@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "online/archive_names.h"
 
 #include "store/backups.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Names as archives and servers give them, before anything is done with them. A name that the program folder takes on
 // any system has one form: parts separated by '/', none of them leading out of the folder or meaning a device.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "online/checked_archive.h"
 
 #include "online/archive_names.h"

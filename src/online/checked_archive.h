@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // An archive looked at whole before anything of it is used: its names, its kinds of entries, its sizes, its checksums,
 // and whether the key that the program folder is set up with vouches for it. docs/update.md tells the rules.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The example seasons that come with the program, for a first start without the network.
 #include <filesystem>

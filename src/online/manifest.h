@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The list that an archive may carry: which archive it is, a number that rises from one edition to the next, and the
 // SHA-256 of each file. `sha256sum -c MANIFESTE` understands it too:

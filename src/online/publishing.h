@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The other end of the update: the archives and the list of videos that a server holds, made from folders and a text.
 #include "online/signature.h"

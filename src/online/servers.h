@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The servers that a program folder is set up for, from the section [serveurs] of its "serveurs.ini". Without the file,
 // or with an empty key, nothing is fetched from that server.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Ed25519 keys and signatures in the published text forms of minisign, so that its users can check and sign too. A
 // signature is a text of four lines: a comment, base64 of "Ed" (of the message itself) or "ED" (of its BLAKE2b-512

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // One download, without the network: what to ask the server for, what its answers mean, and the file that grows from
 // them. The content goes to "NAME.part" beside the destination, which takes its name when it is whole; so a destination

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What the extractor does with a program folder: each archive that lies there is checked whole, unpacked into a folder
 // of the extractor's own, moved into place file by file, and taken away.

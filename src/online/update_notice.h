@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What the extractor leaves for the program that starts after it.
 #include <filesystem>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The five runs of the update screen: which archives they fetch, in which order, and what else happens between two of
 // them. No step's result is looked at; the next one follows all the same.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The list of the videos that the update server offers, the file "f1galerievideo.ini" of the program folder: fetched
 // anew whenever the catalogue opens, and made with the catalogue's editor.

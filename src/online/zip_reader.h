@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A ZIP archive read from its beginning to its end, entry by entry. Nothing is believed: whatever the library that
 // reads it finds odd counts as broken.

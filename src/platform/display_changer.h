@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Another mode for the display, and the user's own again: with a note kept in between, so that the old mode comes back
 // also after a program that died.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The note of a changed display: which mode the user had and which the program gave him. It outlives a program that
 // dies before it has put the old mode back, so that the next start can do so. While the program runs the note is

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A display as the machine gives it, with the modes that it offers, and the choice among them.
 #include <optional>

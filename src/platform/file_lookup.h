@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Finding a file by a stored path. Paths may have been written on another system: with backslashes, in another case
 // (`\Photos\Circuits\Monaco.JPG`), from the program folder or from the root.

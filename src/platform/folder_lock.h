@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Tells whether another running program has the data folder open. The system itself lets the lock go when its holder
 // ends, however it ends, so a program that crashed stands in nobody's way.

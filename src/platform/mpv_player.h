@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Films through libmpv: in a window of their own, with mpv's own controls on it. The library is made when the first
 // film is opened. It runs on threads of its own and is only ever told and listened to, so that no film, however broken,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What the program asks of the machine beyond windows and files: each a call that tests and the driver replace by a
 // recording stand-in.

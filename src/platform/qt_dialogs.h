@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Message boxes, questions and file choices of the window system, in French, above the program's own windows.
 #include "store/dialogs.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The download component: one transfer at a time, on the event loop. What the answers mean and what becomes of the file
 // is online/transfer.h; here are the network, the time-out, and the two events.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // One program a data folder: a second start on it asks the one that runs to come to the front, and ends.
 #include <QLocalServer>

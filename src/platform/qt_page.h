@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Fetching a web page or one of its pictures into memory: by http or https alone, five redirects at most and none that
 // gives up the encryption, nothing larger than a page should be, and no longer than thirty seconds without an answer.

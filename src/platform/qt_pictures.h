@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Reading picture files of any origin: JPEG, PNG, GIF, BMP and WebP, told by their content and never by their name. What a
 // file claims is checked before it is decoded, and it is decoded at the size that is shown, so that neither a large photo

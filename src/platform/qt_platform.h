@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The real machine: printing through the system's printers, addresses through its default programs, films through mpv,
 // the mode of the display through X.

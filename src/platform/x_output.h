@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The primary display of an X session, by the server's extension RandR.
 #include "platform/display_output.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The charts of places gained in the race: what four drivers or teams gained in a season, or one of them in four, Grand
 // Prix by Grand Prix or summed up. All hold their lines against one for zero.

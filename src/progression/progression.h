@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The progression of a driver in a race: his place on the grid less the one at the finish, so that a gain of places is
 // positive. It exists where both are known, that is for the first eight who stand in the grid. Two tables: all drivers

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The second reading: a season as its user entered it, beside the same season in the data, race by race. What the frame
 // of a season file can't hold is no difference; where a total differs from the official one, the reasons make up the

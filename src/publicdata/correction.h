@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Corrects one difference of a second reading by the program's own amendment, as if the user had typed what the data
 // says.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The championships as F1DB publishes them: what a release says of races, results, grids and standings, with drivers,
 // teams, Grands Prix and circuits by their place in the lists below. Names are as published, in UTF-8; points as given.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Writes planned seasons into the program folder: recorded race by race by the program's own recording, in a folder of
 // its own, and put in place as one at the end. Until then nothing of the user's is touched, so cancelling is

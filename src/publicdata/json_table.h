@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // One table of a release: a JSON array of objects, read as it comes out of the archive. Of each object only the fields
 // asked for are kept, and only until the next one; what stands deeper is passed over.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Names as the data files take them: Grands Prix and nationalities in French as the sample seasons write them, drivers
 // and teams as published, in the letters of the data files' code page.

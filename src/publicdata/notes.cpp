@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "publicdata/notes.h"
 
 #include "publicdata/names.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The notes of a planned season: one sentence in French for each kind of thing that its frame can't hold as it was.
 #include "publicdata/planning.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // From the points that a planned season counts to the official ones: what each rule of the championship added or took.
 // A remainder that no rule of the data explains is told as such.

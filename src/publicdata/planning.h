@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What a championship becomes in the frame of a season file: 20 races, 26 drivers, the first eight, one scale. Pure: a
 // release and a year give a plan and the notes on all that doesn't fit, before anything is written.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Reads a release of F1DB, its archive of JSON tables, from one pass over the archive: of its files only those told of
 // in docs/public_data.md, of those only the fields that are needed. What is broken, hostile or no release is refused.

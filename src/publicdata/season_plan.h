@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A season as it will be recorded: drivers with their numbers, calendar, scale, changes of team and every race, all in
 // the frame of a season file. Where it comes from (the sample's text files, a release of F1DB) doesn't matter here.

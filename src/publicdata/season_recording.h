@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Brings a planned season into a program folder by the program's own recording: the drivers with what they bring along,
 // the calendar, and race after race. The sample seasons and what comes from public data are made by this one road.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "publicdata/swap_in.h"
 
 #include "store/history.h"

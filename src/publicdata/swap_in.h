@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Puts files that were made in a folder of their own into the program folder as one: a kill leaves all of them or none,
 // or the next start ends the work. Until all are on the disk nothing is moved; from then on a list of what remains to

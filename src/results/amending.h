@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Taking a Grand Prix back and correcting it. Totals are kept by adding, so a correction first subtracts exactly what was
 // added, at the scale of the moment, and then records anew. The archive is left alone by a cancellation.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The calendar as the user enters it: the name and the date of the Grand Prix in each slot.
 #include "store/season.h"

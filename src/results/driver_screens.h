@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What the driver screens do: show the driver of a number, keep what was typed, take a picture. The screen of a new
 // driver has its own boxes; the profile's stand in the main record, since the sheet of ratios shows them too.

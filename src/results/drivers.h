@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The record of a driver within a season: which box of the driver screens stands for which key, what an empty box becomes
 // when the driver is stored. Team totals are never touched from here: points won stay with

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What looks wrong in an entry, in short French sentences that are shown beside it and hold nothing up: the user may
 // mean it. They are gone as soon as the entry is corrected.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The first evening with the program: what a season still lacks before it can tell anything, and how far a newcomer has
 // come on the way to his first race.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The starting grid of a Grand Prix: 26 places that hold drivers' names, kept apart from the result.
 #include "store/by_place.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "results/known_names.h"
 
 #include "results/team_list.h"

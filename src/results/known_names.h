@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The names that the user has met, offered where one is typed: of the season, of the other seasons of the folder and of
 // the archive. A name is the key of all results, so one letter more or less makes another race or another driver.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What was typed and not stored: known while it is typed, and when its screen is left without storing it, kept until
 // the program ends, so that it can be taken up again. The screen itself always opens on what is stored.

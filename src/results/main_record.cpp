@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "results/main_record.h"
 
 #include "results/simulation.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The record of the main screen: the Grand Prix and the season on show, and the hidden boxes that other screens read and
 // set. All that the program remembers between two clicks, apart from the files, stands here.

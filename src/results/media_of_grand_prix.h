@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The circuit picture, the picture and the film of the Grand Prix on show: chosen by the user, kept in the gallery file.
 #include "results/main_record.h"

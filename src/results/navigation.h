@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Walking through Grands Prix and seasons on the main screen, and what the start of the program finds out.
 #include "results/main_record.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "results/new_season.h"
 
 #include "results/drivers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The passage to a new season. The champion is crowned, then drivers, careers, teams and the names of the calendar go
 // from the old season into the transit file and from there into the new one; results, dates, grids and remarks stay

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "results/open_grand_prix.h"
 
 #include "results/race_fields.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A Grand Prix as it was: who started where, for which team, and how the championships stood when it was over.
 #include "results/grid.h"

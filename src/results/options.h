@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What the user sets for the program itself: the colour of the title bars, the picture that it opens with, and whether
 // the display takes the mode that the screens are made for.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Which picture stands for a circuit, a race, a driver or a team: the one that the user chose, and where there is none
 // or it can't be shown, the file in the program folder that bears the name.

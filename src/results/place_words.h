@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The captions of the places: "1er", "2nd", "3ème" and on to "26ème".
 #include <string>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What was typed of the race on show and isn't stored: numbers of the places and of the pole-sitter, the remark, and
 // the date as long as the race isn't recorded. The name alone is no entry: typing it is how a race is opened.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The fields in which a screen shows one Grand Prix: its name, the first eight, the pole-sitter and the remark.
 #include "results/scale.h"

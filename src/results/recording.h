@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Recording a Grand Prix: what the user entered on the main screen becomes points, wins, poles and podiums of the
 // drivers, points of the teams, and a line of the archive. Totals are kept by adding and never worked out anew.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The points of the first eight places. Each season may have its own scale; a season without one takes over the scale of
 // the year before, one year back and no further, and gaps are filled from the scale in use since 2003.

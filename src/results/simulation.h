@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The next race as the user imagines it. It is recorded in the season's file like a real one, so that every screen
 // shows what it would change, and is taken back whole.

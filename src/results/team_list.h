@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The teams of a season as they are offered for choice. A team has no record of its own: it is there because a driver
 // names it, and stands at its first driver.

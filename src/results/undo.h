@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Undoing and redoing the user's last action on the files, with the main screen following. Both tell the user on the
 // quiet line what was done, or why not.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What a screen reader says and presses. Boxes bear no caption of their own: the words before them do, so each box takes
 // its name from there. Labels and pictures that answer a click are buttons to it.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What every chart offers by the right mouse button and the menu key: its picture for other programs, with the title
 // that names season and subjects, and its figures where the screen tells them.

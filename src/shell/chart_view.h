@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Paints a chart given as plain shapes in twips, sharp at any size: lines, bars, masks, captions. The mouse and the
 // arrow keys point at the ends of the lines, or at the targets of a chart of bars, and show what each means; a click or

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Where the parts of the standard title bar and the window's edges stand, in twips (15 to the pixel), for a window of a
 // given size. The bar is the same on all screens; only its colour is the user's.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A named control of a screen, as a person, another screen, a test or the driver reaches it: `Text3(4)`, `Label40`,
 // `Timerrecords`. A control needs no widget: boxes and buttons that a screen holds but doesn't show are controls too.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What a screen shows, taken off it for other programs: its tables as they stand in the view, and the boxes that say
 // what they are about. A screen without a table, as a profile or a podium, is a list of what its boxes hold.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A small line at the foot of a table that finds a text in its cells: from the current cell on, in the order of the
 // view, and round again. Enter goes on, Shift+Enter back, Escape closes it.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/fixed_text.h"
 
 #include "shell/text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The ring around what has the keyboard, where it went there by Tab: a button, a command or a picture. It is drawn
 // outside of it, so that it is seen whatever the colours inside. A box of text shows its cursor and needs none.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Which of the help's topics a screen is about, so that F1 opens it there.
 #include <QString>

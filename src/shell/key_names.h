@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Keys by the names that a French keyboard gives them: "Maj+Ctrl+P", "Page préc.".
 class QKeySequence;

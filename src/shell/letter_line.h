@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The line under the letter of a button that presses it together with Alt. It lies over the button, whose caption stays
 // word for word what it is.

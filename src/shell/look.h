@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The one identity of the program: colours, font and the style sheet of all screens. A screen gets its looks from here
 // and chooses none of its own.

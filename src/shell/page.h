@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The ground of a screen's content. It asks for no more room than the display has: what then can't shrink scrolls.
 #include <QScrollArea>

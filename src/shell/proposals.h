@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What a box of text offers while something is typed into it: a short list below of names that begin so, and, when the
 // text is nearly a known one, that spelling at the box's right end. The list lies on the box's own window, so that it

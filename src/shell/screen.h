@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The base of all screens: a borderless window with the program's own title bar, the skin, drag, close, kept on top, the
 // wait pointer, printing, and the register of named controls through which screens, tests and the driver reach it.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // All screens of the program by name, and which of them are open. A screen is made when it is opened and gone when it is
 // closed; what it must remember stands in the files.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The four colours in which the program draws its title bars and the main action of a screen. The user chooses one; it
 // is kept under "couleur" in the gallery file.

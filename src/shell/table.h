@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // One table for all lists and grids. Its columns bear control names, so that `Text3(4)` is a cell with text, colours, tip
 // and place; an index outside the column does nothing. A person can select, copy and read it with a screen reader.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/table_menu.h"
 
 #include "shell/copies.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What every table offers beside what its screen does with it, by the right mouse button, the menu key and keys of its
 // own: copying with titles, saving as CSV and HTML, finding a text, and sorting where the order of the rows isn't the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The rows of a table in another order, for the eye alone: a row keeps its number, so that its cells mean the same to
 // the program, and a click finds the row that it hit. The order follows when the texts change.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Texts for the window system: a control's name or a caption is written u"Text3"_s, a text of the logic passes through
 // qt(), a name that is searched for through folded().

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/title_bar.h"
 
 #include "shell/chrome.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The bar over every screen: a gradient of the skin, the title in white, a close button, and the handle by which the
 // window is dragged and, where it can grow, maximised.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Twips, the unit of layout: 1440 to the inch, 15 to the pixel, Y downward.
 

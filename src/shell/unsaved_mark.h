@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The mark on what stores an entry, as long as something was typed and isn't stored: a small dot at its right end. The
 // caption stays what it is, and nothing moves.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The few widgets that all screens are made of. Each answers the mouse through plain handlers, so that a label, a box and
 // a picture can be clicked and double-clicked alike.

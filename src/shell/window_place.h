@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Where a window stands when it opens: where its user left it, or else beside what it was opened from. All in pixels of
 // the whole desktop.

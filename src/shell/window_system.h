@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What the window systems do each in its way: a borderless window that moves, grows and belongs to another. On X a
 // window may place itself; a Wayland compositor moves it for us, and places menus beside the window they belong to.

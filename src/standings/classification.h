@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Classification by place, three questions each asked of the grid and of the finish: where one driver stood in each
 // race of a season, who stood at one place in each race of a season, and in which races of many seasons one driver

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "standings/constructor_standings.h"
 
 #include "results/team_list.h"

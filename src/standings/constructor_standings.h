@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The constructors' championship of a season. A team is there because a driver names it; its points are the season's
 // running totals. Teams that are level share one row, so that the team behind them stands on its true rank.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The drivers' championship of a season: its 26 numbers sorted by points, and the same drivers in the order of their
 // numbers with what the detailed table shows beside the races. The points are the season's running totals; they aren't

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What the season's file remembers of the favourites of its two championship tables.
 #include "store/season.h"

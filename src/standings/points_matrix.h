@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The points matrix of a season: what each driver scored in each Grand Prix, worked out from the places and a scale. It
 // fills the detailed table of the drivers and feeds the charts. The scale may have changed since the races were

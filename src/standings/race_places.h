@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Who stood where in the races of a season, on the grid and at the finish, by name: read from the season once and then
 // asked as often as a table or a chart likes. The grid has the places 1 to 26, the finish 1 to 8; whoever finished

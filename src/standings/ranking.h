@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The ranking rule of all tables: an entry's rank is one more than the number of entries with a strictly greater value,
 // and it takes the first free row at or below its rank, the entries in their given order. So of two that are level the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A figure that says better or worse: its text, with the sign that the tables show, and the tone in which the cell
 // stands. A screen turns the tone into a colour: gain, loss and level have theirs, a cell without a tone is white.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Who won: one Grand Prix over the years, one season race by race, one driver over twenty years, and the races behind
 // a driver's count of wins, places, podiums or poles. All but the seasons' own races comes from the archive, which

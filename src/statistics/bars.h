@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The bars of a ranked table: as long as a row's figure is large beside the best one. A bar bears as much of the name
 // and the figure as it has room for.

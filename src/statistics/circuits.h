@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // One Grand Prix across the years: what its circuit is like, and what a driver and his team did there in the last ten
 // seasons. A circuit has no record of its own; the name of the Grand Prix leads to its texts, pictures and results.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "statistics/driver_sheet.h"
 
 #include "results/driver_screens.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The ratios of one driver's career: shares of wins, podiums and poles, points a race and a season. They are worked out
 // from the figures of his profile as they stand in its boxes. Profile and sheet show one driver: what steps from number

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The whole field of a season ranked by one of sixteen figures: the two championships, the careers, shares of the races
 // and figures a season. All stands on what the season keeps of each driver; no race is counted anew.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Who should be on the next podium. A driver among the first four of the last two races gets a step of it by the sum of
 // his two places; nothing else counts, and the same two races always give the same podium.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The statistics of a season, one figure of all drivers at a time, and the three all-time lists of the archive, as a
 // ranked table with bars. Ranking is also what keeps the all-time lists in order: a recording leaves its newcomers in

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A season race by race, a row a Grand Prix: one driver with his places on the grid and at the finish, the places he
 // gained and his points, or one team with up to four of its drivers. Points follow the scale given, not the totals

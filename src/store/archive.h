@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The archive outlives the seasons: the list of all Grand Prix names, who won each of them in which year, the
 // champions, and the candidates for the all-time lists. Winners are kept by name, since a number means something in one

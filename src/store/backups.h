@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Copies of all data files as they were before the first write of a run, one folder a run:
 // "Sauvegardes/2026-11-22_2145/f12005.ini". The ten newest runs are kept, and of older ones each file of which no newer

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // One value for each place of a result or a grid, indexed by the place itself: 1 to N.
 #include <array>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // How the logic speaks to the user: message boxes, questions and file choices. The window system answers in the program,
 // queued answers in tests and in the driver.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Whole files: read at once, replaced at once, carried through to the disk. What a kill and a power cut leave behind
 // is told in docs/durability.md. Paths are of the system's own bytes; no function throws or blocks on a device.

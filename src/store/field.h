@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A box of a screen as the logic sees it: its text, and who wants to know when the text changes. The screens share what
 // they know through such boxes (the season, the cursor, the names of a result), shown or hidden.

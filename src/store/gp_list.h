@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The all-time list of Grand Prix names in the archive, by which a Grand Prix is picked on all screens: its rows as
 // they stand, the removal of a name, and the clean-up that takes repeated names and holes out of the list.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The user's last actions, each with its files as they were before it, so that it can be undone and redone, byte for
 // byte. It lies in the folder "Historique" of the program folder and outlives a restart and a kill (docs/undo.md).

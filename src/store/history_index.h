@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What the history of the user's actions writes down: its steps with the files of each, as they were and as they
 // became, in one small text with a checksum. The files' contents lie beside it (store/history.h).

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // One INI file as it stands on disk: Windows-1252 bytes with [section] and key=value lines. Order, comments, blank and
 // unknown lines are kept as found; a write touches its own line only. Lookup goes through a hash of the folded section

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The names of the keys of a season file, built in this one place. A driver is given by the text of his number, as the
 // results store it ("7"; empty for a place with nobody, which gives a key that nothing holds), a Grand Prix by its

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What the user may name: a name becomes part of keys and file names, so it must come back from the data files as it was
 // typed. Asked wherever a name enters (Grand Prix, driver, team, season); what a file holds already isn't judged again.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Numbers held as text. Everything the program keeps is text; a figure is the text of the figure, written with the
 // decimal separator of the user ("2,5" in French). Text that is no number has no value, and an operation on it has no

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A season: a store and the stem of its file, with the readers and the counting steps that everything above stands on.
 #include "store/keys.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The data files of the program folder: f1<stem>.ini, one a season and a few of other roles. There is no other memory:
 // a screen reads a key when it needs it and writes a changed key at once.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What a screen shows, as text for other programs: tab-separated for the clipboard, CSV, HTML and JSON. All text is
 // UTF-8, and figures stand as on the screen, with the user's decimal separator. A name from a file is only ever text:

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Text is UTF-8 inside the program and Windows-1252 in the data files. All 256 bytes survive the way to UTF-8 and back:
 // the five that the code page leaves open (81 8D 8F 90 9D) stand for the control characters of the same number.

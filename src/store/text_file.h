@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Text files of the program folder that are no key files, as the articles of the journal: read whole and written whole.
 // Text is UTF-8 here and in the file a line in the code page of the key files; a text that the code page can't hold, or

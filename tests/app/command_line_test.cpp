@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The program called by a script: what it writes is what the screens show, and the folder stays as it was.
 #include "platform/program_folder.h"
 #include "shell/driven_program.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the user is asked and told of files that can't be trusted, and of a folder that is open already.
 #include "shell/driven_program.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every screen of the program opens, shows itself and closes: on full seasons, in an empty folder, on files that are no
 // seasons, and in a folder that is gone.
 #include "shell/driven_program.h"

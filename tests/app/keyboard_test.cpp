@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The program without a pointer: what answers a click is reached by keys, and every key is on the list of keys.
 #include "shell/driven_program.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Whoever asks for a driver, a team or a Grand Prix gets what is picked in the list, by every routing word of the
 // program.
 #include "kinds/picker.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every screen that offers to print gives one page of what it shows; the journal's article gives as many as it needs. The
 // pages are kept, to be looked at, in the folder that CIRCUIDEX_PAGES names.
 #include "platform/qt_pictures.h"

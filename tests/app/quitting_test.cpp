@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The program as a whole: its end, its rest between two actions, its pages.
 #include "platform/qt_platform.h"
 #include "shell/driven_program.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The geometry of the line charts, in twips: paper, rules, mask, widths and averages.
 #include "charts/chart_engine.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the charts read of a season: points, places, and how far the season has got.
 #include "charts/chart_series.h"
 #include "results/season_fixture.h"

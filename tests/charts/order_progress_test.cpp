@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The order of the championship as lines, against the published tables.
 #include "charts/order_progress.h"
 #include "results/season_fixture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Two subjects beside each other: bars and sentence, word by word.
 #include "charts/pair.h"
 

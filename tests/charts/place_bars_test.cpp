@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How often places were held, against the published results, and how long the bars of it are.
 #include "charts/bar_fit.h"
 #include "results/season_fixture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A chart on a season: what it draws of real results, and what it keeps of the user's choices.
 #include "charts/season_chart.h"
 #include "results/season_fixture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The charts of points over seasons, against the published tables.
 #include "comparisons/points_charts.h"
 

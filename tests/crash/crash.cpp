@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kills the program while it works on its files, and looks at what is left.
 //
 //     crash KILLS SAMPLE

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kills an import of seasons, and looks at what is left.
 //
 //     import_crash KILLS SAMPLE

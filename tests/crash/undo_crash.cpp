@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kills the program while it records, undoes and redoes, and looks at what is left.
 //
 //     undo_crash KILLS SAMPLE

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kills the extractor while it puts an update in place, and looks at what is left.
 //
 //     update_crash KILLS ZIP

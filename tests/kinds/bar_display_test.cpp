@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Bars as they are painted, clicked and walked on.
 #include "shell/chart_view.h"
 #include "shell/driven_program.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a chart paints, held against the lines that it has registered. Where the twips lie in the picture is taken from
 // the picture itself: its two axes.
 #include "shell/chart_view.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The menus as a person walks them: every label of every drop-down, side screen and of the list of windows is pressed.
 #include "app/screens.h"
 #include "shell/driven_program.h"

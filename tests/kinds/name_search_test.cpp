@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How a few letters find a name.
 #include "kinds/name_search.h"
 

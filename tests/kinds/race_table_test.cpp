@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a table race by race tells beside its figures.
 #include "shell/driven_program.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the tables of seasons leave alone: every file.
 #include "shell/driven_program.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a person sees and does in the large tables: colours that are painted, keys that walk, heads with whole names.
 #include "shell/driven_program.h"
 

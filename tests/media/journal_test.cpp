@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Articles as files: what they hold to the byte, and what a kill or a refusing disk leaves of a save.
 #include "media/journal.h"
 #include "store/temporary_folder.h"

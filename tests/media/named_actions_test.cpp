@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every action of the user that the files keep can be undone under its name.
 #include "media/gallery.h"
 #include "media/journal.h"

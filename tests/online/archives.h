@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // ZIP archives as a test wants them, hostile ones too, made by the library that reads them and then changed byte by
 // byte.

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The whole road of an update by command, from the recorded season 2006 to a program folder that lacked it, and what the
 # commands answer on the way when something is wrong.
 # usage: road.sh BINARIES DATA SAMPLE

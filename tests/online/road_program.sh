@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The whole road of an update through the program: a server on this machine gives the signed season 2006, the update
 # screen fetches it, the extractor puts it in place and starts the program again, and the season is there.
 # usage: road_program.sh BINARIES DATA SAMPLE

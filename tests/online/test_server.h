@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A web server on this machine whose answers a test lays down, faults included.
 #include <QByteArray>

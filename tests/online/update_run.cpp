@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The update cancelled at any moment: the extractor finds whole archives or none, so the folder is as it was before or
 // as after the update, never between the two.
 #include "online/archives.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The folder that the user chose to work in, noted in the program's own.
 #include "platform/program_folder.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/display_changer.h"
 
 #include "store/temporary_folder.h"

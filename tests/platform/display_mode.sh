@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The display's mode, changed and put back on an X server of the test's own: Xorg with its dummy driver, which shows
 # nothing and offers the modes that it is told. Without it the test says that it is skipped.
 # usage: display_mode.sh PROBE PROGRAM SAMPLE

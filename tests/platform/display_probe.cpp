@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The display as the program has it, by commands on standard input; each is answered with the mode that it left.
 #include "platform/qt_platform.h"
 

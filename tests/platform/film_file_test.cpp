@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/film_file.h"
 
 #include "store/temporary_folder.h"

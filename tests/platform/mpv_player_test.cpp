@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The real player on small films that ffmpeg makes here, unseen and unheard; and on files that are none.
 #include "platform/mpv_player.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The charts of places gained: heights worked out once more from the published grids and finishes.
 #include "progression/gain_charts.h"
 

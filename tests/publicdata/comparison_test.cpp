@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "publicdata/correction.h"
 #include "publicdata/import.h"
 #include "publicdata/release.h"

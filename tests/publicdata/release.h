@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The small release that the tests read: twelve seasons in the shape of F1DB's own.
 #include "publicdata/reading.h"

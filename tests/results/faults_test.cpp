@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A disk that refuses: each system call of a recording fails once in turn, and the season is none the worse.
 #include "results/amending.h"
 #include "results/season_fixture.h"

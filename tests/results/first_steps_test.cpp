@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a season lacks, step by step from an empty folder to its first race, and the season that the start page begins.
 #include "results/first_steps.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "results/grid.h"
 
 #include "results/season_fixture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "results/navigation.h"
 
 #include "results/media_of_grand_prix.h"

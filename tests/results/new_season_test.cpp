@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The passage to a new season: what comes over, what stays behind, two real seasons with passages between them, and a
 // passage that was cut off.
 #include "results/new_season.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which picture stands for whom: the choice, the file that bears the name, the picture of anybody.
 #include "results/pictures.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The last race of 2005, recorded on the sample season: first as it was, then with one thing amiss at a time, where
 // only the keys that this touches may come out otherwise.
 #include "results/recording.h"

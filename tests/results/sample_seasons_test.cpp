@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The sample seasons stand on the program's own recording of real races; their totals are compared here with the
 // published tables of the championships.
 #include "results/open_grand_prix.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A program folder of a test's own, with the sample seasons or empty, the main screen's record on it, and what tests
 // say and ask: a result typed as driver numbers, a key as "2005 [N°] vic5", the keys that a step changed as printed

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The last race of 2005 simulated on the sample season: what it records, and that the season is as before when it
 // stops, whatever was done, or refused by the disk, meanwhile.
 #include "results/simulation.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "results/team_list.h"
 
 #include "results/season_fixture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Plays one scenario file against the whole program on Qt's offscreen platform.
 //
 //     scenario_runner SAMPLE FILE

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A chart under the mouse and the keyboard, and its pictures for other programs.
 #include "shell/chart_view.h"
 #include "shell/driven_program.h"

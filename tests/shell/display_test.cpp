@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every screen on the displays that people have: whole on them, and told to who doesn't see or has no mouse.
 #include "shell/driven_program.h"
 #include "shell/look.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The whole program on a folder of a test's own, with files of the sample, spoken to by the commands of the driver.
 #include "app/driver.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which files are shown as pictures, and how large ones come to their frame.
 #include "platform/qt_pictures.h"
 #include "shell/widgets.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the mouse and the keyboard do to a window: drag, close, shortcuts, copying from a table, and the wait pointer.
 #include "shell/driven_program.h"
 #include "shell/title_bar.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What every table offers, by its keys: copies with titles, files, another order for the eye, a text found.
 #include "shell/driven_program.h"
 #include "shell/find_line.h"

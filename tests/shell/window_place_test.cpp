@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where windows come up: where they were left, beside what they were opened from, whole on the display; and a second
 // start that brings up the first.
 #include "shell/window_place.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The matrix of a whole season is compared cell by cell with the published results of data/.
 #include "standings/points_matrix.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Standings as printed lines, and the official tables of 2003 and 2004 in the same form.
 #include "results/season_fixture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A cell with its tone in one printed text: "+3^" a gain, "-3v" a loss, "=~" level, the text alone without a tone, "-"
 // for an empty cell.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "standings/winners.h"
 
 #include "standings/standings_lines.h"

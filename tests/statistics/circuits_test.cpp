@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What is told of a circuit, and how a driver and his team did there: against the published results at Monaco.
 #include "statistics/circuits.h"
 

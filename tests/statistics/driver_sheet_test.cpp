@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The ratios of a career, against values worked out by hand from the results.
 #include "statistics/driver_sheet.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The field of 2004 by each of its sixteen figures, worked out by hand from the published results and careers; and who
 // gets which row.
 #include "statistics/field_statistics.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What becomes of files that aren't text, of the copies made before the first write, and of a folder opened for
 // reading.
 #include "store/backups.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The order of the system calls that a write and its settling consist of. What a power cut may take is argued from it
 // in docs/durability.md.
 #include "store/store.h"

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """run_vectors_by_category.py RUN_VECTORS ADAPTER: fails unless every category of recorded answers passes as a whole.
 
 The category "delete" asks for an operation that the store doesn't offer, and must be refused rather than pass.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Names from strangers stay names, whatever form a table is given.
 #include "store/table_text.h"
 

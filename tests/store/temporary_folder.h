@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A folder of a test's own, gone with the test, and plain file access that shares nothing with the store.
 #include <cstdlib>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Puts a hook before each system call of the store: it may note the call, refuse it with an errno, or end the program.
 // The calls themselves stay genuine.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // wander SAMPLE STEPS [SEED]: opens every screen and then uses the program at random, as a child at the keyboard would,
 // on a full season, on half a season, in an empty folder and on damaged files, so many steps in all. It must not crash,
 // hang or trip a sanitizer. The commands of the driver go to wander.log, which circuidex-driver repeats: the last line

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form36 and Form73, three drivers or three teams side by side, Grand Prix by Grand Prix: what each did, his points so
 // far, and the gaps to the one that is chosen. The season's file keeps the three names.
 #include "charts/comparator.h"

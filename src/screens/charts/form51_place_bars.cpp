@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How often a driver stood at each place, in level bars: in the season on show (Form51), where a bar leads to its
 // races, and in a row of seasons (Form77), where it leads to the lists of places.
 #include "charts/bar_fit.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form72, how the drivers' championship came to its order: a line for each driver's number from rank to rank, and at
 // its end his name, which brings the line to the fore.
 #include "charts/order_progress.h"

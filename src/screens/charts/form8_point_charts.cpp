@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The charts that compare four drivers or teams Grand Prix by Grand Prix: points added up (Form8, Form41) with the
 // subjects two by two in bars and words, place at the finish (Form45), place on the grid (Form53) and a team's points
 // in each race (Form71). Form8 simulates the next race, too.

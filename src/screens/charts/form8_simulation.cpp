@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "screens/charts/form8_simulation.h"
 
 #include "shell/look.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Form8 with the simulation of the next Grand Prix under its chart: the points that each of the four drivers is to
 // score there, and how it stands.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How often somebody stood at each place of the first races of a season, in upright bars: the drivers of a team
 // together (Form91), or a driver (Form92).
 #include "kinds/bar_columns.h"

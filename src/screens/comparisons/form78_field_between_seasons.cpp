@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form78 and Form79, the points of all teams and of all drivers in four seasons, after the same number of races. The
 // number of races steps, or follows the name of a Grand Prix of the current season.
 #include "kinds/picker.h"

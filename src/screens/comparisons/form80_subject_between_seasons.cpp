@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form80 to Form83, one team's or one driver's points race by race in four seasons, each race by itself or all up to
 // it.
 #include "kinds/picker.h"

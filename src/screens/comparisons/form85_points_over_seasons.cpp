@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The charts of the points of one driver (Form85, Form86) or one team (Form87, Form88) over four seasons: added up, and
 // race by race.
 #include "comparisons/points_charts.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How often somebody stood at each place of the first races of a season and of the three before it, in upright bars
 // side by side: a driver (Form89), or the drivers of a team together (Form90).
 #include "kinds/bar_columns.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form13, the pictures of the Grand Prix on show, large: the race's when it opens, from race to race the circuits'.
 #include "kinds/viewer.h"
 #include "results/main_record.h"

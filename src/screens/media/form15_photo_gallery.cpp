@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form15, the photo gallery: 24 pictures to a page, each filed by the user from any path. A click shows one large.
 #include "kinds/gallery_page.h"
 #include "results/media_of_grand_prix.h"

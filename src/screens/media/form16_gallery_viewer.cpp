@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form16, a picture of the photo gallery, large; its arrows walk through the gallery behind it. The profile of a driver
 // and the podium show their pictures in it too.
 #include "kinds/viewer.h"

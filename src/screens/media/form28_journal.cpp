@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form28, the journal: numbered articles of a title and a free text. What is typed goes to a draft beside the article
 // half a second later, so that a crash loses no more than that, and is asked about before another article comes.
 #include "kinds/entry_screen.h"

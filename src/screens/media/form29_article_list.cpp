@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form29, the titles of the journal's articles, 60 to a page. A click opens the article.
 #include "kinds/empty_note.h"
 #include "media/journal.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form65, an article of the journal as a sheet of paper, printed page by page: the title stands, the text moves below
 // it.
 #include "shell/look.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // frmmain, the gallery of films and the player of the whole program: a click on a slot plays its film, a double click
 // files another one. The main screen is out of sight while it is open.
 #include "kinds/gallery_page.h"

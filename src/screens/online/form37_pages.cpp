@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The screens that are a web page: the project's site (Form37), the news of the updates (Form44), any page whose
 // address another screen writes into the hidden box (Form97), and the one that installers are fetched from by hand
 // (Form35).

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form46, the start page of a folder that has no season yet. At the left what the server has: fetch it all, or come
 // back later; beside it all that needs no network: the example seasons, a new season, another folder, or nothing at
 // all. The main screen is out of sight until the choice is made.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form67, the update: the news of the server, the five runs of downloads that end in the extractor and in the end of
 // the program, and how far the transfer is. The run itself belongs to the program (kinds/update_runner); this screen
 // may be closed in the middle of it.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form96, the films that the update server offers: its list, the download of one of them into the program folder, and
 // the way on to the player. Under the name of a Grand Prix and a season a film is that race's on the main screen.
 #include "kinds/page_view.h"

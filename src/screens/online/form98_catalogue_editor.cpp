@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form98, the editor of the list of films that lies on the server: it changes the copy in the program folder, which is
 // then put on the server by hand.
 #include "online/video_catalogue.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form100, the places that a team's drivers gained in each race of a season, and the team's gain with its sum.
 #include "kinds/team_table.h"
 #include "progression/progression.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The charts of places gained in the race: of four drivers (Form101) or four teams (Form105) through the season, of one
 // driver (Form103) or one team (Form107) over four seasons, and each of them summed up (Form102, Form106, Form104,
 // Form108).

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form50, all drivers of one Grand Prix: grid, finish and the places gained between them. On demand the sum of the
 // places gained from the first Grand Prix to where the arrows stand.
 #include "kinds/empty_note.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form12, the podium: the first three of a Grand Prix with their pictures, and a walk through the podiums of the season.
 #include "platform/qt_pictures.h"
 #include "results/pictures.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The strip of the first steps on Form1: calendar, drivers, first race. It stands above everything else from the first
 // start until a race is recorded, and leads on from each step to the next.
 #include "screens/results/form1_main.h"

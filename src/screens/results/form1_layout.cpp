@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How Form1 is laid out: three columns of cards. What its buttons do stands in form1_main.cpp.
 #include "screens/results/form1_main.h"
 

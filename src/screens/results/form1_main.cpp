@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "screens/results/form1_main.h"
 
 #include "kinds/display_mode.h"

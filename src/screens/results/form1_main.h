@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Form1, the main screen: one Grand Prix of one season, the way through Grands Prix and seasons, and the buttons that open
 // everything else. Its buttons are pressed by other screens too, some of them by nobody else.

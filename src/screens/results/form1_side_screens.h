@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The buttons of the main screen that open a side screen and show by "[F] " that it is open; a second press closes it.
 #include <algorithm>

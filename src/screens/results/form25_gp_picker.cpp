@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form25, the all-time list of Grands Prix, and the removal of names from it.
 #include "kinds/picker.h"
 #include "shell/screens.h"

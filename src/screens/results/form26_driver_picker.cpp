@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form26, the drivers of a season.
 #include "kinds/picker.h"
 #include "shell/screens.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form2, a new driver: the first free number is proposed.
 #include "kinds/driver_form.h"
 #include "shell/look.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form30, the editor of the season's point scale.
 #include "kinds/entry_screen.h"
 #include "kinds/place_names.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form34, the calendar of the season: the Grand Prix of each slot and its date. Naming a slot anew leaves the results
 // under the old name.
 #include "kinds/day_choice.h"

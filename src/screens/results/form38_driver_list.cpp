@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form38, the drivers of the season as a plain list to read and print.
 #include "kinds/empty_note.h"
 #include "kinds/place_names.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form39, the passage to a new season: who is champion, and on to the next year.
 #include "kinds/picker.h"
 #include "results/main_record.h"

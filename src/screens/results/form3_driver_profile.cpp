@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form3, the profile of a driver: his whole record, his pictures and his team's, and beside it the sheet of his ratios,
 // Form14, which moves with it. Emptying the fields and storing them puts a new driver into the slot.
 #include "kinds/driver_form.h"

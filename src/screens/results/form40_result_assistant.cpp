@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form40, the assistant that asks for the first eight and records the Grand Prix.
 #include "kinds/assistant.h"
 #include "shell/screens.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form42, the teams of a season.
 #include "kinds/picker.h"
 #include "results/team_list.h"

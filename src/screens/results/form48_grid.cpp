@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form48, the starting grid of a Grand Prix as a table. Changing exactly one place moves the pole with it.
 #include "kinds/empty_note.h"
 #include "kinds/entry_screen.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form49, the assistant that fills the starting grid and leads on to that of the result.
 #include "kinds/assistant.h"
 #include "shell/screens.h"

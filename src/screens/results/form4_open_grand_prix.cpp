@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form4, a Grand Prix as it was: result, grid with teams, and both championships at that moment. It opens on the Grand Prix
 // of the main screen and then walks on its own, through Grands Prix and seasons.
 #include "kinds/empty_note.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form17, on the program itself, with the ways to its texts, its forum, its site and whoever answers for it.
 #include "kinds/opening_picture.h"
 #include "kinds/page_view.h"

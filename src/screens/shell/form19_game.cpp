@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form19, the small game behind a word typed as a Grand Prix: a counter runs until a number is drawn, and the player
 // looks for that number.
 #include "shell/look.h"

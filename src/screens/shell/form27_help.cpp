@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form27, the help: nine topics at the left, each a fixed text, and the text on show. It opens on the file "A1.txt" of
 // the program folder, or on the topic of the screen that opened it.
 #include "platform/file_lookup.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form47, the end of the program: it closes the main screen, fetches the closing notice, which nobody waits for, and
 // ends the program a second later.
 #include "kinds/page_view.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form59, all windows of the program by theme, on one page that stays open while the user works and can be put away at
 // the left edge of the display. The labels are `Label50` and up in order, from the title down the columns, but for
 // `Label7` and `Label41`, which show the season, `Label34`, "Imprimer", and `Label35`, the web site.

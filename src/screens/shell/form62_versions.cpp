@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the program tells of itself: its versions and whom it owes thanks (Form62), what others said of it (Form64), the
 // readme (Form66), the picture of its makers (Form74) and its sheet of figures (Form99). Nothing but text.
 #include "kinds/opening_picture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form93, the options: the colour of the title bars, which the next screens opened take, the way out of the automatic
 // change of the display's mode, and the folder that the program works in.
 #include "kinds/display_mode.h"

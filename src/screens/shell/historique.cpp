@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Historique, the user's last actions, newest first, with the two that Ctrl+Z and Shift+Ctrl+Z are about on its
 // buttons. What was undone is grey. It stays open while the user works.
 #include "kinds/undo.h"

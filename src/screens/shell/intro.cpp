@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Intro, the splash screen: the picture that the user chose for it, or the program's own, for two seconds; a click
 // shortens that, a double click chooses another picture. Then the main screen opens, which closes it.
 #include "kinds/opening_picture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The drop-downs of the main screen and their side screens, one for each menu of the table.
 #include "kinds/drop_down.h"
 #include "shell/screens.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Raccourcis, the list of all keys: those of every window, of the window that it was opened from, and of the main
 // screen. It shows what the screens themselves have registered, and so is never out of date.
 #include "shell/look.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form20, one Grand Prix over ten years: who won it, and who was champion of each of those years.
 #include "kinds/empty_note.h"
 #include "kinds/lookup_screen.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form21, Form63 and Form55, one season: who won each Grand Prix, or who held one place at the finish or on the grid,
 // with his team, and the champion. For a year without a file the archive tells the winners.
 #include "kinds/race_table.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form23, all wins of one driver over the twenty years that end with the open season.
 #include "kinds/picker.h"
 #include "kinds/race_list.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form24, the winner of one Grand Prix in one year.
 #include "kinds/empty_note.h"
 #include "kinds/lookup_screen.h"

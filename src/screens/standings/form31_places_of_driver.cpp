@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form31 and Form56, one driver in one season: his place in each Grand Prix, at the finish or on the grid.
 #include "kinds/picker.h"
 #include "kinds/race_table.h"

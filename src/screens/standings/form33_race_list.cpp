@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form33, the races behind one number of the season statistics. A moment after it opened it asks which statistic is on
 // show; where none has races behind it, it closes again.
 #include "kinds/empty_note.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form5, the constructors' championship: up to 13 rows of teams sorted by points, teams that are level in one row, each
 // row with its gap to the favourite.
 #include "kinds/standings_screen.h"

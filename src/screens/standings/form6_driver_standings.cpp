@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form6, the drivers' championship: the season's 26 numbers sorted by points, each with his gap to the favourite.
 #include "kinds/standings_screen.h"
 #include "shell/screens.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form70, the constructors' championship in full: what each team scored in each Grand Prix.
 #include "kinds/detailed_grid.h"
 #include "results/main_record.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form75 and Form76, one driver and one place over several seasons: the races that he started from there, or finished
 // there.
 #include "kinds/picker.h"

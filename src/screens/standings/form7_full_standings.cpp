@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form7, the drivers' championship in full: what each driver scored in each Grand Prix, in the order of their numbers.
 // A moment after it opened the poles are marked; who wants the bare numbers stops that timer.
 #include "kinds/detailed_grid.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form11, the forecast: a podium computed for the Grand Prix after the one that the main screen shows.
 #include "kinds/empty_note.h"
 #include "results/main_record.h"

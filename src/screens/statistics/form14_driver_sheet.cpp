@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form14, the sheet of ratios beside the profile of a driver, Form3: the same driver, the same seasons.
 #include "results/driver_screens.h"
 #include "shell/look.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form32, the statistics of the season: at the press of a button one figure of all drivers, or one of the three
 // all-time lists, as a ranked table with bars. An all-time list is written back in its order when it has been shown.
 #include "kinds/ranked_bars.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form60, one driver's season race by race: his places, what he gained in the race and his points, with their sums. The
 // season is that of the main screen, and a year typed here becomes it.
 #include "kinds/picker.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form61, one team's season race by race: places and points of its drivers, and the team's points with their sum. The
 // points follow the scale in use, also for another year.
 #include "kinds/team_table.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form68, what a circuit is like: date, picture and description of a Grand Prix of the season, and who won it in the
 // last ten years.
 #include "kinds/empty_note.h"

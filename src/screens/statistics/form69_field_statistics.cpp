@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form69, the statistics of the field: at the press of a button all drivers, or all teams, by one figure of sixteen.
 // The driver's profile and the sheet beside it lead here to compare him with the others.
 #include "kinds/ranked_bars.h"

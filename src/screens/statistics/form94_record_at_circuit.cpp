@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form94, a driver and his team at one Grand Prix: where he started and finished and what the team scored there in each
 // of the last ten seasons, and who won.
 #include "kinds/empty_note.h"
