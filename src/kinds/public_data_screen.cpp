@@ -50,6 +50,8 @@ void PublicDataScreen::begin()
         dataRead();
     } else if (std::filesystem::is_regular_file(fetched, error)) {
         read(fetched.string());
+    } else {
+        say(u"F1DB publie ses données sur github.com/f1db/f1db ; le fichier s'appelle f1db-json-splitted.zip."_s);
     }
 }
 
@@ -125,13 +127,14 @@ void PublicDataScreen::fetch()
 void PublicDataScreen::read(const std::string &path)
 {
     m_file = QFileInfo(qt(path)).fileName();
+    m_fetched = path == (context.store.folder() / fetchedFile).string();
     m_reading = std::make_unique<publicdata::Reading>(path);
     m_waiting = std::make_unique<Waiting>(*this);
     showProgress(u"Lecture de %1"_s.arg(m_file), 0, publicdata::Reading::tables());
     work([this] { return readOn(); });
 }
 
-// A refused archive leaves the one that was read before.
+// A refused archive leaves the one that was read before; a fetched one goes.
 bool PublicDataScreen::readOn()
 {
     const bool more = m_reading->step();
@@ -142,6 +145,8 @@ bool PublicDataScreen::readOn()
     const bool fits = refusal.isEmpty();
     if (fits)
         *m_kept = Release{m_file, m_reading->take()};
+    else if (m_fetched && !context.store.readOnly())
+        online::removeDownload(context.store.folder() / fetchedFile);
     m_reading.reset();
     m_waiting.reset();
     say(fits ? QString() : m_file + u" : "_s + refusal);

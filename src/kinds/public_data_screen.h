@@ -61,6 +61,7 @@ private:
     std::unique_ptr<Waiting> m_waiting;
     std::function<bool()> m_step; // empty while nothing is under way
     QString m_file; // that is read
+    bool m_fetched = false; // it is the one that the program fetched
     TimerControl *m_turns;
     QPointer<QWidget> m_focus; // before it was busy
     Button *m_choose = nullptr, *m_fetch = nullptr, *m_cancel = nullptr;

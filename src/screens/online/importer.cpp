@@ -121,6 +121,7 @@ Importer::Importer(Context &theContext, const QString &name, const QString &titl
     layout->addLayout(foot);
     resize(1000, 690);
     showSeasons();
+    showPreview();
     begin();
 }
 
@@ -175,7 +176,7 @@ void Importer::showSeasons()
 {
     for (int row = 0; row < seasonRows; ++row) {
         const bool there = row < static_cast<int>(m_years.size());
-        m_seasons->setRowHidden(row, !there && row > 0);
+        m_seasons->setRowHidden(row, !there);
         const int year = there ? m_years[static_cast<std::size_t>(row)] : 0;
         const publicdata::Championship *of = there ? data()->championship(year) : nullptr;
         QString champion;

@@ -62,21 +62,28 @@ QString whatDiffers(const Difference &difference)
     return u"total"_s;
 }
 
-// "sprint : +8 ; point du meilleur tour : +1", each reason once.
-QString reasonsOf(const Difference &difference, const Numbers &numbers)
+QString reasonOf(const publicdata::Part &part, const Season &season)
 {
-    std::vector<std::pair<publicdata::Reason, double>> sums;
+    if (part.reason == publicdata::Reason::otherResult && part.gp && !season.recorded(season.namegp(*part.gp)))
+        return u"course non enregistrée"_s;
+    return qt(publicdata::inFrench(part.reason));
+}
+
+// "points de course sprint : +8 ; point du meilleur tour : +1", each reason once.
+QString reasonsOf(const Difference &difference, const Season &season)
+{
+    std::vector<std::pair<QString, double>> sums;
     for (const publicdata::Part &part : difference.parts) {
-        const auto known = std::ranges::find(sums, part.reason, &decltype(sums)::value_type::first);
+        const QString reason = reasonOf(part, season);
+        const auto known = std::ranges::find(sums, reason, &std::pair<QString, double>::first);
         if (known == sums.end())
-            sums.emplace_back(part.reason, part.points);
+            sums.emplace_back(reason, part.points);
         else
             known->second += part.points;
     }
     QStringList reasons;
     for (const auto &[reason, points] : sums)
-        reasons << u"%1 : %2%3"_s.arg(qt(publicdata::inFrench(reason)), points > 0 ? u"+"_s : QString(),
-                                      qt(numbers.text(points)));
+        reasons << u"%1 : %2%3"_s.arg(reason, points > 0 ? u"+"_s : QString(), qt(season.numbers().text(points)));
     return reasons.join(u" ; "_s);
 }
 
@@ -229,12 +236,13 @@ void Verifier::showRow(int row)
 {
     const bool there = row < m_shown;
     const Difference difference = there ? m_comparison->differences[static_cast<std::size_t>(row)] : Difference();
+    const Season season(context.store, there ? m_comparison->year : std::string());
     m_rows->setRowHidden(row, !there);
     m_rows->set(u"course", row, qt(difference.subject));
     m_rows->set(u"quoi", row, there ? whatDiffers(difference) : QString());
     m_rows->set(u"tenu", row, qt(difference.held));
     m_rows->set(u"publie", row, qt(difference.published));
-    m_rows->set(u"raison", row, reasonsOf(difference, context.store.numbers()));
+    m_rows->set(u"raison", row, there ? reasonsOf(difference, season) : QString());
     m_rows->set(u"corriger", row, difference.correctable ? u"Corriger"_s : QString());
     m_rows->setBack(u"corriger", row, difference.correctable ? std::optional(look::chosen) : std::nullopt);
     const bool held = difference.correctable && !difference.held.empty();
