@@ -286,7 +286,8 @@ void Verifier::correct(const Difference &difference)
         results::showAnew(context.main, before);
     for (const QString &stale : {u"Form4"_s, u"Form32"_s, u"Form48"_s})
         context.screens.close(stale);
-    const std::string done = "Corrigé : " + difference.sentence();
+    const std::string done = "Corrigé : " + difference.subject + ", " + whatDiffers(difference).toStdString() +
+        (difference.published.empty() ? "" : " : " + difference.published);
     say(qt(refusal.empty() ? done : refusal));
     if (refusal.empty())
         context.main.said.set(done);
