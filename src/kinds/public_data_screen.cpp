@@ -8,6 +8,7 @@
 
 #include <QBoxLayout>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QKeyEvent>
 
 #include <algorithm>
@@ -204,11 +205,22 @@ void PublicDataScreen::say(const QString &says)
     m_said->setText(says);
 }
 
-void PublicDataScreen::fitRows(Table &table, int rows, int column)
+void PublicDataScreen::keepFitting(Table &table, int column)
+{
+    table.setWordWrap(true);
+    connect(table.horizontalHeader(), &QHeaderView::sectionResized, this, [&table, column](int resized) {
+        if (resized == column)
+            fitRows(table, column);
+    });
+}
+
+void PublicDataScreen::fitRows(Table &table, int column)
 {
     constexpr int beside = 16, above = 8; // pixels that the text leaves free
     const int width = table.columnWidth(column) - beside;
-    for (int row = 0; row < rows; ++row) {
+    for (int row = 0; row < table.model().rowCount(); ++row) {
+        if (table.isRowHidden(row))
+            continue;
         const QString text = table.model().cell(row, column).text();
         const QRect takes = table.fontMetrics().boundingRect(QRect(0, 0, width, 10000), Qt::TextWordWrap, text);
         table.setRowHeight(row, std::max(look::rowHeight, takes.height() + above));

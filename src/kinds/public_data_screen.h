@@ -37,8 +37,9 @@ protected:
     void showProgress(const QString &says, int done, int all);
     void say(const QString &says);
 
-    // The first so many rows of a table, each as high as the wrapped text of the column needs.
-    static void fitRows(Table &table, int rows, int column);
+    // The rows of a table in sight, each as high as the wrapped text of the column needs.
+    static void fitRows(Table &table, int column);
+    void keepFitting(Table &table, int column); // also in another width
 
     virtual void dataRead() = 0; // there is new data, or data for the first time
     virtual void busyChanged() = 0;

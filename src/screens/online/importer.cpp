@@ -57,7 +57,6 @@ protected:
     void busyChanged() override;
     void workCancelled() override;
     void closing() override { m_import.reset(); }
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
     struct Planned {
@@ -93,7 +92,6 @@ private:
     std::vector<std::string> m_importing; // years
     bool m_firstSeasons = false, m_replacing = false;
     Table *m_seasons = nullptr, *m_preview = nullptr;
-    int m_previewed = 0; // rows
     TimerControl *m_planning;
     Button *m_start = nullptr, *m_missing = nullptr, *m_none = nullptr;
 };
@@ -154,7 +152,7 @@ QWidget *Importer::previewCard()
 {
     m_preview = table({{u"annee"_s, u"Saison"_s, 58}, {u"note"_s, u"Aperçu"_s}}, previewRows);
     m_preview->setAlternatingRowColors(false);
-    m_preview->setWordWrap(true);
+    keepFitting(*m_preview, 1);
     auto *layout = new QVBoxLayout;
     layout->addWidget(m_preview, 1);
     return card(u"Ce qui sera écrit, et ce qui n'entre pas dans le cadre"_s, layout);
@@ -291,10 +289,10 @@ void Importer::showPreview()
         lines.resize(previewRows - 1);
         lines.push_back({{}, u"…"_s});
     }
-    m_previewed = static_cast<int>(lines.size());
+    const int shown = static_cast<int>(lines.size());
     for (int row = 0; row < previewRows; ++row) {
-        const Line line = row < m_previewed ? lines[static_cast<std::size_t>(row)] : Line();
-        m_preview->setRowHidden(row, row >= m_previewed);
+        const Line line = row < shown ? lines[static_cast<std::size_t>(row)] : Line();
+        m_preview->setRowHidden(row, row >= shown);
         m_preview->set(u"annee", row, line.year);
         m_preview->set(u"note", row, line.says);
         for (const QStringView column : {u"annee", u"note"}) {
@@ -305,15 +303,8 @@ void Importer::showPreview()
                                                 : std::nullopt);
         }
     }
-    fitRows(*m_preview, m_previewed, 1);
+    fitRows(*m_preview, 1);
     busyChanged();
-}
-
-void Importer::resizeEvent(QResizeEvent *event)
-{
-    PublicDataScreen::resizeEvent(event);
-    if (m_preview)
-        fitRows(*m_preview, m_previewed, 1);
 }
 
 void Importer::busyChanged()
@@ -369,6 +360,8 @@ void Importer::start()
 // is read anew.
 bool Importer::importOn()
 {
+    if (!m_import) // the window is closing
+        return false;
     const bool last = m_import->stepsDone() + 1 == m_import->stepsInAll();
     if (last && m_replacing)
         context.screens.closeAllBut({u"Form1"_s, u"Form46"_s, u"Form67"_s, u"Historique"_s, name()});

@@ -94,7 +94,6 @@ public:
 protected:
     void dataRead() override { compare(); }
     void busyChanged() override;
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
     QLayout *head();
@@ -176,7 +175,7 @@ QWidget *Verifier::differencesCard()
                     {u"corriger"_s, QString(), 72, Qt::AlignCenter,
                      u"Mettre ce que disent les données ; se laisse annuler"_s, 0, true}},
                    differenceRows);
-    m_rows->setWordWrap(true);
+    keepFitting(*m_rows, reasonColumn);
     m_rows->onPress = [this](const QString &column, int row) { pressed(column, row); };
     auto *layout = new QVBoxLayout;
     layout->addLayout(head());
@@ -206,7 +205,7 @@ void Verifier::showDifferences()
     m_shown = m_comparison ? std::min(static_cast<int>(m_comparison->differences.size()), differenceRows) : 0;
     for (int row = 0; row < differenceRows; ++row)
         showRow(row);
-    fitRows(*m_rows, m_shown, reasonColumn);
+    fitRows(*m_rows, reasonColumn);
     m_found->setText(summary());
 }
 
@@ -248,13 +247,6 @@ void Verifier::showRow(int row)
     const bool held = difference.correctable && !difference.held.empty();
     m_rows->setBack(u"tenu", row, held ? std::optional(look::loss) : std::nullopt);
     m_rows->setBack(u"publie", row, difference.correctable ? std::optional(look::gain) : std::nullopt);
-}
-
-void Verifier::resizeEvent(QResizeEvent *event)
-{
-    PublicDataScreen::resizeEvent(event);
-    if (m_rows)
-        fitRows(*m_rows, m_shown, reasonColumn);
 }
 
 void Verifier::busyChanged()
