@@ -216,7 +216,7 @@ void PublicDataScreen::keepFitting(Table &table, int column)
 
 void PublicDataScreen::fitRows(Table &table, int column)
 {
-    constexpr int beside = 16, above = 8; // pixels that the text leaves free
+    constexpr int beside = 30, above = 8; // pixels that the text and a scroll bar leave free
     const int width = table.columnWidth(column) - beside;
     for (int row = 0; row < table.model().rowCount(); ++row) {
         if (table.isRowHidden(row))
