@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include <deque>
+#include <map>
 #include <optional>
 
 namespace circuidex {
@@ -72,11 +73,20 @@ public:
     bool keepFolder(const std::string &path) override;
     void endProgram() override;
     Room roomFor(const QWidget &) const override { return room; }
+    bool placesWindows() const override { return arranges; }
+    std::string remembered(const std::string &what) const override
+    {
+        const auto found = kept.find(what);
+        return found == kept.end() ? std::string() : found->second;
+    }
+    void remember(const std::string &what, const std::string &text) override { kept[what] = text; }
 
     QStringList calls;
     DisplayMode display{1280, 1024, 32};
     DisplayChange displayAnswer = DisplayChange::done; // to every change but the plain one
     Room room{0, 0, 1024, 768}; // of the display that the screens are made for
+    bool arranges = false; // a window without a place of its own stands in the corner
+    std::map<std::string, std::string> kept;
     StandInPlayer film{calls};
     bool ended = false; // the program, by itself
     void startAnew(); // the machine, for a program that starts

@@ -3,6 +3,7 @@
 #include "app/program.h"
 #include "online/update_notice.h"
 #include "platform/qt_dialogs.h"
+#include "platform/qt_first_program.h"
 #include "platform/qt_platform.h"
 #include "shell/look.h"
 
@@ -13,6 +14,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 
 namespace {
 
@@ -37,6 +39,8 @@ int run(QApplication &application)
         dialogs.message("Le dossier choisi n'est pas là : " + gone.string() +
                         "\n\nCircuidex ouvre le sien pour cette fois : " + folder.string());
     const circuidex::FolderLock lock(folder);
+    if (lock.heldElsewhere() && circuidex::raiseFirstProgram(folder))
+        return 0;
     const circuidex::Opening opening = circuidex::openingOf(lock, dialogs);
     if (opening == circuidex::Opening::refused)
         return 0;
@@ -45,9 +49,17 @@ int run(QApplication &application)
         return 0;
     }
     platform.putDisplayBack();
+    const circuidex::Program *running = nullptr;
+    std::optional<circuidex::FirstProgram> first; // a second start waits for it while this one is still on its way
+    if (opening == circuidex::Opening::alone)
+        first.emplace(folder, [&running] {
+            if (running)
+                running->screens().comeToFront();
+        });
     circuidex::Program program(folder, circuidex::userNumbers(), dialogs, platform);
     if (opening == circuidex::Opening::readOnly)
         program.store().setReadOnly();
+    running = &program;
     program.start(QStringLiteral("Intro"));
     program.settleAtRest();
     return application.exec();

@@ -5,6 +5,7 @@
 #include "platform/file_lookup.h"
 #include "platform/qt_pictures.h"
 #include "results/simulation.h"
+#include "store/history.h"
 
 #include <QAbstractEventDispatcher>
 #include <QLocale>
@@ -28,8 +29,10 @@ results::Surroundings surroundings(const Store &store, const std::filesystem::pa
     };
     machine.deleteFile = [&store](const std::string &path) {
         std::error_code ignored; // a file that can't be deleted stays
-        if (store.mayDelete(path))
-            std::filesystem::remove(path, ignored);
+        if (!store.mayDelete(path))
+            return;
+        store.history().before(path);
+        std::filesystem::remove(path, ignored);
     };
     return machine;
 }
@@ -48,6 +51,7 @@ Program::~Program() = default;
 
 void Program::start(const QString &first)
 {
+    m_store.keepHistory();
     for (const std::string &stem : {m_store.yearMarker(), std::string("ARCHIVES"), std::string("galerie")})
         m_store.LireINI(stem, {}, {}); // a damaged one is asked about before the first screen writes to it
     if (!m_store.readOnly())

@@ -28,7 +28,9 @@ Assistant::Assistant(Context &theContext, const QString &name, const QString &ti
 {
     layOut(question);
     for (const Qt::Key enterKey : {Qt::Key_Return, Qt::Key_Enter})
-        shortcut(Qt::CTRL | enterKey, [this] { finish(); });
+        shortcut(
+            Qt::CTRL | enterKey, [this] { finish(); }, u"Valider"_s);
+    tellKey(u"Retour arrière"_s, u"Reprendre la dernière réponse, dans le champ vide"_s);
     showPlace(1);
 }
 

@@ -138,7 +138,8 @@ QLayout *PageScreen::addressRow()
         if (isPageAddress(QUrl(m_address->text())))
             context.platform.openAddress(m_address->text().toStdString());
     });
-    shortcut(Qt::Key_F5, [this] { reload(); });
+    shortcut(
+        Qt::Key_F5, [this] { reload(); }, u"Recharger la page"_s);
     auto *row = new QHBoxLayout;
     row->setSpacing(6);
     row->addWidget(m_address, 1);

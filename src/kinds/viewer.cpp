@@ -52,8 +52,10 @@ QLayout *Viewer::foot(QWidget *between, QWidget *heading)
     auto *on = button(u"Command1"_s, u"▶"_s, [this] { step(1); });
     back->setToolTip(u"Image précédente (Page préc.)"_s);
     on->setToolTip(u"Image suivante (Page suiv.)"_s);
-    shortcut(Qt::Key_PageUp, [back] { back->click(); });
-    shortcut(Qt::Key_PageDown, [on] { on->click(); });
+    shortcut(
+        Qt::Key_PageUp, [back] { back->click(); }, u"Image précédente"_s);
+    shortcut(
+        Qt::Key_PageDown, [on] { on->click(); }, u"Image suivante"_s);
     for (auto *arrow : {back, on})
         arrow->setFixedWidth(34);
     row->addWidget(back);

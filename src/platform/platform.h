@@ -54,6 +54,13 @@ public:
 
     // What is free of panels on the display that a window stands on.
     virtual Room roomFor(const QWidget &window) const = 0;
+    // Whether the program chooses where a window comes up that has no place of its own.
+    virtual bool placesWindows() const = 0;
+
+    // What the user keeps on this machine, whatever folder is open; empty for what he doesn't. It may be lost or come
+    // back altered, since its file is his.
+    virtual std::string remembered(const std::string &what) const = 0;
+    virtual void remember(const std::string &what, const std::string &text) = 0;
 };
 
 }

@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QDesktopServices>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QPageLayout>
 #include <QPainter>
@@ -52,6 +53,14 @@ std::unique_ptr<QPrinter> chosenPrinter(int pages)
     return printer;
 }
 
+// No ordinary file, or one far too large, was not written by this program.
+QString stateFile()
+{
+    const QFileInfo file(QString::fromStdString((stateFolder() / "etat.ini").string()));
+    constexpr qint64 largest = 1 << 20;
+    return file.exists() && (!file.isFile() || file.size() > largest) ? QString() : file.filePath();
+}
+
 QPageLayout::Orientation orientationFor(const QWidget &screen)
 {
     return screen.width() > screen.height() ? QPageLayout::Landscape : QPageLayout::Portrait;
@@ -95,8 +104,6 @@ std::unique_ptr<DisplayOutput> changeableOutput()
 
 }
 
-QtPlatform::QtPlatform() : m_display(changeableOutput, stateFolder()) { }
-
 void drawScreen(QWidget &screen, QPainter &painter, const QSizeF &page)
 {
     const QPicture picture = takenDown(screen);
@@ -122,6 +129,23 @@ bool printText(const QString &text, const QString &pdfFile)
     if (printer)
         asDocument(text)->print(printer.get());
     return printer && printer->printerState() != QPrinter::Error;
+}
+
+QtPlatform::QtPlatform() : m_display(changeableOutput, stateFolder()), m_kept(stateFile(), QSettings::IniFormat) { }
+
+bool QtPlatform::placesWindows() const
+{
+    return !QGuiApplication::platformName().startsWith(QLatin1String("wayland")); // whose compositor does
+}
+
+std::string QtPlatform::remembered(const std::string &what) const
+{
+    return m_kept.value(QString::fromStdString(what)).toString().toStdString();
+}
+
+void QtPlatform::remember(const std::string &what, const std::string &text)
+{
+    m_kept.setValue(QString::fromStdString(what), QString::fromStdString(text));
 }
 
 void QtPlatform::print(QWidget &screen, const std::string &, Printing how)
@@ -208,7 +232,8 @@ void QtPlatform::endProgram()
 
 Room QtPlatform::roomFor(const QWidget &window) const
 {
-    const QRect free = window.screen()->availableGeometry();
+    const QScreen *there = QGuiApplication::screenAt(window.geometry().center()); // also before it is shown there
+    const QRect free = (there ? there : window.screen())->availableGeometry();
     return {free.x(), free.y(), free.width(), free.height()};
 }
 

@@ -7,6 +7,7 @@
 #include "platform/platform.h"
 
 #include <QObject>
+#include <QSettings>
 #include <QSizeF>
 #include <QString>
 
@@ -33,6 +34,9 @@ public:
     bool keepFolder(const std::string &path) override;
     void endProgram() override;
     Room roomFor(const QWidget &window) const override;
+    bool placesWindows() const override;
+    std::string remembered(const std::string &what) const override;
+    void remember(const std::string &what, const std::string &text) override;
 
     // What a start does first: the user's own display mode, when an earlier run died before it had put it back.
     void putDisplayBack() { m_display.putBack(); }
@@ -41,6 +45,8 @@ private:
     void wake();
 
     DisplayChanger m_display;
+    QSettings m_kept; // in the folder for what a user's programs remember
+
     QObject m_here; // what other threads send for is done on the thread of the program
     std::atomic<bool> m_sentFor = false;
     MpvPlayer m_mpv{[this] { wake(); }};

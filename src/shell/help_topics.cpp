@@ -54,4 +54,9 @@ void openHelp(Screens &screens, const QString &screen)
         help->setText(u"Text1"_s, help->text(box));
 }
 
+void openKeys(Screens &screens, const QString &screen)
+{
+    if (Screen *keys = screens.open(u"Raccourcis"_s); keys && screen != keys->name())
+        keys->setText(u"fenetre"_s, screen);
+}
 }

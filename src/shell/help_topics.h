@@ -14,5 +14,6 @@ std::string_view helpBox(std::string_view screen);
 
 // Opens the help on the topic of that screen; nothing where the program has no help.
 void openHelp(Screens &screens, const QString &screen);
-
+// The list of all keys, with those of the screen that it is opened from.
+void openKeys(Screens &screens, const QString &screen);
 }

@@ -4,13 +4,16 @@
 #include "shell/chrome.h"
 #include "shell/focus_ring.h"
 #include "shell/help_topics.h"
+#include "shell/key_names.h"
 #include "shell/look.h"
 #include "shell/page.h"
 #include "shell/screens.h"
 #include "shell/tab_order.h"
 #include "shell/title_bar.h"
+#include "shell/window_place.h"
 #include "shell/window_system.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QFrame>
 #include <QKeyEvent>
@@ -27,35 +30,68 @@ namespace circuidex {
 namespace {
 
 constexpr int single = -1;
+constexpr QPoint nowhere{1 << 20, 0}; // no window stands here
+constexpr double farLeft = 150000, farTop = 50000; // of a window out of sight, beyond the largest desktops; twips
 
 // What a widget does under the mouse is what its control does.
 void wire(Control &control, QWidget *widget)
 {
     if (auto *label = dynamic_cast<Label *>(widget)) {
-        control.onPress = [label] { if (label->onClick) label->onClick(); };
-        control.onDoubleClick = [label] { if (label->onDoubleClick) label->onDoubleClick(); };
-        control.onHover = [label] { if (label->onHover) label->onHover(); };
+        control.onPress = [label] {
+            if (label->onClick)
+                label->onClick();
+        };
+        control.onDoubleClick = [label] {
+            if (label->onDoubleClick)
+                label->onDoubleClick();
+        };
+        control.onHover = [label] {
+            if (label->onHover)
+                label->onHover();
+        };
     } else if (auto *edit = dynamic_cast<Edit *>(widget)) {
-        control.onPress = [edit] { if (edit->onClick) edit->onClick(); };
-        control.onDoubleClick = [edit] { if (edit->onDoubleClick) edit->onDoubleClick(); };
+        control.onPress = [edit] {
+            if (edit->onClick)
+                edit->onClick();
+        };
+        control.onDoubleClick = [edit] {
+            if (edit->onDoubleClick)
+                edit->onDoubleClick();
+        };
     } else if (auto *picture = dynamic_cast<Picture *>(widget)) {
-        control.onPress = [picture] { if (picture->onClick) picture->onClick(); };
-        control.onDoubleClick = [picture] { if (picture->onDoubleClick) picture->onDoubleClick(); };
+        control.onPress = [picture] {
+            if (picture->onClick)
+                picture->onClick();
+        };
+        control.onDoubleClick = [picture] {
+            if (picture->onDoubleClick)
+                picture->onDoubleClick();
+        };
     }
 }
 
 // Where a window stands that would pass the edge of the display. To the left of it one is put away.
-QPoint wholeOn(const QRect &room, const QRect &window)
+QPoint standing(const QRect &room, const QRect &window)
 {
-    const int lastLeft = room.right() + 1 - window.width(), lastTop = room.bottom() + 1 - window.height();
-    const int left = window.x() < 0 ? window.x() : std::max(room.x(), std::min(window.x(), lastLeft));
-    return {left, std::max(room.y(), std::min(window.y(), lastTop))};
+    const QPoint whole = wholeOn(room, window).topLeft();
+    return window.x() < 0 ? QPoint(window.x(), whole.y()) : whole;
 }
 
+// Where the card is on the desktop that has the focus, or the widget itself where it stands in none; empty for a window
+// without focus.
+QRect groupInUse(const QWidget &window)
+{
+    const QWidget *used = window.focusWidget();
+    if (!used || !used->isVisible())
+        return {};
+    const QWidget *group =
+        used->parentWidget() && used->parentWidget()->objectName() == u"card" ? used->parentWidget() : used;
+    return {group->mapToGlobal(QPoint(0, 0)), group->size()};
+}
 }
 
-Screen::Screen(Context &theContext, const QString &name, const QString &title, Chrome chrome) :
-    QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint), context(theContext), m_name(name), m_skin(theContext.skin)
+Screen::Screen(Context &theContext, const QString &name, const QString &title, Chrome chrome)
+    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint), context(theContext), m_name(name), m_skin(theContext.skin)
 {
     setAttribute(Qt::WA_DeleteOnClose);
     context.screens.opened(*this);
@@ -69,6 +105,7 @@ Screen::Screen(Context &theContext, const QString &name, const QString &title, C
     layout->setContentsMargins(1, 0, 1, 1);
     if (chrome != Chrome::none) {
         m_bar = new TitleBar(m_skin, chrome == Chrome::mainWindow, this);
+        m_bar->setToolTip(u"F1 : aide ; Maj+F1 : tous les raccourcis clavier"_s);
         layout->addWidget(m_bar);
         connect(m_bar, &TitleBar::closeClicked, this, &QWidget::close);
         connect(m_bar, &TitleBar::minimiseClicked, this, &QWidget::showMinimized);
@@ -86,8 +123,18 @@ Screen::Screen(Context &theContext, const QString &name, const QString &title, C
         registerChrome();
     else if (m_bar)
         m_bar->setTitle(title);
-    shortcut(QKeySequence(u"Ctrl+P"_s), [this] { print(); });
-    shortcut(QKeySequence(u"Ctrl+Shift+P"_s), [this] { print(Printing::asked); });
+    shortcut(
+        u"Ctrl+P"_s, [this] { print(); }, u"Imprimer la fenêtre"_s);
+    shortcut(
+        u"Ctrl+Shift+P"_s, [this] { print(Printing::asked); },
+        u"Imprimer en choisissant l'imprimante, les pages ou un fichier PDF"_s);
+    shortcut(
+        Qt::Key_F1, [this] { openHelp(context.screens, m_name); }, u"Aide sur la fenêtre"_s);
+    shortcut(
+        u"Shift+F1"_s, [this] { openKeys(context.screens, m_name); }, u"Cette page : tous les raccourcis"_s);
+    shortcut(
+        u"Ctrl+Q"_s, [this] { context.screens.quit(); }, u"Fermer Circuidex"_s);
+    m_keysOfAll = std::exchange(m_keys, {});
 }
 
 Screen::~Screen()
@@ -199,11 +246,11 @@ void Screen::setPlace(double left, double top)
 {
     m_left = left;
     m_top = top;
-    m_outOfSight = left >= outOfSight || top >= outOfSight;
+    m_outOfSight = left >= farLeft || top >= farTop;
     if (!m_outOfSight) {
         fitToDisplay();
         const QPoint wanted(static_cast<int>(left / twipsPerPixel), static_cast<int>(top / twipsPerPixel));
-        const QPoint whole = wholeOn(room(), {wanted, size()});
+        const QPoint whole = standing(room(), {wanted, size()});
         if (whole.x() != wanted.x())
             m_left = whole.x() * twipsPerPixel;
         if (whole.y() != wanted.y())
@@ -215,6 +262,7 @@ void Screen::setPlace(double left, double top)
     }
     m_placedAt = pos();
     setVisible(!m_outOfSight);
+    notePlace();
 }
 
 void Screen::setSize(double width, double height)
@@ -238,6 +286,77 @@ const QWidget *Screen::owner() const
 {
     const Screen *main = context.screens.find(u"Form1"_s);
     return main != this && main && main->isVisible() && !main->isMinimized() ? main : nullptr;
+}
+
+void Screen::standAt(const QPoint &corner)
+{
+    move(corner);
+    m_placedAt = corner;
+    m_left = corner.x() * twipsPerPixel;
+    m_top = corner.y() * twipsPerPixel;
+}
+
+// What differs from this later on is its user's wish.
+void Screen::notePlace()
+{
+    m_cornerThen = pos();
+    m_sizeThen = QWidget::size();
+}
+
+bool Screen::standWhereLeft()
+{
+    const bool ownSize = m_sizedTo.isValid(); // by the screen's own rule, or its own memory
+    m_remembers = true;
+    const auto kept = keptPlace(qt(context.platform.remembered("fenetres/" + m_name.toStdString())));
+    if (!kept)
+        return false;
+    move(kept->at.topLeft()); // onto its display
+    layout()->activate();
+    if (canGrow(*this) && !ownSize)
+        resize(kept->at.size().boundedTo(room().size()).expandedTo(minimumSize()));
+    fitToDisplay();
+    standAt(wholeOn(room(), {kept->at.topLeft(), QWidget::size()}).topLeft());
+    m_maximisedThen = kept->maximised && canGrow(*this) && !ownSize;
+    if (m_maximisedThen)
+        setWindowState(Qt::WindowMaximized);
+    notePlace();
+    return true;
+}
+
+// What it was opened from is the window in front, or behind a menu, which is about to go, the main screen.
+void Screen::standBeside()
+{
+    const auto here = [this](const Screen *other) {
+        return other && other != this && other->isVisible() && other->seen() && !other->isMinimized();
+    };
+    const auto *from = qobject_cast<const Screen *>(QApplication::activeWindow());
+    if (!here(from) || !from->m_bar)
+        from = context.screens.find(u"Form1"_s);
+    if (!context.platform.placesWindows())
+        return;
+    layout()->activate(); // the least size that the content needs
+    if (!here(from)) {
+        const QRect centred(room().center() - QRect(QPoint(0, 0), takes()).center(), takes());
+        return standAt(wholeOn(room(), centred).topLeft());
+    }
+    const Room display = context.platform.roomFor(*from);
+    const QRect free(display.left, display.top, display.width, display.height);
+    QList<QPoint> taken;
+    for (const QString &name : context.screens.openNames())
+        if (const Screen *other = context.screens.find(name); here(other) && other->m_bar)
+            taken << other->pos();
+    standAt(besideOpener(takes(), from->frameGeometry(), groupInUse(*from), free, taken));
+}
+
+// Where the user moved it, and the size that he pulled it to; what the screen itself did is no wish of his.
+void Screen::keepPlace() const
+{
+    const bool maximised = isMaximized();
+    const QRect now = maximised ? normalGeometry() : QRect(pos(), QWidget::size());
+    const bool asPlaced = now.topLeft() == m_cornerThen && now.size() == m_sizeThen;
+    if (!m_remembers || m_outOfSight || now.isEmpty() || (asPlaced && maximised == m_maximisedThen))
+        return;
+    context.platform.remember("fenetres/" + m_name.toStdString(), asText({now, maximised}).toStdString());
 }
 
 // No larger than the display; what then has no room scrolls inside.
@@ -270,13 +389,18 @@ void Screen::present()
 {
     if (m_outOfSight)
         return;
-    if (!std::exchange(m_tabsOrdered, true))
+    const bool first = !std::exchange(m_tabsOrdered, true);
+    if (first)
         readyForKeyboard();
     if (!isVisible()) {
         fitToDisplay();
+        if (first && m_bar && m_placedAt == nowhere && !standWhereLeft())
+            standBeside();
         attach(*this, owner());
     }
     show();
+    if (first && m_remembers && !m_maximisedThen)
+        notePlace(); // with the size that its content needs
     raise();
     activateWindow();
 }
@@ -409,9 +533,15 @@ Label *Screen::quietLine(Field &said)
     return made;
 }
 
-void Screen::shortcut(const QKeySequence &keys, std::function<void()> handler)
+void Screen::shortcut(const QKeySequence &keys, std::function<void()> handler, const QString &does)
 {
     connect(new QShortcut(keys, this), &QShortcut::activated, this, std::move(handler));
+    tellKey(keysInWords(keys), does);
+}
+
+void Screen::tellKey(const QString &keys, const QString &does)
+{
+    m_keys.push_back({keys, does});
 }
 
 void Screen::leadsTo(QWidget &opener, const QString &screen) const
@@ -467,6 +597,7 @@ void Screen::closeEvent(QCloseEvent *event)
         m_closed = true;
         for (TimerControl *timer : timers())
             timer->stop();
+        keepPlace();
         context.screens.closed(*this);
         closing();
         m_alive.reset(); // a closed screen listens no more
@@ -478,8 +609,6 @@ void Screen::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape && windowFlags().testFlag(Qt::WindowStaysOnTopHint))
         close();
-    else if (event->key() == Qt::Key_F1)
-        openHelp(context.screens, m_name);
     else
         QWidget::keyPressEvent(event);
 }

@@ -77,6 +77,13 @@ public:
     void present(); // shows it in front, if it is in sight, and whole on the display
     virtual void comeBack() {} // after a screen that took its place
 
+    // The keys of this screen alone, or of every screen, with what they do, as told by those who answer them.
+    struct Key {
+        QString keys, does;
+    };
+    const std::vector<Key> &keys() const { return m_keys; }
+    const std::vector<Key> &keysOfAll() const { return m_keysOfAll; }
+
     bool waiting() const { return m_waiting > 0; }
     void setWaiting(bool on);
 
@@ -90,6 +97,8 @@ protected:
     virtual void closing() {}
 
     QRect room() const; // of the display, free of panels, in pixels
+    bool standWhereLeft(); // at the place and in the size that its user gave it before, if he did
+    virtual QSize takes() const { return size(); } // with what comes up beside it and moves with it
     virtual const QWidget *owner() const; // the window that it stays above; null for none
 
     QWidget *body() const { return m_body; }
@@ -117,8 +126,9 @@ protected:
     Table *table(std::vector<Column> columns, int rows);
     Label *quietLine(Field &said); // "avis": says what was kept or refused, without a box
 
-    // Keys that work wherever the focus is in the window; its text fields keep the others.
-    void shortcut(const QKeySequence &keys, std::function<void()> handler);
+    // Keys that work wherever the focus is in the window; its text fields keep the others. `does` tells the user what.
+    void shortcut(const QKeySequence &keys, std::function<void()> handler, const QString &does = {});
+    void tellKey(const QString &keys, const QString &does); // of one that is answered elsewhere, for the list of keys
     // For what opens a screen, once its tip is set: while the program lacks the screen, it looks so and does nothing.
     void leadsTo(QWidget &opener, const QString &screen) const;
 
@@ -137,6 +147,10 @@ protected:
 
 private:
     void fitToDisplay();
+    void standAt(const QPoint &corner);
+    void notePlace();
+    void standBeside();
+    void keepPlace() const;
     void readyForKeyboard();
     void registerWidget(const QString &name, QWidget *widget, std::optional<int> index);
     void registerChrome();
@@ -155,6 +169,10 @@ private:
     QPoint m_placedAt{1 << 20, 0}; // where that put the window; nowhere at first
     double m_width = 0, m_height = 0; // the same of its size
     QSize m_sizedTo;
+    QPoint m_cornerThen; // when it came up, in pixels
+    QSize m_sizeThen;
+    bool m_remembers = false, m_maximisedThen = false; // where its user leaves it
+    std::vector<Key> m_keys, m_keysOfAll;
     bool m_outOfSight = false, m_closed = false, m_tabsOrdered = false;
     int m_waiting = 0;
     Skin m_skin;

@@ -1,5 +1,7 @@
 #include "shell/screens.h"
 
+#include <QApplication>
+
 #include <algorithm>
 
 namespace circuidex {
@@ -61,10 +63,10 @@ void Screens::close(const QString &name)
         screen->close();
 }
 
-void Screens::closeAllBut(const QString &name)
+void Screens::closeAllBut(const QStringList &kept)
 {
     m_ending = true;
-    const auto other = [&](const Screen *screen) { return screen->name() != name; };
+    const auto other = [&](const Screen *screen) { return !kept.contains(screen->name()); };
     for (;;) {
         const auto last = std::find_if(m_open.rbegin(), m_open.rend(), other);
         if (last == m_open.rend())
@@ -72,6 +74,33 @@ void Screens::closeAllBut(const QString &name)
         (*last)->close(); // takes itself out of the list
     }
     m_ending = false;
+}
+
+void Screens::comeToFront() const
+{
+    Screen *front = nullptr;
+    for (Screen *screen : m_open) {
+        if (!screen->seen() || !(screen->isVisible() || screen->isMinimized()))
+            continue;
+        if (screen->isMinimized())
+            screen->setWindowState(screen->windowState() & ~Qt::WindowMinimized);
+        screen->raise();
+        front = screen;
+    }
+    QWidget *box = QApplication::activeModalWidget(); // which nothing may cover
+    QWidget *last = box ? box : front;
+    if (last) {
+        last->raise();
+        last->activateWindow();
+    }
+}
+
+void Screens::quit()
+{
+    if (const Screen *main = find(u"Form1"_s))
+        main->press(u"Label53"_s);
+    else
+        closeAllBut({});
 }
 
 void Screens::bringMainBack() const

@@ -74,14 +74,14 @@ bool put(const std::string &from, const std::string &to)
 
 }
 
-Action::Action(Store &store, std::string name) : m_store(store)
+Action::Action(Store &store, std::string_view name) : m_store(store)
 {
     History &history = store.history();
     if (history.m_depth == 0) {
         store.flush();
         history.rest();
     }
-    history.begin(std::move(name));
+    history.begin(name);
 }
 
 Action::~Action()
@@ -93,7 +93,7 @@ Action::~Action()
     history.rest();
 }
 
-void History::begin(std::string name)
+void History::begin(std::string_view name)
 {
     if (m_depth++ == 0)
         m_name = oneLine(name);
@@ -449,17 +449,23 @@ bool History::turned(unsigned id, Turn way)
     return writeIndex() && disk::syncFile(path(indexFile)) && disk::syncFolder(path({}));
 }
 
-std::string History::turn(Turn way)
+std::string History::hindrance(Turn way) const
 {
     const Step *const step = next(way);
-    if (!m_open || !step)
-        return !m_trouble.empty() ? m_trouble
-            : way == Turn::undo   ? "Il n'y a rien à annuler."
-                                  : "Il n'y a rien à rétablir.";
     if (m_depth > 0)
         return "Une action est en cours : attendez qu'elle soit finie.";
-    if (std::string why = refusal(*step, way); !why.empty())
+    if (m_open && step)
+        return refusal(*step, way);
+    return !m_trouble.empty() ? m_trouble
+        : way == Turn::undo   ? "Il n'y a rien à annuler."
+                              : "Il n'y a rien à rétablir.";
+}
+
+std::string History::turn(Turn way)
+{
+    if (std::string why = hindrance(way); !why.empty())
         return why;
+    const Step *const step = next(way);
     m_index.turning = step->id;
     if (writeIndex() && swapAll(*step, way)) {
         turned(step->id, way); // an index that can't be written says that the next start has this undo to finish

@@ -60,7 +60,8 @@ Form28::Form28(Context &theContext, const QString &name, const QString &title) :
     };
     connect(m_title, &QLineEdit::textChanged, this, typing);
     connect(m_body, &QPlainTextEdit::textChanged, this, typing);
-    shortcut(u"Ctrl+S"_s, [this] { save(); });
+    shortcut(
+        u"Ctrl+S"_s, [this] { save(); }, u"Enregistrer cet article"_s);
     open();
     if (Screen *main = context.screens.find(u"Form1"_s)) {
         main->setWindowState(Qt::WindowNoState);
@@ -111,8 +112,10 @@ QBoxLayout *Form28::headRow()
     on->setToolTip(u"Article suivant (Ctrl+Page suiv.)"_s);
     for (auto *arrow : {back, on})
         arrow->setFixedWidth(34);
-    shortcut(Qt::CTRL | Qt::Key_PageUp, [back] { back->click(); });
-    shortcut(Qt::CTRL | Qt::Key_PageDown, [on] { on->click(); });
+    shortcut(
+        Qt::CTRL | Qt::Key_PageUp, [back] { back->click(); }, u"Article précédent"_s);
+    shortcut(
+        Qt::CTRL | Qt::Key_PageDown, [on] { on->click(); }, u"Article suivant"_s);
     row->addWidget(styled(u"Page: "_s, "caption"));
     for (QWidget *each : {static_cast<QWidget *>(back), static_cast<QWidget *>(m_page), static_cast<QWidget *>(on)})
         row->addWidget(each);

@@ -52,8 +52,10 @@ Form29::Form29(Context &theContext, const QString &name, const QString &title) :
     auto *on = button(u"Command2"_s, u"▶"_s, [this] { turnTo(std::min(pageNumber() + 1, lastPage)); });
     back->setToolTip(u"Page précédente (Page préc.)"_s);
     on->setToolTip(u"Page suivante (Page suiv.)"_s);
-    shortcut(Qt::Key_PageUp, [back] { back->click(); });
-    shortcut(Qt::Key_PageDown, [on] { on->click(); });
+    shortcut(
+        Qt::Key_PageUp, [back] { back->click(); }, u"Page précédente"_s);
+    shortcut(
+        Qt::Key_PageDown, [on] { on->click(); }, u"Page suivante"_s);
     auto *foot = new QHBoxLayout;
     foot->addWidget(styled(u"Cliquez sur un titre pour ouvrir l'article"_s, "hint"));
     foot->addStretch(1);

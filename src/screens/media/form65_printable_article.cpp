@@ -119,7 +119,8 @@ Form65::Form65(Context &theContext, const QString &name, const QString &title)
                            const QString &tip) {
         auto *made = button(control, caption, [this, twips] { move(twips); });
         made->setToolTip(tip);
-        shortcut(keys, [made] { made->click(); });
+        shortcut(
+            keys, [made] { made->click(); }, caption);
         buttons->addWidget(made);
     };
     mover(u"Command3"_s, u"Page précédente"_s, pageHigh, Qt::Key_PageUp, u"Page préc."_s);

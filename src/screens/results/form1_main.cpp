@@ -20,7 +20,8 @@
 namespace circuidex::screens {
 
 Form1::Form1(Context &theContext, const QString &name, const QString &title)
-    : Screen(theContext, name, title, Chrome::mainWindow), m_main(theContext.main)
+    : Screen(theContext, name, theContext.store.readOnly() ? title + u"(lecture seule)"_s : title, Chrome::mainWindow),
+      m_main(theContext.main)
 {
     setMouseTracking(true);
     registerHidden();
@@ -34,8 +35,10 @@ Form1::Form1(Context &theContext, const QString &name, const QString &title)
         });
     listen(m_main.an, [this](const std::string &) { showSteps(); });
     m_main.clearTotalsSoon = [this](const std::string &season) { clearTotalsSoon(qt(season)); };
+    context.store.history().finish = [this] { finishActions(); };
     context.screens.onChange = [this](const QString &screen, bool open) { screenChanged(screen, open); };
     comeBack();
+    standWhereLeft();
     start();
 }
 
@@ -185,6 +188,7 @@ void Form1::afterResult()
     showSteps();
     showPodium();
     context.screens.close(u"Form32"_s);
+    m_sorting = std::make_unique<Action>(context.store, std::string_view());
     m_records->tag = u"à trier"_s;
     m_records->start(10);
 }
@@ -193,11 +197,25 @@ void Form1::sortTimeLists()
 {
     m_records->tag.clear();
     statistics::sortAllTimeLists(context.store);
+    m_sorting.reset();
+}
+
+// What a timer would still do after an action would come behind its undo.
+void Form1::finishActions()
+{
+    if (!m_records->tag.isEmpty()) {
+        m_records->stop();
+        sortTimeLists();
+    }
+    if (!m_newSeason->tag.isEmpty())
+        clearNewSeason();
 }
 
 void Form1::record()
 {
     const Waiting waiting(*this);
+    finishActions();
+    const Action undoable(context.store, m_main.actionOnRace("enregistrement")); // with the lists sorted by it
     if (results::recordGrandPrix(m_main) != results::Recording::done)
         return;
     m_recordedGp = m_main.gp.text();
@@ -211,6 +229,8 @@ void Form1::amend(bool byUser)
     if (byUser && !typedHolds())
         return;
     const Waiting waiting(*this);
+    finishActions();
+    const Action undoable(context.store, m_main.actionOnRace("modification"));
     const auto amendment = byUser ? results::Amendment::byUser : results::Amendment::byProgram;
     if (results::amendGrandPrix(m_main, amendment) == results::Recording::done)
         afterResult();
@@ -282,6 +302,7 @@ void Form1::clearTotalsSoon(const QString &season)
     if (!m_newSeason->tag.isEmpty())
         clearNewSeason();
     m_newSeason->tag = season;
+    m_clearing = std::make_unique<Action>(context.store, std::string_view());
     m_newSeason->start(500);
 }
 
@@ -289,7 +310,9 @@ void Form1::clearTotalsSoon(const QString &season)
 void Form1::clearNewSeason()
 {
     const QString season = std::exchange(m_newSeason->tag, {});
+    m_newSeason->stop();
     results::clearTotals(season.isEmpty() ? m_main.writableSeason() : WritableSeason(context.store, season.toStdString()));
+    m_clearing.reset();
 }
 
 void Form1::comeBack()
@@ -301,22 +324,32 @@ void Form1::comeBack()
 
 void Form1::registerShortcuts()
 {
-    const std::pair<QKeySequence, QString> presses[] = {
-        {Qt::Key_PageDown, u"Command8"_s},
-        {Qt::Key_PageUp, u"Command9"_s},
-        {Qt::CTRL | Qt::Key_PageDown, u"Command28"_s},
-        {Qt::CTRL | Qt::Key_PageUp, u"Command29"_s},
-        {Qt::Key_F5, u"Label12"_s},
-        {Qt::CTRL | Qt::Key_N, u"Label36"_s},
-        {Qt::CTRL | Qt::Key_E, u"Command26"_s},
-        {Qt::CTRL | Qt::Key_S, u"Label43"_s},
-        {Qt::CTRL | Qt::Key_G, u"Command30"_s},
+    struct Presses {
+        QKeySequence keys;
+        QString control, does;
     };
-    for (const auto &[keys, pressed] : presses)
-        shortcut(keys, [this, pressed = pressed] {
-            if (typedHolds())
-                press(pressed);
-        });
+    const Presses presses[] = {
+        {Qt::Key_PageDown, u"Command8"_s, u"Grand Prix suivant"_s},
+        {Qt::Key_PageUp, u"Command9"_s, u"Grand Prix précédent"_s},
+        {Qt::CTRL | Qt::Key_PageDown, u"Command28"_s, u"Saison suivante"_s},
+        {Qt::CTRL | Qt::Key_PageUp, u"Command29"_s, u"Saison précédente"_s},
+        {Qt::Key_F5, u"Label12"_s, u"Afficher le Grand Prix nommé"_s},
+        {Qt::CTRL | Qt::Key_N, u"Label36"_s, u"Aller au premier Grand Prix à enregistrer"_s},
+        {Qt::CTRL | Qt::Key_E, u"Command26"_s, u"Enregistrer un Grand-Prix, nom par nom"_s},
+        {Qt::CTRL | Qt::Key_S, u"Label43"_s, u"Enregistrer les modifications du Grand Prix affiché"_s},
+        {Qt::CTRL | Qt::Key_G, u"Command30"_s, u"Grille de départ du Grand Prix affiché"_s},
+        {Qt::CTRL | Qt::Key_H, u"historique"_s, u"Historique des actions"_s},
+    };
+    for (const auto &[keys, control, does] : presses)
+        shortcut(
+            keys,
+            [this, control = control] {
+                if (typedHolds())
+                    press(control);
+            },
+            does);
+    tellKey(u"Ctrl+Z, Maj+Ctrl+Z"_s, u"Annuler, rétablir la dernière action (sur tous les écrans)"_s);
+    tellKey(u"Flèche gauche, flèche droite"_s, u"Grand Prix précédent, suivant (hors des champs)"_s);
 }
 
 // Only a window taller than the display that the columns are made for has room for that card.
@@ -396,16 +429,14 @@ void Form1::leave()
 // is kept by then.
 void Form1::closing()
 {
-    if (!m_newSeason->tag.isEmpty())
-        clearNewSeason();
-    if (!m_records->tag.isEmpty())
-        sortTimeLists();
+    finishActions();
     leave();
     if (const auto running = results::runningSimulation(context.store)) // also one that a kill left
         results::stopSimulation(m_main, *running);
+    context.store.history().finish = {};
     m_main.clearTotalsSoon = {};
     context.screens.onChange = {};
-    context.screens.closeAllBut(u"Form47"_s);
+    context.screens.closeAllBut({u"Form47"_s});
     restoreDisplay(context);
 }
 

@@ -66,7 +66,8 @@ Form2::Form2(Context &theContext, const QString &name, const QString &title) :
     auto *ok = new Button(u"OK"_s);
     ok->makeMain();
     ok->setToolTip(u"Enregistrer ce pilote (Ctrl+S)"_s);
-    shortcut(u"Ctrl+S"_s, [this] { press(u"Label10"_s); });
+    shortcut(
+        u"Ctrl+S"_s, [this] { press(u"Label10"_s); }, u"Enregistrer ce pilote"_s);
     connect(ok, &QPushButton::clicked, this, [this] {
         results::storeShownDriver(m_main, m_boxes, results::DriverScreen::newDriver);
     });

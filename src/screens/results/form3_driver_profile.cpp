@@ -24,6 +24,7 @@ public:
 protected:
     void closing() override;
     void moveEvent(QMoveEvent *event) override;
+    QSize takes() const override;
 
 private:
     QWidget *identityCard();
@@ -92,8 +93,10 @@ QWidget *Form3::identityCard()
         press(arrow);
         askForName();
     };
-    shortcut(Qt::Key_PageUp, [go] { go(u"Command8"_s); });
-    shortcut(Qt::Key_PageDown, [go] { go(u"Command7"_s); });
+    shortcut(
+        Qt::Key_PageUp, [go] { go(u"Command8"_s); }, u"Pilote précédent"_s);
+    shortcut(
+        Qt::Key_PageDown, [go] { go(u"Command7"_s); }, u"Pilote suivant"_s);
     auto *row = new QHBoxLayout;
     row->setSpacing(6);
     row->addWidget(back);
@@ -201,7 +204,8 @@ QLayout *Form3::foot()
     auto *store = button(u"Command4"_s, u"Enregistrer modifications"_s, [this] { results::storeProfile(m_main); });
     store->makeMain();
     store->setToolTip(u"Enregistrer ce pilote sous son numéro (Ctrl+S)"_s);
-    shortcut(u"Ctrl+S"_s, [this] { press(u"Command4"_s); });
+    shortcut(
+        u"Ctrl+S"_s, [this] { press(u"Command4"_s); }, u"Enregistrer ce pilote sous son numéro"_s);
     row->addWidget(store);
     return row;
 }
@@ -216,6 +220,13 @@ void Form3::moveEvent(QMoveEvent *event)
 {
     Screen::moveEvent(event);
     placeSheet();
+}
+
+// The sheet stands at its right edge.
+QSize Form3::takes() const
+{
+    const Screen *sheet = context.screens.find(u"Form14"_s);
+    return size() + QSize(sheet ? sheet->width() : 0, 0);
 }
 
 void Form3::showTeamLarge()

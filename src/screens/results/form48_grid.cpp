@@ -6,6 +6,8 @@
 #include "results/main_record.h"
 #include "shell/look.h"
 #include "shell/screens.h"
+#include "store/history.h"
+#include "store/names.h"
 
 #include <QBoxLayout>
 
@@ -50,8 +52,10 @@ Form48::Form48(Context &theContext, const QString &name, const QString &title)
     auto *on = button(u"Command5"_s, u"▶"_s, [this] { step(1, 200); });
     back->setToolTip(u"Grand Prix précédent (Page préc.)"_s);
     on->setToolTip(u"Grand Prix suivant (Page suiv.)"_s);
-    shortcut(Qt::Key_PageUp, [this] { press(u"Command6"_s); });
-    shortcut(Qt::Key_PageDown, [this] { press(u"Command5"_s); });
+    shortcut(
+        Qt::Key_PageUp, [this] { press(u"Command6"_s); }, u"Grand Prix précédent"_s);
+    shortcut(
+        Qt::Key_PageDown, [this] { press(u"Command5"_s); }, u"Grand Prix suivant"_s);
     m_grid = table({{u"Label1"_s, u"Place"_s, 60, Qt::AlignRight},
                     {u"Text99"_s, u"Pilote"_s, 0, Qt::AlignLeft,
                      u"Cliquez (ou Entrée) pour choisir le pilote, Suppr pour vider la place"_s, 0, true}},
@@ -69,7 +73,9 @@ Form48::Form48(Context &theContext, const QString &name, const QString &title)
     auto *store = button(u"Command1"_s, u"Enregistrer modifiactions"_s, [this] { this->store(); });
     store->makeMain();
     store->setToolTip(u"Enregistrer cette grille (Ctrl+S)"_s);
-    shortcut(u"Ctrl+S"_s, [this] { press(u"Command1"_s); });
+    shortcut(
+        u"Ctrl+S"_s, [this] { press(u"Command1"_s); }, u"Enregistrer cette grille"_s);
+    tellKey(u"Suppr"_s, u"Vider la place"_s);
     auto *head = new QHBoxLayout;
     head->addWidget(styled(u"Défilement des GP:"_s, "hint"));
     head->addWidget(back);
@@ -132,6 +138,7 @@ void Form48::store()
     results::Grid grid;
     for (int place = 1; place <= gridPlaces; ++place)
         grid[place] = m_grid->text(u"Text99", place - 1).toStdString();
+    const Action undoable(context.store, "grille " + ofName(m_gp.text()) + " " + m_main.an.text());
     const std::string refusal = results::enterGrid(m_main.writableSeason(), m_gp.text(), grid);
     if (!refusal.empty())
         return context.dialogs.message(refusal);

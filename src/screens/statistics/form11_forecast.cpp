@@ -56,7 +56,8 @@ QLayout *Form11::selection()
         Button *made = button(name, caption, [this, mainScreenButton] { walk(mainScreenButton); });
         made->setToolTip(tip);
         made->setFixedWidth(36);
-        shortcut(key, [this, mainScreenButton] { walk(mainScreenButton); });
+        shortcut(
+            key, [this, mainScreenButton] { walk(mainScreenButton); }, tip);
         return made;
     };
     auto *row = new QHBoxLayout;
