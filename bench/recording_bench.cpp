@@ -26,12 +26,14 @@ public:
 // A copy of the sample folder, on its season 2005 with the last race waiting.
 class SampleFolder {
 public:
-    SampleFolder()
+    explicit SampleFolder(bool history = false)
     {
         char name[] = "/tmp/circuidex-bench-XXXXXX";
         m_folder = mkdtemp(name);
         fs::copy(CIRCUIDEX_SAMPLE, m_folder, fs::copy_options::recursive);
         store.emplace(m_folder);
+        if (history)
+            store->keepHistory();
         screen.emplace(*store, dialogs);
         screen->an.set("2005");
         results::goToFirstFreeSlot(*screen);
@@ -58,9 +60,10 @@ private:
     fs::path m_folder;
 };
 
+// With 1 the recording can be undone.
 void recordOnFullSeason(benchmark::State &state)
 {
-    SampleFolder sample;
+    SampleFolder sample(state.range(0) == 1);
     for (auto _ : state) {
         sample.fill();
         results::recordGrandPrix(*sample.screen);
@@ -73,7 +76,7 @@ void recordOnFullSeason(benchmark::State &state)
     if (sample.dialogs.messages > 0)
         state.SkipWithError("a recording was refused");
 }
-BENCHMARK(recordOnFullSeason)->Unit(benchmark::kMillisecond)->Iterations(20);
+BENCHMARK(recordOnFullSeason)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->Iterations(20);
 
 void amendOnFullSeason(benchmark::State &state)
 {

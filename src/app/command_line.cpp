@@ -1,6 +1,7 @@
 #include "app/command_line.h"
 
 #include "app/export.h"
+#include "app/import_command.h"
 #include "app/program.h"
 #include "app/screens.h"
 #include "store/disk.h"
@@ -39,6 +40,8 @@ constexpr Option options[] = {
      u"fichier, ou csv.",
      false},
     {u"vers", u"FICHIER", u"Le fichier à écrire, avec « tout » le dossier ; sinon la sortie standard.", false},
+    {u"importer", u"ZIP", u"Importe de cette archive de F1DB les saisons nommées derrière : « --importer ZIP 2003 2004 ».", false},
+    {u"remplacer", u"", u"Avec « --importer » : remplace aussi les saisons qui existent, après une copie.", false},
 };
 
 QStringList namesOf(const Option &option)
@@ -110,7 +113,12 @@ QString CommandLine::fault() const
         return u"il manque une valeur après « %1 »."_s.arg(m_arguments.constLast());
     if (!m_understood)
         return u"une option a reçu une valeur qu'elle ne prend pas."_s;
-    if (const QStringList others = m_parser.positionalArguments(); !others.isEmpty())
+    const QStringList others = m_parser.positionalArguments(); // the seasons to import
+    if (has(u"importer") && others.isEmpty())
+        return u"« --importer » demande au moins une année."_s;
+    if (has(u"remplacer") && !has(u"importer"))
+        return u"« --remplacer » va avec « --importer »."_s;
+    if (!others.isEmpty() && !has(u"importer"))
         return u"argument inattendu : « %1 »."_s.arg(others.constFirst());
     return {};
 }
@@ -127,6 +135,8 @@ std::optional<int> CommandLine::run() const
         return say((u"Circuidex "_s + QCoreApplication::applicationVersion() + u'\n').toUtf8());
     if (has(u"liste"))
         return say(listOfScreens());
+    if (has(u"importer"))
+        return imported();
     if (!wantsWindow())
         return exported();
     return std::nullopt;
@@ -188,6 +198,16 @@ int CommandLine::everything(Export &source, Format form) const
             return tell(u"« %1 » n'a pas pu être écrit."_s.arg(path), exits::failed);
     }
     return exits::done;
+}
+
+int CommandLine::imported() const
+{
+    ImportOrder order{value(u"importer").toStdString(), {}, has(u"remplacer")};
+    for (const QString &year : m_parser.positionalArguments())
+        order.years.push_back(year.toStdString());
+    const auto line = [](const std::string &text) { say(QByteArray::fromStdString(text) + '\n'); };
+    const std::string failure = importSeasons(folder(), userNumbers(), order, line);
+    return failure.empty() ? exits::done : tell(QString::fromStdString(failure), exits::failed);
 }
 
 QString CommandLine::missingFolder() const

@@ -1,7 +1,7 @@
 #pragma once
 // What the program is asked for in a terminal or by a script. Whatever needs no window runs without a display, on a
 // folder opened read-only: nothing in it changes, no other running program is in the way, and nothing is asked of the
-// network.
+// network. An import writes, so it wants the folder for itself.
 #include <QCommandLineParser>
 #include <QStringList>
 
@@ -40,6 +40,7 @@ private:
     int exported() const;
     int one(Export &source, Format format) const;
     int everything(Export &source, Format format) const;
+    int imported() const;
     QString value(const char16_t *option) const { return m_parser.value(QString::fromUtf16(option)); }
     bool has(const char16_t *option) const { return m_parser.isSet(QString::fromUtf16(option)); }
 

@@ -4,7 +4,9 @@
 #include "online/update_notice.h"
 #include "platform/file_lookup.h"
 #include "platform/qt_pictures.h"
+#include "publicdata/swap_in.h"
 #include "results/simulation.h"
+#include "store/history.h"
 
 #include <QAbstractEventDispatcher>
 #include <QLocale>
@@ -28,8 +30,10 @@ results::Surroundings surroundings(const Store &store, const std::filesystem::pa
     };
     machine.deleteFile = [&store](const std::string &path) {
         std::error_code ignored; // a file that can't be deleted stays
-        if (store.mayDelete(path))
-            std::filesystem::remove(path, ignored);
+        if (!store.mayDelete(path))
+            return;
+        store.history().before(path);
+        std::filesystem::remove(path, ignored);
     };
     return machine;
 }
@@ -48,6 +52,9 @@ Program::~Program() = default;
 
 void Program::start(const QString &first)
 {
+    if (!m_store.readOnly())
+        publicdata::finishImport(m_store.folder()); // of a run that was killed
+    m_store.keepHistory();
     for (const std::string &stem : {m_store.yearMarker(), std::string("ARCHIVES"), std::string("galerie")})
         m_store.LireINI(stem, {}, {}); // a damaged one is asked about before the first screen writes to it
     if (!m_store.readOnly())

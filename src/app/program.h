@@ -3,6 +3,7 @@
 #include "platform/folder_lock.h"
 #include "platform/program_folder.h"
 #include "results/main_record.h"
+#include "kinds/undo.h"
 #include "shell/screens.h"
 
 #include <filesystem>
@@ -40,6 +41,7 @@ private:
     results::MainRecord m_main;
     Context m_context; // outlives the screens, which use it to the last
     Screens m_screens;
+    UndoKeys m_undoKeys{m_context};
     std::string m_updateNotice; // why the extractor refused an update before this start
     std::size_t m_offered = 0; // of the store's damaged files
     QObject m_atRest;

@@ -3,7 +3,9 @@
 // an update brings a year later: all four seasons complete.
 //
 //     sample-seasons DATA FOLDER [2006]
-#include "app/sample_recording.h"
+#include "app/sample_data.h"
+#include "publicdata/season_recording.h"
+#include "results/new_season.h"
 #include "statistics/season_statistics.h"
 #include "store/archive.h"
 #include "store/text.h"
@@ -83,16 +85,15 @@ void enterPast(Store &store, const std::string &data)
     enterRecords(archive, data);
 }
 
-// Where the screen of the circuits looks for them. One race has a file name without its accent.
 bool describeCircuits(const Store &store, const std::string &data)
 {
-    const std::string photos = (store.folder() / "Photos").string(), folder = photos + "/descriptioncircuits";
-    bool kept = disk::makeFolder(photos) && disk::makeFolder(folder);
+    const std::string folder = store.folder().string() + "/";
+    bool kept = disk::makeFolder(folder + "Photos") && disk::makeFolder(folder + "Photos/descriptioncircuits");
     for (const SampleCircuit &circuit : parsed(data + "/circuits.txt", parseSampleCircuits)) {
-        const std::string name = circuit.race == "Brésil" ? "bresil" : circuit.race;
         disk::Stamp after;
-        kept =
-            kept && disk::replace(folder + "/" + name + ".txt", toCodePage(sampleDescription(circuit)), false, after);
+        kept = kept &&
+            disk::replace(folder + publicdata::circuitDescriptionFile(circuit.race),
+                          toCodePage(publicdata::circuitDescription(circuit)), false, after);
     }
     return kept;
 }
@@ -116,24 +117,13 @@ Careers careersAfter(const WritableSeason &season, const SampleSeason &sample, C
 }
 
 // The leader of the points takes the title of a complete season.
-void crown(const WritableSeason &season, const SampleSeason &sample, Careers &careers)
+void crownLeader(const WritableSeason &season, const SampleSeason &sample, Careers &careers)
 {
-    const SampleDriver *leader = nullptr;
-    double most = -1;
-    for (const SampleDriver &driver : sample.drivers) {
-        const double points = season.numbers().value(season.driver("nbpts", driver.slot)).value_or(0);
-        if (points > most) {
-            most = points;
-            leader = &driver;
-        }
-    }
+    const auto leader = results::championshipLeader(season);
     if (!leader)
         return;
-    const std::string titles = season.driver("champion", leader->slot) + "-" + sample.year;
-    season.write(keys::N, keys::driver("champion", leader->slot), titles);
-    WritableSeason(season.store(), std::string(keys::ARCHIVES))
-        .write(keys::GP, keys::champion(sample.year), leader->name);
-    careers[leader->name].titles.push_back(sample.year);
+    publicdata::crown(season, *leader);
+    careers[season.nom(*leader)].titles.push_back(sample.year);
 }
 
 }
@@ -162,19 +152,19 @@ int main(int argc, char **argv)
         const WritableSeason season = main.writableSeason();
         results::storeScale(season, {sample.scale});
         for (const SampleDriver &driver : sample.drivers)
-            enterSampleDriver(season, driver, careers[driver.name]);
-        enterSampleCalendar(season, sample);
+            publicdata::enterDriver(season, driver, careers[driver.name]);
+        publicdata::enterCalendar(season, sample);
         const bool complete = yearLater || year != "2005";
         const int races = static_cast<int>(sample.races.size()) - (complete ? 0 : 1);
         for (int slot = 0; slot < races; ++slot) {
-            recordSampleRace(main, sample, slot);
+            publicdata::recordRace(main, sample, slot);
             statistics::sortAllTimeLists(store);
         }
         if (complete) {
             careers = careersAfter(season, sample, std::move(careers));
-            crown(season, sample, careers);
+            crownLeader(season, sample, careers);
         }
-        chooseSampleSubjects(season);
+        publicdata::chooseChartSubjects(season);
     }
     statistics::sortAllTimeLists(store); // the last newcomers' older entries go
     dropLeftovers(store);

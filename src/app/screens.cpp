@@ -67,6 +67,7 @@
     screen(form100)               \
     screen(form101)               \
     screen(frmmain)               \
+    screen(historique)            \
     screen(intro)                 \
     screen(menuScreens)
 

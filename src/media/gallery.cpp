@@ -1,5 +1,7 @@
 #include "media/gallery.h"
 
+#include "store/history.h"
+
 namespace circuidex::media {
 
 namespace {
@@ -11,6 +13,11 @@ constexpr int lastEmptied = 25; // the keys of this many slots are emptied with 
 std::string Gallery::key(std::string_view slot) const
 {
     return keys::join(m_kind.prefix, keys::join(slot, keys::join(".", page.text())));
+}
+
+std::string Gallery::action(const std::string &what) const
+{
+    return std::string(m_kind.name).append(", page ").append(page.text()).append(" : ").append(what);
 }
 
 void Gallery::write(std::string_view slot, const std::string &path) const
@@ -100,12 +107,14 @@ std::optional<int> Gallery::selected() const
 
 void Gallery::file(int slot, const std::string &path)
 {
+    const Action undoable(m_store, action("emplacement " + std::to_string(slot)));
     write(std::to_string(slot), path);
     show(slot, path);
 }
 
 void Gallery::emptySelected()
 {
+    const Action undoable(m_store, action("emplacement " + iNdexx.text() + " vidé"));
     write(iNdexx.text(), {});
     if (const auto slot = selected())
         show(*slot, {});
@@ -113,6 +122,7 @@ void Gallery::emptySelected()
 
 void Gallery::emptyPage()
 {
+    const Action undoable(m_store, action("page vidée"));
     for (int slot = 0; slot <= lastEmptied; ++slot) {
         write(std::to_string(slot), {});
         if (slot >= 1 && slot <= m_kind.slotCount)

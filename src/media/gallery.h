@@ -12,6 +12,7 @@
 namespace circuidex::media {
 
 struct GalleryKind {
+    std::string_view name; // "galerie photo"
     int slotCount; // of a page, from 1
     std::string_view prefix; // of their keys, section gp: "vid3.12" is slot 3 of page 12
     std::string_view pageSection, pageKey; // where the page on show is kept when the gallery closes
@@ -20,8 +21,8 @@ struct GalleryKind {
     bool turnsPages; // a step past the end of a page goes on to the next one; then no page comes before the first
 };
 
-inline constexpr GalleryKind films{20, "vid", keys::N, "pagevideo", "Emplacement libre", 23, 0, 0, true};
-inline constexpr GalleryKind photos{24, "img", keys::gp, "imgsauv", "", 1, 1, 24, false};
+inline constexpr GalleryKind films{"galerie vidéo", 20, "vid", keys::N, "pagevideo", "Emplacement libre", 23, 0, 0, true};
+inline constexpr GalleryKind photos{"galerie photo", 24, "img", keys::gp, "imgsauv", "", 1, 1, 24, false};
 
 class Gallery {
 public:
@@ -55,6 +56,7 @@ public:
 
 private:
     std::string key(std::string_view slot) const;
+    std::string action(const std::string &what) const; // its name in the history
     void write(std::string_view slot, const std::string &path) const;
     void fill(int indexAfter);
     bool beyond(double last, bool forward) const;

@@ -1,6 +1,7 @@
 #include "media/journal.h"
 
 #include "store/backups.h"
+#include "store/history.h"
 #include "store/keys.h"
 #include "store/text_file.h"
 
@@ -20,10 +21,22 @@ std::string named(std::string_view kind, std::string_view number)
 {
     return std::string("Journal ").append(kind).append(number).append(".txt");
 }
-std::string bodyFile(std::string_view number) { return named("p", number); }
-std::string titleFile(std::string_view number) { return named("t", number); }
-std::string draftFile(std::string_view number) { return named("brouillon ", number); }
-std::string savingFile(std::string_view number) { return named("enregistrement ", number); }
+std::string bodyFile(std::string_view number)
+{
+    return named("p", number);
+}
+std::string titleFile(std::string_view number)
+{
+    return named("t", number);
+}
+std::string draftFile(std::string_view number)
+{
+    return named("brouillon ", number);
+}
+std::string savingFile(std::string_view number)
+{
+    return named("enregistrement ", number);
+}
 
 std::string folderOf(const Store &store)
 {
@@ -59,8 +72,17 @@ std::optional<Article> beingSaved(const Store &store, std::string_view number)
 void remove(const Store &store, const std::string &file)
 {
     const std::string path = folderOf(store) + "/" + file;
-    if (store.mayDelete(path))
-        disk::removeName(path);
+    if (disk::look(path).kind == disk::Kind::missing || !store.mayDelete(path))
+        return;
+    store.history().before(path);
+    disk::removeName(path);
+}
+
+bool write(const Store &store, const std::string &file, std::string_view text,
+           bool (*how)(const std::string &, const std::string &, std::string_view) = text_file::writeThrough)
+{
+    store.history().before(folderOf(store) + "/" + file);
+    return how(folderOf(store), file, text);
 }
 
 // Half an article isn't shown, but it isn't written over either: it gets a second name first.
@@ -80,8 +102,7 @@ bool keepHalf(const Store &store, const std::string &file, const std::string &ot
 // The two files of an article that stands in its third one. True when it is needed no more.
 bool spread(const Store &store, std::string_view number, const Article &article)
 {
-    return text_file::writeThrough(folderOf(store), bodyFile(number), article.body) &&
-        text_file::writeThrough(folderOf(store), titleFile(number), article.title);
+    return write(store, bodyFile(number), article.body) && write(store, titleFile(number), article.title);
 }
 
 }
@@ -123,16 +144,17 @@ Article article(const Store &store, std::string_view number)
     return {titleAsRead(*title), *std::move(body)};
 }
 
-bool saveArticle(const Store &store, std::string_view number, const Article &article)
+bool saveArticle(Store &store, std::string_view number, const Article &article)
 {
     const std::string body = bodyFile(number), title = titleFile(number), saving = savingFile(number);
     if (!namesArticle(number) || store.readOnly() || !text_file::mayWrite(folderOf(store), body) ||
         !text_file::mayWrite(folderOf(store), title))
         return false;
     finishSaving(store, number);
+    const Action undoable(store, std::string("article N°").append(number).append(" du journal"));
     if (!keepHalf(store, body, title) || !keepHalf(store, title, body))
         return false;
-    if (!text_file::writeThrough(folderOf(store), saving, together(article))) {
+    if (!write(store, saving, together(article))) {
         remove(store, saving);
         return false;
     }
@@ -161,7 +183,7 @@ std::optional<Article> draft(const Store &store, std::string_view number)
 bool keepDraft(const Store &store, std::string_view number, const Article &article)
 {
     return namesArticle(number) && !store.readOnly() &&
-        text_file::write(folderOf(store), draftFile(number), together(article));
+        write(store, draftFile(number), together(article), text_file::write);
 }
 
 void dropDraft(const Store &store, std::string_view number)

@@ -32,7 +32,7 @@ std::string titleAsRead(std::string_view line);
 Article article(const Store &store, std::string_view number);
 
 // False, and the article is the old one, when it can't be kept. Takes away the draft.
-bool saveArticle(const Store &store, std::string_view number, const Article &article);
+bool saveArticle(Store &store, std::string_view number, const Article &article);
 
 // Carries through what a killed program had begun to save.
 void finishSaving(const Store &store, std::string_view number);

@@ -68,30 +68,37 @@ bool ZipReader::next(Entry &entry)
         return false;
     const char *const name = answer == ARCHIVE_OK ? archive_entry_pathname(header) : nullptr;
     m_broken = !name;
+    m_at = 0;
     if (m_broken)
         return false;
     entry = {name, kindOf(m_archive, header), (archive_entry_perm(header) & 0111) != 0};
     return true;
 }
 
-void ZipReader::read(const std::function<bool(std::string_view)> &take)
+std::string_view ZipReader::piece()
 {
     const Utf8Names names;
     const void *piece = nullptr;
     std::size_t size = 0;
-    la_int64_t at = 0, expected = 0;
+    la_int64_t at = 0;
     int answer = m_broken ? ARCHIVE_FATAL : ARCHIVE_OK;
-    while (answer == ARCHIVE_OK) {
+    while (answer == ARCHIVE_OK && size == 0) {
         answer = archive_read_data_block(m_archive, &piece, &size, &at);
-        if (answer != ARCHIVE_OK)
-            break;
-        if (at != expected)
+        if (answer == ARCHIVE_OK && at != m_at)
             answer = ARCHIVE_FATAL;
-        else if (!take({static_cast<const char *>(piece), size}))
-            return;
-        expected += static_cast<la_int64_t>(size);
     }
-    m_broken = answer != ARCHIVE_EOF;
+    m_broken = answer != ARCHIVE_OK && answer != ARCHIVE_EOF;
+    if (answer != ARCHIVE_OK)
+        return {};
+    m_at += static_cast<la_int64_t>(size);
+    return {static_cast<const char *>(piece), size};
+}
+
+void ZipReader::read(const std::function<bool(std::string_view)> &take)
+{
+    for (std::string_view next = piece(); !next.empty(); next = piece())
+        if (!take(next))
+            return;
 }
 
 // Each entry has a record in the directory at the archive's end, which the reading library holds in memory as a whole.

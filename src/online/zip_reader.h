@@ -36,11 +36,16 @@ public:
     // Hands over the content of the entry in pieces, until `take` answers false.
     void read(const std::function<bool(std::string_view)> &take);
 
+    // The next piece of the entry's content, valid until the next call; empty at its end, and when the archive turns
+    // out to be broken.
+    std::string_view piece();
+
     bool broken() const { return m_broken; }
 
 private:
     archive *m_archive;
     bool m_broken = false;
+    std::int64_t m_at = 0; // in the entry's content
 };
 
 // The number of entries that a file may hold at most, counted without unpacking anything.

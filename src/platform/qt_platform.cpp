@@ -209,14 +209,36 @@ DisplayMode QtPlatform::displayMode() const
     return {size.width(), size.height(), depth};
 }
 
+// The windows of a handler that changes the display are laid out before Qt hears of the new size from X.
+void QtPlatform::awaitNewSize()
+{
+    const QScreen *display = QGuiApplication::primaryScreen();
+    const auto mode = m_display.present();
+    m_coming.reset();
+    if (!mode || !display || QSize(mode->width, mode->height) == display->size() * display->devicePixelRatio())
+        return;
+    m_coming = QSize(mode->width, mode->height) / display->devicePixelRatio();
+    QObject::connect(
+        display, &QScreen::geometryChanged, &m_here, [this] { m_coming.reset(); }, Qt::SingleShotConnection);
+}
+
 DisplayChange QtPlatform::changeDisplay(const DisplayMode &mode, int hertz)
 {
-    return m_display.change(mode.width, mode.height, hertz) ? DisplayChange::done : DisplayChange::refused;
+    const bool done = m_display.change(mode.width, mode.height, hertz);
+    awaitNewSize();
+    return done ? DisplayChange::done : DisplayChange::refused;
 }
 
 void QtPlatform::changeDisplayPlainly(int width, int height)
 {
     m_display.changePlainly(width, height);
+    awaitNewSize();
+}
+
+void QtPlatform::putDisplayBack()
+{
+    m_display.putBack();
+    awaitNewSize();
 }
 
 // Asks the system's session manager, which asks the user for his password where he may not.

@@ -12,6 +12,7 @@
 #include <QString>
 
 #include <atomic>
+#include <optional>
 
 class QPainter;
 
@@ -38,12 +39,14 @@ public:
     void remember(const std::string &what, const std::string &text) override;
 
     // What a start does first: the user's own display mode, when an earlier run died before it had put it back.
-    void putDisplayBack() { m_display.putBack(); }
+    void putDisplayBack();
 
 private:
     void wake();
+    void awaitNewSize();
 
     DisplayChanger m_display;
+    std::optional<QSize> m_coming; // of the display, until Qt has heard of it
     QSettings m_kept; // in the folder for what a user's programs remember
 
     QObject m_here; // what other threads send for is done on the thread of the program

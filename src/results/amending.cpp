@@ -1,6 +1,7 @@
 #include "results/amending.h"
 
 #include "results/navigation.h"
+#include "store/history.h"
 #include "store/text.h"
 
 namespace circuidex::results {
@@ -61,6 +62,7 @@ bool cancelGrandPrix(MainRecord &main)
         return false;
     ActionOnSeason action(main);
     showSlotAgain(main);
+    const Action undoable(main.store, main.actionOnRace("suppression"));
     clearGrid(season, main.gp.text());
     resetTeamPoints(season, main.Label40.text(), "");
     main.refreshScale();
@@ -74,6 +76,7 @@ void subtractResult(const WritableSeason &season, std::string_view slot, const S
 {
     RaceFields stored;
     stored.gp.set(season.read(keys::gp, keys::namegp(slot)));
+    const Action undoable(season.store(), "suppression " + ofName(stored.gp.text()) + " " + season.stem());
     showResult(stored, season);
     resetTeamPoints(season, slot, "0");
     takeBack(stored, season, scale);
@@ -83,6 +86,7 @@ Recording amendGrandPrix(MainRecord &main, Amendment amendment, const std::optio
 {
     if (!main.enterGrandPrix())
         return Recording::refused;
+    const Action undoable(main.store, main.actionOnRace("modification"));
     ActionOnSeason action(main);
     const WritableSeason season = main.writableSeason();
     keepOtherResult(main, season);

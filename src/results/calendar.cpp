@@ -1,5 +1,6 @@
 #include "results/calendar.h"
 
+#include "store/history.h"
 #include "store/names.h"
 
 namespace circuidex::results {
@@ -13,6 +14,7 @@ std::string enterCalendar(const WritableSeason &season, Calendar calendar)
             return name.refusal;
         entry.name = std::move(name.name);
     }
+    const Action undoable(season.store(), "calendrier " + season.stem());
     slot = 0;
     for (const CalendarEntry &entry : calendar) {
         season.write(keys::gp, keys::namegp(slot++), entry.name);

@@ -3,8 +3,18 @@
 #include "results/media_of_grand_prix.h"
 #include "results/navigation.h"
 #include "results/pictures.h"
+#include "store/history.h"
 
 namespace circuidex::results {
+
+namespace {
+
+std::string actionOnDriver(const MainRecord &main, const std::string &what, DriverBoxes &boxes)
+{
+    return what + " " + ofName(boxes.box("nom").text()) + " " + main.an.text();
+}
+
+}
 
 void showDriver(MainRecord &main, DriverBoxes &boxes, DriverScreen screen)
 {
@@ -26,6 +36,8 @@ bool storeShownDriver(MainRecord &main, DriverBoxes &boxes, DriverScreen screen)
         return false;
     }
     boxes.show(whole);
+    const bool fresh = screen == DriverScreen::newDriver;
+    const Action undoable(main.store, actionOnDriver(main, fresh ? "inscription" : "profil", boxes));
     storeDriver(main.writableSeason(), boxes.nopilot.text(), whole, screen);
     showNamesAnew(main);
     main.said.set("Pilote n° " + boxes.nopilot.text() + " enregistré : " + boxes.box("nom").text());
@@ -38,6 +50,7 @@ void chooseDriverPicture(MainRecord &main, DriverBoxes &boxes, std::string_view 
     if (!chosen)
         return;
     boxes.box(prefix).set(*chosen);
+    const Action undoable(main.store, actionOnDriver(main, "image", boxes));
     (prefix == "path" ? boxes.picture1 : boxes.Image1).set(main.surroundings.findPicture(*chosen));
     main.writableSeason().write(keys::N, keys::driver(prefix, boxes.nopilot.text()), *chosen);
 }
@@ -61,6 +74,7 @@ void chooseTeamPicture(MainRecord &main)
     const auto chosen = choosePictureFile(main.dialogs, "Image");
     if (!chosen)
         return;
+    const Action undoable(main.store, "image de l'écurie " + team.name + " " + main.an.text());
     main.writableSeason().write(keys::N, keys::lblecuriE(team.name), *chosen);
     main.profile.lblecuriE.set(*chosen);
     main.profile.ecuriE.set(main.surroundings.findPicture(*chosen));
@@ -77,6 +91,7 @@ void emptyProfile(DriverProfile &profile)
 
 void storeProfile(MainRecord &main)
 {
+    const Action undoable(main.store, actionOnDriver(main, "profil", main.profile));
     if (!storeShownDriver(main, main.profile, DriverScreen::profile))
         return;
     if (main.profile.seasons.empty())

@@ -1,5 +1,6 @@
 #include "results/grid.h"
 
+#include "store/history.h"
 #include "store/names.h"
 
 namespace circuidex::results {
@@ -29,6 +30,7 @@ std::string enterGrid(const WritableSeason &season, std::string_view gpName, Gri
             return driver.refusal;
         grid[place] = std::move(driver.name);
     }
+    const Action undoable(season.store(), "grille " + ofName(race.name) + " " + season.stem());
     storeGrid(season, race.name, grid);
     return {};
 }

@@ -26,6 +26,11 @@ std::string MainRecord::quietNotice() const
     return lines;
 }
 
+std::string MainRecord::actionOnRace(std::string_view what) const
+{
+    return std::string(what).append(" ").append(ofName(enteredName(gp.text()).name)).append(" ").append(an.text());
+}
+
 bool MainRecord::enterGrandPrix()
 {
     const EnteredName entered = enteredName(gp.text());

@@ -55,6 +55,9 @@ public:
     // What the user should know and isn't asked about: one line each, empty when all is well.
     std::string quietNotice() const;
 
+    // For the history, the race on show: actionOnRace("enregistrement") is "enregistrement de Chine 2005".
+    std::string actionOnRace(std::string_view what) const;
+
     // The name in gp as it is stored, the blanks and quotes around it taken off. False, and the user is told, for one that
     // the files can't carry, and in a season that is no year.
     bool enterGrandPrix();

@@ -1,5 +1,7 @@
 #include "results/media_of_grand_prix.h"
 
+#include "store/history.h"
+#include "store/names.h"
 #include "store/season.h"
 #include "store/text.h"
 
@@ -45,6 +47,8 @@ void take(MainRecord &main, const std::string &title, std::string (*key)(const M
         return;
     path.set(*chosen);
     shown.set(main.surroundings.findPicture(*chosen));
+    const bool ofCircuit = key == circuitKey;
+    const Action undoable(main.store, ofCircuit ? "tracé " + ofName(main.gp.text()) : main.actionOnRace("image"));
     keep(main, key(main), *chosen);
 }
 
@@ -88,23 +92,27 @@ void chooseFilm(MainRecord &main)
     if (!chosen)
         return;
     main.a.set(*chosen);
+    const Action undoable(main.store, main.actionOnRace("vidéo"));
     keep(main, filmKey(main), *chosen);
     main.film.set("vrai");
 }
 
 void removeCircuitPicture(MainRecord &main)
 {
+    const Action undoable(main.store, "retrait du tracé " + ofName(main.gp.text()));
     keep(main, circuitKey(main), "");
 }
 
 void removeRacePicture(MainRecord &main)
 {
+    const Action undoable(main.store, main.actionOnRace("retrait de l'image"));
     keep(main, raceKey(main), "");
     main.Image2.set("");
 }
 
 void removeFilm(MainRecord &main)
 {
+    const Action undoable(main.store, main.actionOnRace("retrait de la vidéo"));
     keep(main, filmKey(main), "");
     main.film.set("");
     const std::string file = main.surroundings.findFile(filmBesideProgram(main));

@@ -4,6 +4,7 @@
 #include "results/navigation.h"
 #include "results/pictures.h"
 #include "results/recording.h"
+#include "store/history.h"
 
 namespace circuidex::results {
 
@@ -188,6 +189,7 @@ bool passToNextSeason(MainRecord &main, const std::string &champion)
         main.dialogs.message("La saison \"" + year + "\" n'est pas une année : il n'y a pas de saison suivante.");
         return false;
     }
+    const Action undoable(main.store, "passage à la saison " + *next);
     const WritableSeason old = main.writableSeason();
     const std::string titleKey = keys::driver("champion", champion), titles = old.read(keys::N, titleKey);
     crown(main, champion);

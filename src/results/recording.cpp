@@ -1,6 +1,7 @@
 #include "results/recording.h"
 
 #include "store/archive.h"
+#include "store/history.h"
 
 namespace circuidex::results {
 
@@ -100,6 +101,7 @@ Recording recordSimulatedGrandPrix(MainRecord &main)
 {
     if (!main.enterGrandPrix())
         return Recording::refused;
+    const Action undoable(main.store, main.actionOnRace("enregistrement"));
     ActionOnSeason action(main);
     const WritableSeason season = main.writableSeason();
     season.write(keys::gp, keys::dategp(main.gp.text()), main.dat.text());
@@ -113,6 +115,7 @@ Recording recordSimulatedGrandPrix(MainRecord &main)
 
 Recording recordGrandPrix(MainRecord &main)
 {
+    const Action undoable(main.store, main.actionOnRace("enregistrement"));
     const Recording recording = recordSimulatedGrandPrix(main);
     if (recording != Recording::done)
         return recording;

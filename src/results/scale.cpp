@@ -1,5 +1,7 @@
 #include "results/scale.h"
 
+#include "store/history.h"
+
 namespace circuidex::results {
 
 namespace {
@@ -29,6 +31,7 @@ Scale loadScale(const Season &season)
 
 void storeScale(const WritableSeason &season, const Scale &scale)
 {
+    const Action undoable(season.store(), "barème " + season.stem());
     for (int place = 1; place <= classifiedPlaces; ++place)
         season.write(keys::bareme, std::to_string(place), scale[place]);
 }

@@ -2,6 +2,7 @@
 
 #include "results/amending.h"
 #include "results/navigation.h"
+#include "store/history.h"
 
 namespace circuidex::results {
 
@@ -199,6 +200,7 @@ std::optional<Simulation> runningSimulation(const Store &store)
 
 std::optional<Simulation> startSimulation(MainRecord &main, std::span<const SimulatedScore> scores)
 {
+    const Action nameless(main.store, {});
     if (firstFreeSlot(main.season()) == gpSlots) {
         main.dialogs.message("Tous les Grands Prix de la saison ont un vainqueur : il n'en reste aucun à simuler.");
         return std::nullopt;
@@ -228,6 +230,7 @@ std::optional<Simulation> startSimulation(MainRecord &main, std::span<const Simu
 
 bool stopSimulation(MainRecord &main, const Simulation &simulation)
 {
+    const Action nameless(main.store, {});
     const Place place(main);
     main.an.set(simulation.season);
     main.Label40.set(simulation.slot);

@@ -63,10 +63,10 @@ void Screens::close(const QString &name)
         screen->close();
 }
 
-void Screens::closeAllBut(const QString &name)
+void Screens::closeAllBut(const QStringList &kept)
 {
     m_ending = true;
-    const auto other = [&](const Screen *screen) { return screen->name() != name; };
+    const auto other = [&](const Screen *screen) { return !kept.contains(screen->name()); };
     for (;;) {
         const auto last = std::find_if(m_open.rbegin(), m_open.rend(), other);
         if (last == m_open.rend())

@@ -56,7 +56,7 @@ public:
     bool isOpen(const QString &name) const { return find(name) != nullptr; }
     bool exists(const QString &name) const { return row(name) != nullptr; }
     void close(const QString &name);
-    void closeAllBut(const QString &name); // what a closing screen would open by it doesn't come up
+    void closeAllBut(const QStringList &kept); // what a closing screen would open by it doesn't come up
     void comeToFront() const; // all that can be seen, the main screen also when it is minimised
     void quit(); // as by "Quitter" of the main screen
     void bringMainBack() const; // the main screen in sight again, after a screen that took its place

@@ -1,6 +1,7 @@
 #include "standings/constructor_standings.h"
 
 #include "results/team_list.h"
+#include "store/history.h"
 
 #include <algorithm>
 
@@ -75,6 +76,7 @@ std::string changeTyre(const WritableSeason &season, std::string_view team)
     const std::string make = season.read(keys::N, key);
     if (make != "M" && make != "B")
         return make;
+    const Action undoable(season.store(), "pneus de l'écurie " + std::string(team) + " " + season.stem());
     season.write(keys::N, key, make == "M" ? "B" : "M");
     return season.read(keys::N, key);
 }

@@ -1,5 +1,7 @@
 #include "store/gp_list.h"
 
+#include "store/history.h"
+#include "store/names.h"
 #include "store/season.h"
 
 #include <algorithm>
@@ -37,6 +39,7 @@ std::vector<std::string> gpList(const Store &store)
 void deleteListedGp(Store &store, int row)
 {
     const WritableSeason archive(store, std::string(keys::ARCHIVES));
+    const Action undoable(store, "retrait " + ofName(archive.read(keys::GP, keys::listed(row))) + " de la liste");
     if (archive.numbers().value(archive.read(keys::GP, keys::listCount)) == row)
         archive.subtract(keys::GP, keys::listCount, "1");
     archive.write(keys::GP, keys::listed(row), "");
@@ -56,6 +59,7 @@ void tidyGpList(Store &store)
 {
     const std::vector<std::string> before = readRows(store, gpListTidied);
     const std::vector<std::string> after = tidied(before);
+    const Action undoable(store, "nettoyage de la liste des Grands Prix");
     for (int row = 0; row < gpListTidied; ++row)
         if (const std::string &name = after[std::size_t(row)]; name != before[std::size_t(row)])
             store.EcrireINI(keys::ARCHIVES, keys::GP, keys::listed(row), name);

@@ -74,14 +74,14 @@ bool put(const std::string &from, const std::string &to)
 
 }
 
-Action::Action(Store &store, std::string name) : m_store(store)
+Action::Action(Store &store, std::string_view name) : m_store(store)
 {
     History &history = store.history();
     if (history.m_depth == 0) {
         store.flush();
         history.rest();
     }
-    history.begin(std::move(name));
+    history.begin(name);
 }
 
 Action::~Action()
@@ -93,7 +93,7 @@ Action::~Action()
     history.rest();
 }
 
-void History::begin(std::string name)
+void History::begin(std::string_view name)
 {
     if (m_depth++ == 0)
         m_name = oneLine(name);
@@ -270,17 +270,29 @@ std::vector<Step> History::push(Step step)
     return dropped;
 }
 
+// The disk isn't waited for. The index that it surely has is held on to until settle(), as that of a data file is.
 bool History::writeIndex()
 {
+    const std::string file = path(indexFile);
     disk::Stamp after;
-    m_indexWaits = !disk::replace(path(indexFile), history::written(m_index), false, after);
+    if (!m_indexHeld)
+        m_indexHeld = disk::keepOld(file);
+    m_indexWaits = !disk::replace(file, history::written(m_index), m_indexHeld, after);
     return !m_indexWaits;
+}
+
+void History::settle()
+{
+    if (m_indexHeld && disk::syncFile(path(indexFile)) && disk::syncFolder(path({}))) {
+        disk::dropOld(path(indexFile));
+        m_indexHeld = false;
+    }
 }
 
 void History::readIndex()
 {
     std::string bytes;
-    if (disk::read(path(indexFile), bytes).kind == disk::Kind::missing)
+    if (disk::repairAndRead(path(indexFile), bytes).kind == disk::Kind::missing)
         return;
     if (auto index = history::parsed(bytes)) {
         m_index = *std::move(index);
@@ -446,20 +458,28 @@ bool History::turned(unsigned id, Turn way)
     for (const std::string &folder : folders)
         disk::syncFolder(folder);
     m_index.turning = 0;
-    return writeIndex() && disk::syncFile(path(indexFile)) && disk::syncFolder(path({}));
+    const bool written = writeIndex();
+    settle();
+    return written;
+}
+
+std::string History::hindrance(Turn way) const
+{
+    const Step *const step = next(way);
+    if (m_depth > 0)
+        return "Une action est en cours : attendez qu'elle soit finie.";
+    if (m_open && step)
+        return refusal(*step, way);
+    return !m_trouble.empty() ? m_trouble
+        : way == Turn::undo   ? "Il n'y a rien à annuler."
+                              : "Il n'y a rien à rétablir.";
 }
 
 std::string History::turn(Turn way)
 {
-    const Step *const step = next(way);
-    if (!m_open || !step)
-        return !m_trouble.empty() ? m_trouble
-            : way == Turn::undo   ? "Il n'y a rien à annuler."
-                                  : "Il n'y a rien à rétablir.";
-    if (m_depth > 0)
-        return "Une action est en cours : attendez qu'elle soit finie.";
-    if (std::string why = refusal(*step, way); !why.empty())
+    if (std::string why = hindrance(way); !why.empty())
         return why;
+    const Step *const step = next(way);
     m_index.turning = step->id;
     if (writeIndex() && swapAll(*step, way)) {
         turned(step->id, way); // an index that can't be written says that the next start has this undo to finish

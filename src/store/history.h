@@ -23,7 +23,7 @@ class Store;
 // calls. It may live over many turns of the event loop. An empty name: what is written within is no action.
 class Action {
 public:
-    Action(Store &store, std::string name);
+    Action(Store &store, std::string_view name);
     ~Action();
     Action(const Action &) = delete;
     Action &operator=(const Action &) = delete;
@@ -81,7 +81,7 @@ private:
     };
     enum class Turn { undo, redo };
 
-    void begin(std::string name);
+    void begin(std::string_view name);
     std::string path(std::string_view name) const; // in the history's own folder
     std::string copyOf(unsigned step, const history::Change &change) const;
     std::string live(const std::string &file) const;
@@ -94,9 +94,11 @@ private:
     bool closeNamed(Burst &burst);
     std::vector<history::Step> push(history::Step step);
     bool writeIndex();
+    void settle();
     void readIndex();
     void removeOrphans() const;
-    std::string turn(Turn way); // the sentence of refusal; empty when it is done
+    std::string hindrance(Turn way) const; // the sentence of refusal; empty when nothing stands in the way
+    std::string turn(Turn way); // the same, and it is done when that is empty
     void finishTurn();
     const history::Step *next(Turn way) const;
     std::string refusal(const history::Step &step, Turn way) const;
@@ -113,6 +115,7 @@ private:
     int m_depth = 0; // Actions under way, one within the other
     bool m_open = false;
     bool m_indexWaits = false; // the one on the disk is older
+    bool m_indexHeld = false; // what the disk surely has of it is held on to
 };
 
 }

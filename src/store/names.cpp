@@ -67,6 +67,15 @@ std::string seasonStem(std::string_view season)
     return isYear(season) ? std::string(season) : std::string("/").append(season);
 }
 
+std::string ofName(std::string_view name)
+{
+    constexpr std::string_view vowels[] = {"a", "e", "i", "o", "u", "é", "è", "ê", "à", "â", "î", "ô"};
+    const std::string lower = folded(name);
+    const bool elides = std::any_of(std::begin(vowels), std::end(vowels),
+                                    [&](std::string_view each) { return lower.starts_with(each); });
+    return std::string(elides ? "d'" : "de ").append(name);
+}
+
 std::string inQuotes(std::string_view text)
 {
     constexpr std::size_t most = 40;

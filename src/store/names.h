@@ -24,6 +24,9 @@ bool isYear(std::string_view season);
 // The stem of the season's file. What is no year names no file: it reads empty and keeps nothing.
 std::string seasonStem(std::string_view season);
 
+// "de Chine", "d'Espagne".
+std::string ofName(std::string_view name);
+
 // A text to be quoted in a message: in quotes, cut when it is long.
 std::string inQuotes(std::string_view text);
 

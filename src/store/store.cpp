@@ -109,6 +109,7 @@ Store::Store(std::filesystem::path folder, Numbers numbers)
 Store::~Store()
 {
     settle();
+    m_history->settle();
 }
 
 Store::Entry *Store::entry(std::string_view stem) const
@@ -494,7 +495,8 @@ void Store::keepHistory()
         m_history->open();
 }
 
-std::string Store::turnHistory(bool back)
+// What is under way comes to its end first.
+std::string Store::historyHindrance(bool back)
 {
     if (m_readOnly)
         return std::string("Lecture seule : rien ne peut être ") + (back ? "annulé." : "rétabli.");
@@ -503,7 +505,14 @@ std::string Store::turnHistory(bool back)
     settle();
     if (std::any_of(m_files.begin(), m_files.end(), [](const auto &each) { return each.second->held.has_value(); }))
         return "Une action est en cours : attendez qu'elle soit finie.";
-    std::string refusal = m_history->turn(back ? History::Turn::undo : History::Turn::redo);
+    return m_history->hindrance(back ? History::Turn::undo : History::Turn::redo);
+}
+
+std::string Store::turnHistory(bool back)
+{
+    std::string refusal = historyHindrance(back);
+    if (refusal.empty())
+        refusal = m_history->turn(back ? History::Turn::undo : History::Turn::redo);
     for (const auto &[stem, entry] : m_files)
         entry->loaded = false;
     newMoment();

@@ -91,6 +91,8 @@ public:
     void keepHistory();
     std::string undo() { return turnHistory(true); }
     std::string redo() { return turnHistory(false); }
+    std::string undoHindrance() { return historyHindrance(true); } // what undo() would answer
+    std::string redoHindrance() { return historyHindrance(false); }
 
     // From now on nothing in the folder is changed: each write is lost.
     void setReadOnly() { m_readOnly = true; }
@@ -150,6 +152,7 @@ private:
     bool set(Entry &entry, std::string_view section, std::string_view key, std::string_view value);
     bool write(Entry &entry);
     void flush(Entry &entry);
+    std::string historyHindrance(bool back);
     std::string turnHistory(bool back);
     bool replaceDamaged(const std::string &path, std::string_view bytes, disk::Stamp &after);
     bool replace(const std::string &path, std::string_view bytes, disk::Stamp &after);

@@ -88,7 +88,7 @@ bool savesUntil(const std::filesystem::path &folder, const Article &article, int
             }
             return 0;
         });
-        const Store store(folder);
+        Store store(folder);
         ::_exit(saveArticle(store, "7", article) ? 0 : 2);
     }
     int status = 0;
@@ -128,7 +128,7 @@ TEST_F(Journal, ARefusedCallLeavesTheArticleThatTheAnswerSays)
     int refusals = 0, losses = 0;
     for (bool reached = true; reached; ++refusals) {
         const TemporaryFolder place;
-        const Store desk(place.path());
+        Store desk(place.path());
         ASSERT_TRUE(saveArticle(desk, "7", old));
         int calls = 0;
         bool saved = false;

@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # The display's mode, changed and put back on an X server of the test's own: Xorg with its dummy driver, which shows
 # nothing and offers the modes that it is told. Without it the test says that it is skipped.
-# usage: display_mode.sh PROBE
+# usage: display_mode.sh PROBE PROGRAM SAMPLE
 set -euo pipefail
-probe=$1
+probe=$1 program=$2 sample=$3
 work=$(mktemp -d)
 server=
 finish() {
@@ -109,4 +109,22 @@ chmod +x bin/systemctl
 PATH=$work/bin:$PATH expect "1280x1024x32" restart
 for _ in {1..100}; do [[ -s asked ]] && break; sleep 0.05; done
 [[ $(cat asked) == reboot ]] || fault "no restart was asked for"
+# The program itself, which adapts the display and is killed: its next start saves the user's own mode, not the other.
+cp -R "$sample" folder
+printf '[ecran]\r\nadaptationauto=vrai\r\n' >>folder/f12005.ini
+saved() { tr -d '\r' <folder/f12005.ini | sed -n 's/^resolutionX=//p'; }
+for start in 1 2; do
+    "$program" --dossier folder >>program.log 2>&1 &
+    running=$!
+    for _ in {1..300}; do
+        [[ $(tell present) == 1024x768x32 && $(saved) ]] && break
+        sleep 0.1
+    done
+    expect "1024x768x32" present
+    [[ $(saved) == 1280 ]] || fault "start $start saved a width of $(saved)"
+    kill -KILL "$running"
+    wait "$running" 2>/dev/null || true
+    sed -i /^resolutionX=/d folder/f12005.ini
+done
+expect "1280x1024x32" back
 echo "the display's mode changes and comes back"

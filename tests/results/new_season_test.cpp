@@ -2,7 +2,8 @@
 // passage that was cut off.
 #include "results/new_season.h"
 
-#include "app/sample_recording.h"
+#include "app/sample_data.h"
+#include "publicdata/season_recording.h"
 #include "results/drivers.h"
 #include "results/season_fixture.h"
 #include "store/archive.h"
@@ -25,16 +26,16 @@ protected:
         storeScale(season(), {first.scale});
         PublishedCareers careers;
         for (const SampleDriver &driver : first.drivers)
-            enterSampleDriver(season(), driver, careers.of(driver.name));
+            publicdata::enterDriver(season(), driver, careers.of(driver.name));
         recordAll(first);
     }
     WritableSeason season() const { return desk.main.writableSeason(); }
 
     void recordAll(const SampleSeason &sample)
     {
-        enterSampleCalendar(season(), sample);
+        publicdata::enterCalendar(season(), sample);
         for (std::size_t slot = 0; slot < sample.races.size(); ++slot)
-            recordSampleRace(desk.main, sample, static_cast<int>(slot));
+            publicdata::recordRace(desk.main, sample, static_cast<int>(slot));
     }
     void pass()
     {

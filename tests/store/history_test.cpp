@@ -179,7 +179,7 @@ TEST_F(HistoryOf, ARefusedCallCostsTheUndoAtMost)
 {
     layDown(folder / "f12004.ini", "[N]\nk=0");
     int faults = 0;
-    for (int refused = 0; refused < 120; ++refused) {
+    for (int refused = 0; refused < 80; ++refused) {
         act("avant", "2004", "a");
         act("avant", "2005", "a");
         int calls = 0;
@@ -203,7 +203,7 @@ TEST_F(HistoryOf, ARefusedCallCostsTheUndoAtMost)
             refusal = store->undo();
         }
         const Files undone = filesOf(folder.path());
-        EXPECT_TRUE(refusal.empty() ? undone == before || undone != after : undone == after) << refused << refusal;
+        EXPECT_EQ(undone, refusal.empty() ? before : after) << refused << refusal;
         faults += !refusal.empty();
         start(); // finds nothing half done
         EXPECT_EQ(filesOf(folder.path()), undone) << refused;
@@ -216,7 +216,7 @@ TEST(Histories, AnyHistoryIsUndoneAndRedoneByteForByte)
 {
     const WithoutSyncs quick;
     const bool all = std::getenv("CIRCUIDEX_EVERY_HISTORY") != nullptr;
-    for (unsigned seed = 0; seed < (all ? 1000u : 20u); ++seed) {
+    for (unsigned seed = 0; seed < (all ? 1000u : 8u); ++seed) {
         std::mt19937 random(seed);
         const auto one = [&](unsigned of) { return unsigned(random() % of); };
         const TemporaryFolder folder;

@@ -422,11 +422,14 @@ QWidget *Form1::footer()
         labels.back()->setToolTip(row.tip);
         leadsTo(*labels.back(), row.screen);
     }
+    labels.push_back(command(u"historique"_s, u"Historique"_s, [this] { context.screens.open(u"Historique"_s); }));
+    labels.back()->setToolTip(
+        u"Les dernières actions, pour les annuler (Ctrl+Z) ou les rétablir (Maj+Ctrl+Z) (Ctrl+H)"_s);
     labels.push_back(command(u"Label71"_s, u"Réduire"_s, [this] { showMinimized(); }));
     labels.push_back(command(u"Label53"_s, u"Quitter"_s, [this] { leave(); }));
     labels.back()->setToolTip(u"Fermer Circuidex"_s);
     auto next = labels.begin();
-    for (const int count : {2, 3, 3}) {
+    for (const int count : {2, 4, 3}) {
         auto *row = new QHBoxLayout;
         for (int i = 0; i < count; ++i)
             row->addWidget(*next++);

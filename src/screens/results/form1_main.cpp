@@ -34,6 +34,7 @@ Form1::Form1(Context &theContext, const QString &name, const QString &title)
             showAgeOfStatus();
         });
     m_main.clearTotalsSoon = [this](const std::string &season) { clearTotalsSoon(qt(season)); };
+    context.store.history().finish = [this] { finishActions(); };
     context.screens.onChange = [this](const QString &screen, bool open) { screenChanged(screen, open); };
     comeBack();
     standWhereLeft();
@@ -182,6 +183,7 @@ void Form1::afterResult()
 {
     showPodium();
     context.screens.close(u"Form32"_s);
+    m_sorting = std::make_unique<Action>(context.store, std::string_view());
     m_records->tag = u"à trier"_s;
     m_records->start(10);
 }
@@ -190,11 +192,25 @@ void Form1::sortTimeLists()
 {
     m_records->tag.clear();
     statistics::sortAllTimeLists(context.store);
+    m_sorting.reset();
+}
+
+// What a timer would still do after an action would come behind its undo.
+void Form1::finishActions()
+{
+    if (!m_records->tag.isEmpty()) {
+        m_records->stop();
+        sortTimeLists();
+    }
+    if (!m_newSeason->tag.isEmpty())
+        clearNewSeason();
 }
 
 void Form1::record()
 {
     const Waiting waiting(*this);
+    finishActions();
+    const Action undoable(context.store, m_main.actionOnRace("enregistrement")); // with the lists sorted by it
     if (results::recordGrandPrix(m_main) != results::Recording::done)
         return;
     m_recordedGp = m_main.gp.text();
@@ -208,6 +224,8 @@ void Form1::amend(bool byUser)
     if (byUser && !typedHolds())
         return;
     const Waiting waiting(*this);
+    finishActions();
+    const Action undoable(context.store, m_main.actionOnRace("modification"));
     const auto amendment = byUser ? results::Amendment::byUser : results::Amendment::byProgram;
     if (results::amendGrandPrix(m_main, amendment) == results::Recording::done)
         afterResult();
@@ -279,6 +297,7 @@ void Form1::clearTotalsSoon(const QString &season)
     if (!m_newSeason->tag.isEmpty())
         clearNewSeason();
     m_newSeason->tag = season;
+    m_clearing = std::make_unique<Action>(context.store, std::string_view());
     m_newSeason->start(500);
 }
 
@@ -286,7 +305,9 @@ void Form1::clearTotalsSoon(const QString &season)
 void Form1::clearNewSeason()
 {
     const QString season = std::exchange(m_newSeason->tag, {});
+    m_newSeason->stop();
     results::clearTotals(season.isEmpty() ? m_main.writableSeason() : WritableSeason(context.store, season.toStdString()));
+    m_clearing.reset();
 }
 
 void Form1::comeBack()
@@ -312,6 +333,7 @@ void Form1::registerShortcuts()
         {Qt::CTRL | Qt::Key_E, u"Command26"_s, u"Enregistrer un Grand-Prix, nom par nom"_s},
         {Qt::CTRL | Qt::Key_S, u"Label43"_s, u"Enregistrer les modifications du Grand Prix affiché"_s},
         {Qt::CTRL | Qt::Key_G, u"Command30"_s, u"Grille de départ du Grand Prix affiché"_s},
+        {Qt::CTRL | Qt::Key_H, u"historique"_s, u"Historique des actions"_s},
     };
     for (const auto &[keys, control, does] : presses)
         shortcut(
@@ -321,6 +343,7 @@ void Form1::registerShortcuts()
                     press(control);
             },
             does);
+    tellKey(u"Ctrl+Z, Maj+Ctrl+Z"_s, u"Annuler, rétablir la dernière action (sur tous les écrans)"_s);
     tellKey(u"Flèche gauche, flèche droite"_s, u"Grand Prix précédent, suivant (hors des champs)"_s);
 }
 
@@ -401,16 +424,14 @@ void Form1::leave()
 // is kept by then.
 void Form1::closing()
 {
-    if (!m_newSeason->tag.isEmpty())
-        clearNewSeason();
-    if (!m_records->tag.isEmpty())
-        sortTimeLists();
+    finishActions();
     leave();
     if (const auto running = results::runningSimulation(context.store)) // also one that a kill left
         results::stopSimulation(m_main, *running);
+    context.store.history().finish = {};
     m_main.clearTotalsSoon = {};
     context.screens.onChange = {};
-    context.screens.closeAllBut(u"Form47"_s);
+    context.screens.closeAllBut({u"Form47"_s});
     restoreDisplay(context);
 }
 

@@ -3,6 +3,7 @@
 // everything else. Its buttons are pressed by other screens too, some of them by nobody else.
 #include "results/main_record.h"
 #include "shell/screens.h"
+#include "store/history.h"
 
 namespace circuidex::screens {
 
@@ -66,10 +67,12 @@ private:
     void leave();
     void clearTotalsSoon(const QString &season);
     void clearNewSeason();
+    void finishActions();
 
     results::MainRecord &m_main;
     QStringList m_pointed;
     std::string m_recordedGp, m_recordedSeason; // of which the status line speaks
+    std::unique_ptr<Action> m_sorting, m_clearing; // parts of an action that a timer brings to its end
     QWidget *m_display = nullptr; // the card about the display's mode, shown where there is room for it
     TimerControl *m_newSeason = nullptr, *m_records = nullptr, *m_lap = nullptr, *m_img = nullptr, *m_vid = nullptr;
 };

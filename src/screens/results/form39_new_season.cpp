@@ -4,6 +4,7 @@
 #include "results/new_season.h"
 #include "shell/look.h"
 #include "shell/screens.h"
+#include "store/history.h"
 
 #include <QBoxLayout>
 #include <QGridLayout>
@@ -106,6 +107,8 @@ std::string Form39::championName() const
 void Form39::pass()
 {
     m_archived.set(championName());
+    const auto next = m_main.store.numbers().stepped(m_main.an.text(), 1);
+    const Action undoable(context.store, "passage à la saison " + next); // with the points that go back to 0
     {
         const Waiting waiting(*this);
         if (!results::passToNextSeason(m_main, m_champion.text()))

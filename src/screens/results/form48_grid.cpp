@@ -5,6 +5,8 @@
 #include "results/main_record.h"
 #include "shell/look.h"
 #include "shell/screens.h"
+#include "store/history.h"
+#include "store/names.h"
 
 #include <QBoxLayout>
 
@@ -134,6 +136,7 @@ void Form48::store()
     results::Grid grid;
     for (int place = 1; place <= gridPlaces; ++place)
         grid[place] = m_grid->text(u"Text99", place - 1).toStdString();
+    const Action undoable(context.store, "grille " + ofName(m_gp.text()) + " " + m_main.an.text());
     const std::string refusal = results::enterGrid(m_main.writableSeason(), m_gp.text(), grid);
     if (!refusal.empty())
         return context.dialogs.message(refusal);

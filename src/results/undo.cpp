@@ -1,0 +1,52 @@
+#include "results/undo.h"
+
+#include "results/navigation.h"
+#include "results/simulation.h"
+#include "store/history.h"
+
+namespace circuidex::results {
+
+namespace {
+
+bool isStored(const MainRecord &main)
+{
+    std::error_code error;
+    return std::filesystem::exists(main.store.folder() / ("f1" + main.season().stem() + ".ini"), error);
+}
+
+void showAnew(MainRecord &main, bool inCalendar, bool wasStored)
+{
+    if (wasStored && !isStored(main))
+        previousSeason(main);
+    else
+        inCalendar ? showSeason(main) : showGrandPrix(main);
+    main.setScale(loadScale(main.season()));
+    main.Label11.set("");
+    main.overwritten.clear();
+}
+
+}
+
+std::string hindrance(MainRecord &main, Turn turn)
+{
+    if (const auto running = runningSimulation(main.store))
+        return "Une simulation est en cours : arrêtez-la d'abord (Graphique des Points Pilote).";
+    return turn == Turn::undo ? main.store.undoHindrance() : main.store.redoHindrance();
+}
+
+bool turnHistory(MainRecord &main, Turn turn)
+{
+    std::string refusal = hindrance(main, turn);
+    const bool back = turn == Turn::undo;
+    const std::string name = back ? main.store.history().undoable() : main.store.history().redoable();
+    const bool inCalendar = main.gp.text() == main.season().read(keys::gp, keys::namegp(main.Label40.text()));
+    const bool wasStored = isStored(main);
+    if (refusal.empty())
+        refusal = back ? main.store.undo() : main.store.redo();
+    if (refusal.empty())
+        showAnew(main, inCalendar, wasStored);
+    main.said.set(!refusal.empty() ? refusal : (back ? "Annulé : " : "Rétabli : ") + name);
+    return refusal.empty();
+}
+
+}
