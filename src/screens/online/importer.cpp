@@ -37,6 +37,11 @@ bool holdsSomething(const Season &season)
     return false;
 }
 
+bool existsFilled(const Store &store, int year)
+{
+    return publicdata::seasonExists(store, year) && holdsSomething(Season(store, std::to_string(year)));
+}
+
 bool folderHasSeasons(const Store &store)
 {
     return std::ranges::any_of(results::seasonsOf(store),
@@ -82,6 +87,7 @@ private:
     void start();
     bool mayReplace(int year, const Planned &planned);
     bool importOn();
+    QString importedSeasons() const;
     void imported();
     void showImported();
 
@@ -186,8 +192,7 @@ void Importer::showSeasons()
         m_seasons->set(u"saison", row, there ? QString::number(year) : QString());
         m_seasons->set(u"courses", row, of ? QString::number(of->races.size()) : QString());
         m_seasons->set(u"champion", row, champion);
-        m_seasons->set(u"dossier", row,
-                       there && publicdata::seasonExists(context.store, year) ? u"existe"_s : QString());
+        m_seasons->set(u"dossier", row, there && existsFilled(context.store, year) ? u"existe"_s : QString());
         for (const QStringView column : {u"choix", u"saison", u"courses", u"champion", u"dossier"})
             m_seasons->setBack(column, row, chosen ? std::optional(look::chosen) : std::nullopt);
     }
@@ -207,8 +212,7 @@ void Importer::toggle(int row)
 void Importer::chooseMissing()
 {
     for (const int year : m_years)
-        if (!publicdata::seasonExists(context.store, year) ||
-            !holdsSomething(Season(context.store, std::to_string(year))))
+        if (!existsFilled(context.store, year))
             m_chosen.insert(year);
     planSoon();
 }
@@ -240,7 +244,7 @@ void Importer::planNext()
         return showSeasons();
     }
     const Season held(context.store, std::to_string(*next));
-    Planned planned{*std::move(plan), publicdata::seasonExists(context.store, *next) && holdsSomething(held), {}};
+    Planned planned{*std::move(plan), existsFilled(context.store, *next), {}};
     if (planned.exists)
         if (const auto comparison = publicdata::compareSeason(held, *data()))
             for (const publicdata::Difference &each : comparison->differences)
@@ -381,13 +385,21 @@ bool Importer::importOn()
     return false;
 }
 
-void Importer::imported()
+QString Importer::importedSeasons() const
 {
+    constexpr std::size_t mostNamed = 12;
+    if (m_importing.size() > mostNamed)
+        return u"%1 saisons importées, de %2 à %3."_s.arg(m_importing.size())
+            .arg(qt(m_importing.front()), qt(m_importing.back()));
     QStringList years;
     for (const std::string &year : m_importing)
         years << qt(year);
-    QString says =
-        (years.size() > 1 ? u"Saisons importées : %1."_s : u"Saison importée : %1."_s).arg(years.join(u", "));
+    return (years.size() > 1 ? u"Saisons importées : %1."_s : u"Saison importée : %1."_s).arg(years.join(u", "));
+}
+
+void Importer::imported()
+{
+    QString says = importedSeasons();
     if (m_replacing)
         says += u" Ce qui a été remplacé est copié dans Sauvegardes."_s;
     m_import.reset();
