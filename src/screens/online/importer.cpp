@@ -83,9 +83,10 @@ private:
     void planSoon();
     void planNext();
     void showPreview();
+    std::vector<QString> differencesOf(int year) const; // the season here from that of the data
     std::vector<Line> linesOf(int year, const Planned &planned) const;
     void start();
-    bool mayReplace(int year, const Planned &planned);
+    bool mayReplace(int year);
     bool importOn();
     QString importedSeasons() const;
     void imported();
@@ -243,13 +244,19 @@ void Importer::planNext()
         m_chosen.erase(next);
         return showSeasons();
     }
-    const Season held(context.store, std::to_string(*next));
     Planned planned{*std::move(plan), existsFilled(context.store, *next), {}};
     if (planned.exists)
-        if (const auto comparison = publicdata::compareSeason(held, *data()))
-            for (const publicdata::Difference &each : comparison->differences)
-                planned.differences.push_back(qt(each.sentence()));
+        planned.differences = differencesOf(*next);
     m_planned.emplace(*next, std::move(planned));
+}
+
+std::vector<QString> Importer::differencesOf(int year) const
+{
+    std::vector<QString> sentences;
+    if (const auto comparison = publicdata::compareSeason(Season(context.store, std::to_string(year)), *data()))
+        for (const publicdata::Difference &each : comparison->differences)
+            sentences.push_back(qt(each.sentence()));
+    return sentences;
 }
 
 std::vector<Importer::Line> Importer::linesOf(int year, const Planned &planned) const
@@ -322,9 +329,10 @@ void Importer::busyChanged()
     m_none->setEnabled(free && !m_chosen.empty());
 }
 
-bool Importer::mayReplace(int year, const Planned &planned)
+// Compared anew: the user may have worked on it since the preview.
+bool Importer::mayReplace(int year)
 {
-    const std::size_t count = planned.differences.size();
+    const std::size_t count = differencesOf(year).size();
     return context.dialogs.question(
         "La saison " + std::to_string(year) + " existe déjà" +
         (count == 0 ? std::string(", avec les mêmes résultats")
@@ -343,12 +351,11 @@ void Importer::start()
     m_importing.clear();
     m_replacing = false;
     for (const int year : m_chosen) {
-        const Planned &planned = m_planned.at(year);
-        if (planned.exists && !mayReplace(year, planned))
+        if (existsFilled(context.store, year) && !mayReplace(year))
             continue;
         const bool there = publicdata::seasonExists(context.store, year);
         m_replacing |= there;
-        seasons.push_back({planned.plan, there});
+        seasons.push_back({m_planned.at(year).plan, there});
         m_importing.push_back(std::to_string(year));
     }
     if (seasons.empty())

@@ -104,6 +104,7 @@ private:
     void showRow(int row);
     QString summary() const;
     void pressed(const QString &column, int row);
+    void correctIfStill(const Difference &difference, int row);
     void correct(const Difference &difference);
 
     Field m_year;
@@ -260,10 +261,20 @@ void Verifier::pressed(const QString &column, int row)
         return;
     const Difference difference = m_comparison->differences[static_cast<std::size_t>(row)];
     if (column == u"corriger" && difference.correctable)
-        return correct(difference);
+        return correctIfStill(difference, row);
     const Season season(context.store, m_comparison->year);
     if (difference.gp)
         openGrandPrix(context, m_comparison->year, season.namegp(*difference.gp));
+}
+
+// The user may have worked on the season since it was compared.
+void Verifier::correctIfStill(const Difference &difference, int row)
+{
+    compare();
+    if (row < m_shown && m_comparison->differences[static_cast<std::size_t>(row)].sentence() == difference.sentence())
+        correct(difference);
+    else
+        say(u"La saison a changé entre-temps : voici ses différences d'à présent."_s);
 }
 
 // What was typed on the main screen and isn't stored can be taken up again; the screens of this race close.
