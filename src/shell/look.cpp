@@ -48,7 +48,7 @@ constexpr Shade grounds[]{
     {0xEDEFF2, 0x2C323A}, {0xC9CFD8, 0x4A525F}, {0xE3E6EB, 0x30363F}, {0xEEF1F5, 0x2B313A}, {0xAEB7C4, 0x667081},
     {0xE2E6EC, 0x363D48}, {0xF7F8FA, 0x1A1E23}, {0xFFF0F0, 0x3D2025}, {0xE4E7FF, 0x31375F}, {0xFBFEE2, 0x2A2C1E},
     {0xDDE1BD, 0x484B33}, {0xD9DDB8, 0x484B33}, {0xF3F6D3, 0x35382A}, // menus and lists
-    {0xC0C0FF, 0x3C4287}, {0xC0FFC0, 0x1F5A31}, {0xFFC0C0, 0x742F38}, {0xFFFFC0, 0x5C5620}, {0xC0FFFF, 0x1B5A61},
+    {0xC0C0FF, 0x3C4287}, {0xC0FFC0, 0x1F5C2A}, {0xFFC0C0, 0x742F34}, {0xFFFFC0, 0x5C5620}, {0xC0FFFF, 0x1B5A61},
     {0x0000C0, 0x4A5AE0}, // bars
 };
 
@@ -138,6 +138,17 @@ QPalette palette()
     return palette;
 }
 
+// The frames of ticks and options are drawn darker than what they take for the window's colour.
+void paint()
+{
+    QPalette framed = palette();
+    QApplication::setPalette(framed);
+    if (darkNow)
+        framed.setColor(QPalette::Window, written(ink));
+    for (const char *widgets : {"QRadioButton", "QCheckBox"})
+        QApplication::setPalette(framed, widgets);
+}
+
 // By what the desktop gives its programs, before this one takes its own colours.
 bool darkSystem(const QPalette &given)
 {
@@ -154,7 +165,7 @@ void turn(bool dark)
     if (dark == darkNow)
         return;
     darkNow = dark;
-    QApplication::setPalette(palette());
+    paint();
     for (QWidget *widget : QApplication::allWidgets())
         if (const QVariant given = widget->property(givenSheet); given.isValid())
             dress(*widget, given.toString());
@@ -186,7 +197,7 @@ QColor shown(const QColor &given)
     }
     if (const auto colour = paired(inks, given))
         return *colour;
-    return given.lightnessF() > .5F ? deepened(given) : lightened(given, 3);
+    return given.lightnessF() > .52F ? lightened(deepened(given), 1.8) : drawn(given);
 }
 
 QColor written(const QColor &given)
@@ -194,18 +205,17 @@ QColor written(const QColor &given)
     if (!darkNow || !given.isValid())
         return given;
     const auto colour = paired(inks, given);
-    return colour ? *colour : lightened(given, 4.5);
+    return colour ? *colour : lightened(given, 5.2); // 4.5 on all other grounds too
 }
 
 QColor drawn(const QColor &given)
 {
     if (!darkNow || !given.isValid())
         return given;
-    for (const QColor &part : {ground, line, level})
-        if (given == part)
-            return shown(given);
-    const auto colour = paired(inks, given);
-    return colour ? *colour : lightened(given, 3);
+    const float pale = given.lightnessF();
+    const bool rule = pale > .92F || (pale > .75F && given.hslSaturationF() < .3F); // of a grid, to stand back
+    const auto colour = rule ? paired(grounds, given) : paired(inks, given);
+    return colour ? *colour : rule ? *paired(grounds, level) : lightened(given, 3);
 }
 
 QColor over(const QColor &fore, const QColor &back)
@@ -306,7 +316,7 @@ void dress(QApplication &application)
     QApplication::setFont(font);
     systemIsDark = darkSystem(given);
     lightPalette = systemIsDark ? QPalette(QColor(0xEF, 0xEF, 0xEF)) : QPalette();
-    QApplication::setPalette(palette());
+    paint();
     showTextPlainly(application);
     makePressable();
 }

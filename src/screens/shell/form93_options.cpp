@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Form93, the options: the colour of the title bars, which the next screens opened take, light or dark appearance and the
-// size of the text, which are the user's on this machine, the way out of the automatic
-// change of the display's mode, and the folder that the program works in.
+// Form93, the options: the colour of the title bars, which the next screens opened take, light or dark appearance and
+// the size of the text, which are the user's on this machine, the way out of the automatic change of the display's
+// mode, and the folder that the program works in.
 #include "kinds/display_mode.h"
 #include "kinds/folder_choice.h"
 #include "results/options.h"
@@ -114,9 +114,8 @@ QHBoxLayout *Form93::wishes(std::span<const Wish> from, const std::string &key, 
 
 QWidget *Form93::appearance()
 {
-    return card(u"Apparence:"_s, wishes(appearances, "apparence", [this] {
-                    look::appear(context.platform.remembered("apparence"));
-                }));
+    return card(u"Apparence:"_s,
+                wishes(appearances, "apparence", [this] { look::appear(context.platform.remembered("apparence")); }));
 }
 
 QWidget *Form93::textSize()
