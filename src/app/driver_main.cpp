@@ -7,14 +7,18 @@
 
 #include <cstdio>
 #include <iostream>
+#include <optional>
 #include <string>
 
 int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    std::optional<circuidex::look::TextSize> size("100");
     QApplication application(argc, argv);
+    size.reset();
     application.setQuitOnLastWindowClosed(false);
     circuidex::look::dress(application);
+    circuidex::look::appear(circuidex::look::light);
     const std::filesystem::path folder = argc > 1 ? std::filesystem::path(argv[1]) : circuidex::programFolder();
     circuidex::Driver driver(folder, circuidex::userNumbers());
     std::string line;

@@ -34,6 +34,7 @@ int run(QApplication &application)
         return *status;
     circuidex::QtDialogs dialogs;
     circuidex::QtPlatform platform;
+    circuidex::look::appear(platform.remembered("apparence"));
     const std::filesystem::path folder = asked.folder();
     const std::filesystem::path gone = circuidex::missingChoice();
     if (!gone.empty() && folder == circuidex::programFolder())
@@ -77,7 +78,9 @@ int run(QApplication &application)
 int main(int argc, char **argv)
 {
     circuidex::chooseDisplay(argc, argv);
+    std::optional<circuidex::look::TextSize> size(circuidex::keptHere("texte"));
     QApplication application(argc, argv);
+    size.reset();
     const int status = run(application);
     std::fflush(nullptr);
     std::_Exit(status);

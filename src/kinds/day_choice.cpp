@@ -29,7 +29,7 @@ QCalendarWidget *calendarOf(int year, std::optional<results::Day> near)
                               ? QDate(year, near->month, std::min(near->day, QDate(year, near->month, 1).daysInMonth()))
                               : QDate(year, 3, 1));
     QTextCharFormat weekend = made->weekdayTextFormat(Qt::Sunday);
-    weekend.setForeground(look::ink);
+    weekend.setForeground(look::written(look::ink));
     weekend.setFontWeight(QFont::Bold); // races are run then
     made->setWeekdayTextFormat(Qt::Sunday, weekend);
     weekend.setFontWeight(QFont::Normal);

@@ -41,7 +41,7 @@ public:
         if (bracket >= 0) {
             QFont small(option.font);
             small.setPixelSize(small.pixelSize() - 1);
-            write(*painter, mark, Qt::AlignLeft, text.mid(bracket), small, look::quiet);
+            write(*painter, mark, Qt::AlignLeft, text.mid(bracket), small, look::written(look::quiet));
         }
     }
 

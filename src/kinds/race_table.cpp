@@ -65,7 +65,7 @@ QWidget *legend(const QString &caption, const std::vector<Meaning> &meanings)
     for (const Meaning &meaning : meanings) {
         auto *swatch = new QFrame;
         swatch->setFixedSize(18, 14);
-        swatch->setStyleSheet(look::legendSwatch(meaning.colour));
+        look::dress(*swatch, look::legendSwatch(meaning.colour));
         row->addSpacing(4);
         row->addWidget(swatch);
         row->addWidget(styled(meaning.words, "hint"));

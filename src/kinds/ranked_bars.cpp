@@ -32,11 +32,11 @@ public:
         area.setWidth(qRound(bar.width / twipsPerPixel));
         if (area.isEmpty())
             return;
-        painter->fillRect(area, look::bars);
+        painter->fillRect(area, look::shown(look::bars));
         const QString name = bar.caption.empty() ? QString() : index.siblingAtColumn(nameColumn).data().toString();
         const QRect inside = area.adjusted(5, 0, -4, 0);
         painter->save();
-        painter->setPen(Qt::white);
+        painter->setPen(look::over(look::onBar, look::bars));
         for (const QString &caption : {qt(bar.caption), name})
             if (draw(*painter, option.font, inside, caption))
                 break;
@@ -100,7 +100,7 @@ QWidget *RankedBars::buttons(const ModeGroup &group, Coloured coloured)
 {
     auto *ground = new QFrame;
     ground->setObjectName(u"modes"_s);
-    ground->setStyleSheet(look::modeGroup(coloured == Coloured::ground ? group.colour : look::card));
+    look::dress(*ground, look::modeGroup(coloured == Coloured::ground ? group.colour : look::card));
     auto *layout = new QVBoxLayout(ground);
     layout->setContentsMargins(7, 4, 7, 7);
     layout->setSpacing(3);

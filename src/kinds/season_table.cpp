@@ -148,7 +148,7 @@ QWidget *SeasonTable::head(int column, bool reference)
     }
     auto *strip = new QFrame;
     strip->setFixedHeight(stripHeight);
-    strip->setStyleSheet(look::swatch(colourOfSeason(column)));
+    look::dress(*strip, look::swatch(colourOfSeason(column)));
     auto *made = new QWidget;
     auto *layout = new QVBoxLayout(made);
     layout->setContentsMargins(2, 0, 2, 2);

@@ -96,7 +96,7 @@ QLayout *SubjectsChart::subject(int series)
     const QString tip = u"Choisir dans la liste"_s;
     auto *swatch = new QLabel;
     swatch->setFixedSize(14, 6);
-    swatch->setStyleSheet(look::swatch(colour(series)));
+    look::dress(*swatch, look::swatch(colour(series)));
     auto *row = new QHBoxLayout;
     row->setSpacing(4);
     row->addWidget(swatch);

@@ -147,6 +147,11 @@ bool QtPlatform::placesWindows() const
     return !QGuiApplication::platformName().startsWith(QLatin1String("wayland")); // whose compositor does
 }
 
+std::string keptHere(const std::string &what)
+{
+    return QSettings(stateFile(), QSettings::IniFormat).value(QString::fromStdString(what)).toString().toStdString();
+}
+
 std::string QtPlatform::remembered(const std::string &what) const
 {
     return m_kept.value(QString::fromStdString(what)).toString().toStdString();
@@ -172,9 +177,8 @@ void QtPlatform::printText(const std::string &text, Printing how)
     if (how == Printing::atOnce)
         circuidex::printText(QString::fromStdString(text));
     else
-        preview(QPageLayout::Portrait, [article = asDocument(QString::fromStdString(text))](QPrinter &printer) {
-            article->print(&printer);
-        });
+        preview(QPageLayout::Portrait,
+                [article = asDocument(QString::fromStdString(text))](QPrinter &printer) { article->print(&printer); });
 }
 
 void QtPlatform::wake()

@@ -57,6 +57,9 @@ private:
     media::FilmPlayer m_player{m_mpv};
 };
 
+// What QtPlatform remembers, for what must be known before there is an application.
+std::string keptHere(const std::string &what);
+
 // A screen in lines and letters, scaled to a page of this size in the device's pixels.
 void drawScreen(QWidget &screen, QPainter &painter, const QSizeF &page);
 

@@ -99,7 +99,7 @@ std::vector<QPolygonF> cutOff(const QPolygonF &path, const QRectF &frame)
 QPen pen(const ChartStroke &stroke)
 {
     // Smoothed edges make a line look thinner than it is.
-    return {stroke.colour, stroke.width + .5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
+    return {look::drawn(stroke.colour), stroke.width + .5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
 }
 
 // A steep line is painted several times faster piece by piece, its pen's round ends meeting; a file of lines keeps it
@@ -146,9 +146,9 @@ void paintNames(QPainter &painter, const std::vector<ChartStroke> &lines, const 
     for (std::size_t i = 0; i < named.size(); ++i) {
         const QPointF end(scaled(named[i]->points.back()).x() + 2, heights[i]);
         const QRectF box(end.x() + nameGap, places[i] - nameApart / 2, right - end.x() - nameGap, nameApart);
-        painter.setPen(QPen(named[i]->colour, 1));
+        painter.setPen(QPen(look::drawn(named[i]->colour), 1));
         painter.drawLine(end, QPointF(box.left() - 2, places[i]));
-        painter.setPen(look::ink);
+        painter.setPen(look::written(look::ink));
         const QString name = endName(named[i]->name, scaled(named[i]->points.back()).y(), paper);
         const QString shown = painter.fontMetrics().elidedText(name, Qt::ElideRight, int(box.width()));
         painter.drawText(box, int(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextDontClip, shown);
@@ -167,8 +167,8 @@ void paintLegend(QPainter &painter, const std::vector<ChartLegend> &legend, QPoi
 {
     const double each = legend.empty() ? 0 : (right - at.x()) / double(legend.size());
     for (const ChartLegend &entry : legend) {
-        painter.fillRect(QRectF(at.x(), at.y() + 3, 18, 4), entry.colour);
-        painter.setPen(look::ink);
+        painter.fillRect(QRectF(at.x(), at.y() + 3, 18, 4), look::drawn(entry.colour));
+        painter.setPen(look::written(look::ink));
         const QString shown = painter.fontMetrics().elidedText(entry.text, Qt::ElideRight, int(each - 36));
         painter.drawText(QRectF(at.x() + 24, at.y() - 5, each - 28, 20), Qt::AlignLeft | Qt::AlignVCenter, shown);
         at.rx() += each;
@@ -227,14 +227,14 @@ void ChartView::paint(QPainter &painter, const QRectF &target) const
     const QRectF paper = scaled(m_picture.paper).adjusted(-1, -1, 1, 1);
     painter.setRenderHint(QPainter::Antialiasing, false);
     for (const ChartStroke &rule : m_picture.grid) {
-        painter.setPen(QPen(rule.colour, rule.width));
+        painter.setPen(QPen(look::drawn(rule.colour), rule.width));
         for (const QPolygonF &part : cutOff(inWholePixels(path(rule, scaled)), paper))
             painter.drawPolyline(part);
     }
     painter.setRenderHint(QPainter::Antialiasing);
     for (const auto *blocks : {&m_picture.masks, &m_picture.bars})
         for (const ChartBlock &block : *blocks)
-            painter.fillRect(scaled(block.place) & paper, block.colour);
+            painter.fillRect(scaled(block.place) & paper, look::shown(block.colour));
     for (const bool onTop : {false, true})
         for (const ChartStroke &line : m_picture.lines) {
             if (line.onTop != onTop)
@@ -249,14 +249,14 @@ void ChartView::paint(QPainter &painter, const QRectF &target) const
     }
     painter.setRenderHint(QPainter::Antialiasing, false);
     for (const ChartStroke &axis : m_picture.axes) {
-        painter.setPen(QPen(axis.colour, axis.width));
+        painter.setPen(QPen(look::drawn(axis.colour), axis.width));
         painter.drawPolyline(inWholePixels(path(axis, scaled)));
     }
     painter.setFont(font());
     painter.setRenderHint(QPainter::Antialiasing);
     paintNames(painter, m_picture.lines, scaled, scaled(m_picture.paper), target.right());
     for (const ChartText &text : m_picture.texts) {
-        painter.setPen(text.colour.isValid() ? text.colour : look::quiet);
+        painter.setPen(look::written(text.colour.isValid() ? text.colour : look::quiet));
         painter.drawText(scaled(text.place), int(text.align) | Qt::TextDontClip, text.text);
     }
 }
@@ -272,9 +272,10 @@ QFont ChartView::fitting(const QString &titled, double room) const
 
 void ChartView::paintPage(QPainter &painter, const QSizeF &page) const
 {
-    painter.fillRect(QRectF(QPointF(), page), Qt::white);
+    const look::OnPaper paper;
+    painter.fillRect(QRectF(QPointF(), page), look::card);
     painter.setFont(fitting(m_picture.title, page.width() - 24));
-    painter.setPen(look::ink);
+    painter.setPen(look::written(look::ink));
     painter.drawText(QRectF(12, 6, page.width() - 24, 22), Qt::AlignLeft | Qt::AlignVCenter, m_picture.title);
     painter.setFont(pixelFont(font(), 12));
     paintLegend(painter, m_picture.legend, {12, 38}, page.width() - 12);
@@ -287,8 +288,8 @@ void ChartView::paintPointed(QPainter &painter) const
     const ChartStroke &line = m_picture.lines[std::size_t(m_pointed->line)];
     const QPointF at = Scaling(m_picture.region, rect())(line.points[std::size_t(m_pointed->point)]);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(Qt::white, 1.5));
-    painter.setBrush(line.colour);
+    painter.setPen(QPen(look::shown(look::card), 1.5));
+    painter.setBrush(look::drawn(line.colour));
     painter.drawEllipse(at, 5, 5);
     paintBubble(painter, at, m_pointedText);
 }
@@ -298,7 +299,7 @@ void ChartView::paintReached(QPainter &painter) const
     const ChartTarget &target = m_picture.targets[std::size_t(*m_reached)];
     const QRectF place = Scaling(m_picture.region, rect())(target.place);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(look::ink, 2));
+    painter.setPen(QPen(look::written(look::ink), 2));
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(place.adjusted(-1, -1, 1, 1), 3, 3);
     paintBubble(painter, {place.center().x(), place.center().y()}, target.says);
@@ -312,10 +313,10 @@ void ChartView::paintBubble(QPainter &painter, const QPointF &at, const QString 
     const double left = at.x() + 10 + size.width() < width() ? at.x() + 10 : at.x() - 10 - size.width();
     const QRectF box(
         QPointF(std::max(left, 1.0), std::clamp(at.y() - 14 - size.height(), 1.0, height() - size.height() - 1)), size);
-    painter.setPen(QPen(look::line, 1));
-    painter.setBrush(look::bubble);
+    painter.setPen(QPen(look::shown(look::line), 1));
+    painter.setBrush(look::shown(look::bubble));
     painter.drawRoundedRect(box, 4, 4);
-    painter.setPen(look::ink);
+    painter.setPen(look::written(look::ink));
     painter.drawText(box, Qt::AlignCenter, text);
 }
 

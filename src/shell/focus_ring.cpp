@@ -62,7 +62,7 @@ void FocusRing::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(look::ink, 2));
+    painter.setPen(QPen(look::written(look::ink), 2));
     painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 5, 5);
 }
 

@@ -8,10 +8,14 @@
 #include <QApplication>
 #include <QFont>
 #include <QPalette>
+#include <QRegularExpression>
+#include <QStyle>
 #include <QStyleFactory>
+#include <QWidget>
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace circuidex::look {
 
@@ -19,7 +23,9 @@ namespace {
 
 double luminance(const QColor &colour)
 {
-    const auto linear = [](double part) { return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4); };
+    const auto linear = [](double part) {
+        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
     return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
 }
 
@@ -29,6 +35,237 @@ QColor between(const QColor &from, const QColor &to, double way)
     return {part(from.red(), to.red()), part(from.green(), to.green()), part(from.blue(), to.blue())};
 }
 
+bool darkNow = false, systemIsDark = false;
+QPalette lightPalette; // that this program's colours are laid over
+
+struct Shade {
+    QRgb given, dark;
+};
+
+// What is laid down: grounds, frames and the colours that say something in tables.
+constexpr Shade grounds[]{
+    {0xF4F5F7, 0x15181D}, {0xFFFFFF, 0x1E2228}, {0xD9DDE3, 0x3A414C}, {0xFAFBFC, 0x22272E}, {0xEEF0F3, 0x2C323A},
+    {0xEDEFF2, 0x2C323A}, {0xC9CFD8, 0x4A525F}, {0xE3E6EB, 0x30363F}, {0xEEF1F5, 0x2B313A}, {0xAEB7C4, 0x667081},
+    {0xE2E6EC, 0x363D48}, {0xF7F8FA, 0x1A1E23}, {0xFFF0F0, 0x3D2025}, {0xE4E7FF, 0x31375F}, {0xFBFEE2, 0x2A2C1E},
+    {0xDDE1BD, 0x484B33}, {0xD9DDB8, 0x484B33}, {0xF3F6D3, 0x35382A}, // menus and lists
+    {0xC0C0FF, 0x3C4287}, {0xC0FFC0, 0x1F5C2A}, {0xFFC0C0, 0x742F34}, {0xFFFFC0, 0x5C5620}, {0xC0FFFF, 0x1B5A61},
+    {0x0000C0, 0x4A5AE0}, // bars
+};
+
+// What is written on them in no colour.
+constexpr Shade inks[]{
+    {0x000000, 0xEDF0F4}, {0x1F2733, 0xE3E7ED}, {0x3D4755, 0xC3CAD4}, {0x666F7D, 0x9DA6B4},
+    {0xA0A7B2, 0x727B89}, {0x8A92A0, 0x7D8694}, {0xBCC0C7, 0x5D6572}, {0xA3A78C, 0x7B7F66},
+};
+
+template <std::size_t n>
+std::optional<QColor> paired(const Shade (&shades)[n], const QColor &given)
+{
+    for (const Shade &shade : shades)
+        if ((given.rgb() & RGB_MASK) == shade.given)
+            return QColor::fromRgb(shade.dark);
+    return std::nullopt;
+}
+
+// A colour made lighter just as far as it needs to be told from a dark card.
+QColor lightened(const QColor &given, double wanted)
+{
+    const QColor behind = *paired(grounds, card);
+    float hue, saturation, lightness, alpha;
+    given.getHslF(&hue, &saturation, &lightness, &alpha);
+    QColor colour = given;
+    while (contrast(colour, behind) < wanted && lightness < 1) {
+        lightness = std::min(lightness + .02F, 1.F);
+        colour = QColor::fromHslF(std::max(hue, 0.F), saturation, lightness, alpha);
+    }
+    return colour;
+}
+
+// A light colour turned dark: the paler it was, the nearer it comes to the ground.
+QColor deepened(const QColor &given)
+{
+    float hue, saturation, lightness, alpha;
+    given.getHslF(&hue, &saturation, &lightness, &alpha);
+    const float paleness = lightness - .5F;
+    return QColor::fromHslF(std::max(hue, 0.F), saturation * (1 - paleness), .5F - paleness * .7F, alpha);
+}
+
+// In the sheet of one widget the text is to be read on the widget's ground.
+QString inAppearance(const QString &sheet)
+{
+    if (!darkNow)
+        return sheet;
+    static const QRegularExpression colours(
+        u"(?<![-a-z])(?:((?:selection-)?color:)|((?:selection-)?background(?:-color)?:))?(#[0-9A-Fa-f]{6})\\b"_s);
+    const bool ofOne = sheet.count(u'{') <= 1;
+    QColor behind, text;
+    QString made;
+    qsizetype done = 0;
+    for (auto found = colours.globalMatch(sheet); found.hasNext();) {
+        const auto match = found.next();
+        const QColor given(match.captured(3));
+        const bool writes = match.hasCaptured(1), lays = match.hasCaptured(2);
+        if (writes)
+            text = given;
+        else if (lays)
+            behind = given;
+        made += sheet.mid(done, match.capturedStart() - done) + match.captured(1) + match.captured(2);
+        made += (!writes ? shown(given) : ofOne && behind.isValid() ? over(given, behind) : written(given)).name();
+        done = match.capturedEnd();
+    }
+    made += sheet.mid(done);
+    if (ofOne && behind.isValid() && !text.isValid() && readable(behind) != written(ink))
+        made.insert(made.endsWith(u'}') ? made.size() - 1 : made.size(), u";color:%1;"_s.arg(readable(behind).name()));
+    return made;
+}
+
+constexpr char givenSheet[] = "givenSheet"; // the property of a widget that keeps it
+
+QPalette palette()
+{
+    QPalette palette = darkNow ? QPalette(shown(ground), shown(ground)) : lightPalette;
+    palette.setColor(QPalette::Window, shown(ground));
+    palette.setColor(QPalette::Base, shown(card));
+    palette.setColor(QPalette::AlternateBase, shown(stripe));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(role, written(ink));
+    if (darkNow)
+        for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+            palette.setColor(QPalette::Disabled, role, written(faint));
+    palette.setColor(QPalette::Highlight, shown(chosen));
+    palette.setColor(QPalette::HighlightedText, written(ink));
+    palette.setColor(QPalette::PlaceholderText, written(quiet));
+    return palette;
+}
+
+// The frames of ticks and options are drawn darker than what they take for the window's colour.
+void paint()
+{
+    QPalette framed = palette();
+    QApplication::setPalette(framed);
+    if (darkNow)
+        framed.setColor(QPalette::Window, written(ink));
+    for (const char *widgets : {"QRadioButton", "QCheckBox"})
+        QApplication::setPalette(framed, widgets);
+}
+
+// By what the desktop gives its programs, before this one takes its own colours.
+bool darkSystem(const QPalette &given)
+{
+    const auto isDarkOne = [](const QPalette &p) {
+        return luminance(p.color(QPalette::Window)) < luminance(p.color(QPalette::WindowText));
+    };
+    const QByteArray gtk = qgetenv("GTK_THEME").toLower();
+    return isDarkOne(given) || isDarkOne(QApplication::style()->standardPalette()) || gtk.endsWith(":dark") ||
+        gtk.endsWith("-dark");
+}
+
+void turn(bool dark)
+{
+    if (dark == darkNow)
+        return;
+    darkNow = dark;
+    paint();
+    for (QWidget *widget : QApplication::allWidgets())
+        if (const QVariant given = widget->property(givenSheet); given.isValid())
+            dress(*widget, given.toString());
+    for (QWidget *widget : QApplication::allWidgets())
+        widget->update();
+}
+
+}
+
+void appear(const std::string &wish)
+{
+    const QByteArray asked = qgetenv("CIRCUIDEX_APPARENCE");
+    const std::string &goes = asked == dark || asked == light ? asked.toStdString() : wish;
+    turn(goes == dark || (goes != light && systemIsDark));
+}
+
+bool isDark()
+{
+    return darkNow;
+}
+
+QColor shown(const QColor &given)
+{
+    if (!darkNow || !given.isValid())
+        return given;
+    if (auto colour = paired(grounds, given)) {
+        colour->setAlpha(given.alpha());
+        return *colour;
+    }
+    if (const auto colour = paired(inks, given))
+        return *colour;
+    return given.lightnessF() > .52F ? lightened(deepened(given), 1.8) : drawn(given);
+}
+
+QColor written(const QColor &given)
+{
+    if (!darkNow || !given.isValid())
+        return given;
+    const auto colour = paired(inks, given);
+    return colour ? *colour : lightened(given, 5.2); // 4.5 on all other grounds too
+}
+
+QColor drawn(const QColor &given)
+{
+    if (!darkNow || !given.isValid())
+        return given;
+    const float pale = given.lightnessF();
+    const bool rule = pale > .92F || (pale > .75F && given.hslSaturationF() < .3F); // of a grid, to stand back
+    const auto colour = rule ? paired(grounds, given) : paired(inks, given);
+    return colour ? *colour : rule ? *paired(grounds, level) : lightened(given, 3);
+}
+
+QColor over(const QColor &fore, const QColor &back)
+{
+    if (!darkNow)
+        return fore;
+    const QColor behind = shown(back);
+    QColor best = written(fore);
+    if (contrast(best, behind) < 4.5)
+        best = contrast(Qt::white, behind) > contrast(Qt::black, behind) ? Qt::white : Qt::black;
+    return best;
+}
+
+void dress(QWidget &widget, const QString &sheet)
+{
+    widget.setProperty(givenSheet, sheet);
+    widget.setStyleSheet(inAppearance(sheet));
+}
+
+OnPaper::OnPaper(bool whole) : m_wasDark(darkNow), m_whole(whole)
+{
+    if (whole)
+        turn(false);
+    darkNow = false;
+}
+
+OnPaper::~OnPaper()
+{
+    if (m_whole)
+        turn(m_wasDark);
+    darkNow = m_wasDark;
+}
+
+TextSize::TextSize(const std::string &wish) : m_before(qgetenv("QT_SCALE_FACTOR"))
+{
+    const QByteArray asked = qgetenv("CIRCUIDEX_TEXTE");
+    const int percent = (asked.isEmpty() ? QByteArray::fromStdString(wish) : asked).toInt();
+    if (percent == 100 || std::find(textSizes.begin(), textSizes.end(), percent) == textSizes.end())
+        return;
+    bool number = false;
+    const double before = m_before.toDouble(&number);
+    qputenv("QT_SCALE_FACTOR", QByteArray::number((number && before > 0 ? before : 1) * percent / 100));
+}
+
+TextSize::~TextSize()
+{
+    if (m_before.isEmpty())
+        qunsetenv("QT_SCALE_FACTOR");
+    else
+        qputenv("QT_SCALE_FACTOR", m_before);
 }
 
 std::vector<QColor> finishShades()
@@ -71,21 +308,15 @@ QGradientStops bar(const Skin &skin)
 
 void dress(QApplication &application)
 {
+    const QPalette given = QApplication::palette();
     QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
     QFont font;
     font.setFamilies({u"Liberation Sans"_s, u"Arimo"_s, u"DejaVu Sans"_s}); // the first that the machine has
     font.setPixelSize(13); // 10 points on the display the screens are made for
     QApplication::setFont(font);
-    QPalette palette;
-    palette.setColor(QPalette::Window, ground);
-    palette.setColor(QPalette::Base, card);
-    palette.setColor(QPalette::AlternateBase, stripe);
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(role, ink);
-    palette.setColor(QPalette::Highlight, chosen);
-    palette.setColor(QPalette::HighlightedText, ink);
-    palette.setColor(QPalette::PlaceholderText, quiet);
-    application.setPalette(palette);
+    systemIsDark = darkSystem(given);
+    lightPalette = systemIsDark ? QPalette(QColor(0xEF, 0xEF, 0xEF)) : QPalette();
+    paint();
     showTextPlainly(application);
     makePressable();
 }

@@ -1,17 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The one identity of the program: colours, font and the style sheet of all screens. A screen gets its looks from here
-// and chooses none of its own.
+// and chooses none of its own. The colours below are the given ones, which controls answer and copies carry in either
+// appearance; what is painted passes through shown, line or over.
 #include "shell/skin.h"
 
+#include <QByteArray>
 #include <QColor>
 #include <QMargins>
 #include <QGradient>
 #include <QString>
 
+#include <array>
+#include <string>
 #include <vector>
 
 class QApplication;
+class QWidget;
 
 namespace circuidex::look {
 
@@ -56,6 +61,50 @@ inline constexpr int rowHeight = 22; // pixels
 inline constexpr int gap = 8;        // pixels, the grid that everything stands on
 inline constexpr QMargins margins{10, 8, 10, 10}; // of every screen, within its border
 
+// The user's wish: light, dark, or empty for the system's choice. The environment's CIRCUIDEX_APPARENCE goes first.
+inline constexpr char light[] = "claire", dark[] = "sombre";
+// Paints the whole program anew in the appearance wished for.
+void appear(const std::string &wish);
+bool isDark();
+
+// A given colour as it is laid down in the present appearance, as text or a sign on a card, as a line of a chart.
+QColor shown(const QColor &given);
+QColor written(const QColor &given);
+QColor drawn(const QColor &given);
+// Text of a given colour on a given colour: as given where it can be read, else what is read best.
+QColor over(const QColor &fore, const QColor &back);
+inline QColor readable(const QColor &back) { return over(ink, back); }
+
+// A widget's own sheet, written in given colours.
+void dress(QWidget &widget, const QString &sheet);
+
+// While it lives, charts are painted as on paper; screens too when whole is true.
+class OnPaper {
+public:
+    explicit OnPaper(bool whole = false);
+    ~OnPaper();
+    OnPaper(const OnPaper &) = delete;
+    OnPaper &operator=(const OnPaper &) = delete;
+
+private:
+    bool m_wasDark, m_whole;
+};
+
+// The sizes of text that the user can choose, in percent; everything grows with it.
+inline constexpr std::array textSizes{100, 110, 125, 150};
+// Around the making of the application. The environment's CIRCUIDEX_TEXTE goes before the size wished for; another text
+// than one of the sizes means 100.
+class TextSize {
+public:
+    explicit TextSize(const std::string &wish);
+    ~TextSize(); // programs that this one starts have their own size
+    TextSize(const TextSize &) = delete;
+    TextSize &operator=(const TextSize &) = delete;
+
+private:
+    QByteArray m_before;
+};
+
 inline QColor colour(const Colour &c) { return {c.red, c.green, c.blue}; }
 
 // Of the bars of places held, best first: from green to red, at the finish in steps, on the grid from the first place to
@@ -73,10 +122,10 @@ QGradientStops bar(const Skin &skin);
 // Font, palette and plain text, once for the program.
 void dress(QApplication &application);
 
-// The style sheet of a screen in the given skin.
+// The style sheet of a screen in the given skin, for dress.
 QString styleSheet(const Skin &skin);
 
-// The sheets of the few widgets that differ from the common one.
+// The sheets, in given colours, of the few widgets that differ from the common one.
 QString swatch(const QColor &colour);      // a small bar that says which line is whose
 QString legendSwatch(const QColor &colour); // with the line of a card around it
 QString modeGroup(const QColor &behind);   // the ground of a group of buttons; the widget is named "modes"

@@ -130,7 +130,7 @@ Screen::Screen(Context &theContext, const QString &name, const QString &title, C
         setWindowFlag(Qt::WindowStaysOnTopHint);
     setObjectName(name);
     setWindowTitle(title);
-    setStyleSheet(look::styleSheet(m_skin));
+    look::dress(*this, look::styleSheet(m_skin));
     auto *layout = new QVBoxLayout(this);
     layout->setSpacing(0);
     layout->setContentsMargins(1, 0, 1, 1);
@@ -453,7 +453,7 @@ void Screen::setWaiting(bool on)
 void Screen::dress()
 {
     m_skin = context.skin;
-    setStyleSheet(look::styleSheet(m_skin));
+    look::dress(*this, look::styleSheet(m_skin));
     if (m_bar)
         m_bar->setSkin(m_skin);
     update();
@@ -462,6 +462,7 @@ void Screen::dress()
 // A page that scrolls is printed whole, without the bar over it.
 void Screen::print(Printing how)
 {
+    const look::OnPaper paper(true);
     const QSize seen = m_page->viewport()->size();
     const bool scrolls = m_body->height() > seen.height() || m_body->width() > seen.width();
     context.platform.print(scrolls ? *m_body : static_cast<QWidget &>(*this), m_name.toStdString(), how);

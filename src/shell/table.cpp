@@ -31,6 +31,14 @@ public:
     }
 };
 
+// None where the table's own is to be read on the cell.
+QVariant foreOf(const Cell &cell)
+{
+    const QColor back = cell.back().value_or(look::card);
+    const QColor fore = look::over(cell.fore().value_or(look::ink), back);
+    return cell.fore() || fore != look::written(look::ink) ? QVariant(fore) : QVariant();
+}
+
 QFont boldened(QFont font)
 {
     font.setBold(true);
@@ -121,9 +129,9 @@ QVariant CellModel::data(const QModelIndex &index, int role) const
     case Qt::ToolTipRole:
         return at.tip();
     case Qt::BackgroundRole:
-        return at.back() ? QVariant(*at.back()) : QVariant();
+        return at.back() ? QVariant(look::shown(*at.back())) : QVariant();
     case Qt::ForegroundRole:
-        return at.fore() ? QVariant(*at.fore()) : QVariant();
+        return foreOf(at);
     case Qt::TextAlignmentRole:
         return QVariant(column.align | Qt::AlignVCenter);
     case Qt::FontRole:

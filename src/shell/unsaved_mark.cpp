@@ -54,7 +54,7 @@ void UnsavedMark::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(look::card, 1.5));
+    painter.setPen(QPen(look::shown(look::card), 1.5));
     painter.setBrush(look::unsaved);
     painter.drawEllipse(QRectF(rect()).adjusted(1, 1, -1, -1));
 }

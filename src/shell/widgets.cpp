@@ -109,8 +109,8 @@ QPainterPath outlinePath(Outline outline)
 void drawBlank(QPainter &painter, const QRectF &frame, Outline outline)
 {
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(look::line, 1));
-    painter.setBrush(look::ground);
+    painter.setPen(QPen(look::shown(look::line), 1));
+    painter.setBrush(look::shown(look::ground));
     painter.drawRoundedRect(frame.adjusted(.5, .5, -.5, -.5), 4, 4);
     // A car fills a third of its square's height only.
     const double high = (frame.height() - 12) * (outline == Outline::car ? 2 : 1);
@@ -118,7 +118,8 @@ void drawBlank(QPainter &painter, const QRectF &frame, Outline outline)
     painter.translate(frame.center() - QPointF(side / 2, side / 2));
     painter.scale(side / 100, side / 100);
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(look::line, 260 / std::max(side, 60.0), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setPen(
+        QPen(look::shown(look::line), 260 / std::max(side, 60.0), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.drawPath(outlinePath(outline));
 }
 
@@ -457,7 +458,7 @@ void WidgetControl::coloursChanged()
         style += u"color:%1;"_s.arg(fore()->name());
     // Bound to the widget's own class, so that its tooltip keeps the common colours.
     const QString widgetClass = QString::fromLatin1(m_widget->metaObject()->className());
-    m_widget->setStyleSheet(style.isEmpty() ? style : widgetClass + u'{' + style + u'}');
+    look::dress(*m_widget, style.isEmpty() ? style : widgetClass + u'{' + style + u'}');
 }
 
 void WidgetControl::sightChanged()

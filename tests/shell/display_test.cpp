@@ -92,9 +92,9 @@ TEST_F(DisplayTest, TheMainScreenScrollsOnlyWhereItMust)
         bool scrolls;
     };
     const QFont usual = QApplication::font();
-    for (const auto &[name, room, scrolls] : {Case{"Liberation Sans", {0, 0, 1024, 738}, false},
-                                              Case{"DejaVu Sans", {0, 0, 1024, 738}, false},
-                                              Case{"Liberation Sans", {0, 0, 911, 485}, true}}) {
+    for (const auto &[name, room, scrolls] :
+         {Case{"Liberation Sans", {0, 0, 1024, 738}, false}, Case{"DejaVu Sans", {0, 0, 1024, 738}, false},
+          Case{"Liberation Sans", {0, 0, 911, 485}, true}}) {
         QFont font = usual;
         font.setFamily(QString::fromLatin1(name));
         QApplication::setFont(font);
@@ -154,6 +154,43 @@ TEST(Look, TextCanBeReadOnEverySkin)
     EXPECT_EQ(look::filled(skins[0]), look::colour(skins[0].main)) << "dark enough as it is";
     for (const QColor &ground : {look::ground, look::card, look::menu})
         EXPECT_GE(look::contrast(look::quiet, ground), 4.5);
+}
+
+// Every colour that says something keeps its hue, stays apart from the others and lets its text be read.
+TEST(Look, GivenColoursKeepTheirMeaningInTheDark)
+{
+    const QString chosenSheet = u"Label{background-color:#C0C0FF;}"_s;
+    QWidget dressed;
+    look::dress(dressed, chosenSheet);
+    look::appear(look::dark);
+    std::vector<QColor> given{look::chosen, look::gain, look::loss, look::second, look::fourth, look::atHand};
+    for (std::size_t i = 0; i < given.size(); ++i)
+        for (std::size_t j = 0; j < i; ++j)
+            EXPECT_GT(look::contrast(look::shown(given[i]), look::shown(given[j])) +
+                          std::abs(given[i].hslHue() - given[j].hslHue()),
+                      1.2);
+    for (const auto &more : {look::finishShades(), look::gridShades(), std::vector<QColor>{look::bars, look::menu}})
+        given.insert(given.end(), more.begin(), more.end());
+    for (const auto &more : {look::seasonBars, look::pairBars})
+        given.insert(given.end(), more, more + 4);
+    for (const QColor &back : given) {
+        const int turned = std::abs(look::shown(back).hslHue() - back.hslHue());
+        EXPECT_LE(std::min(turned, 360 - turned), 12) << back.name().toStdString();
+        for (const QColor &fore : {look::ink, look::onBar, look::pointed, look::quiet})
+            EXPECT_GE(look::contrast(look::over(fore, back), look::shown(back)), 4.5) << back.name().toStdString();
+    }
+    for (const QColor &back : {look::ground, look::card, look::stripe, look::menu})
+        for (const QColor &fore : {look::ink, look::quiet, look::unpointed, look::pointed})
+            EXPECT_GE(look::contrast(look::written(fore), look::shown(back)), 4.5) << back.name().toStdString();
+    EXPECT_TRUE(dressed.styleSheet().contains(look::shown(look::chosen).name())) << "what was open before";
+    {
+        const look::OnPaper paper(true);
+        EXPECT_EQ(dressed.styleSheet(), chosenSheet);
+    }
+    EXPECT_NE(dressed.styleSheet(), chosenSheet);
+    look::appear(look::light);
+    EXPECT_EQ(dressed.styleSheet(), chosenSheet);
+    EXPECT_EQ(look::shown(look::gain), look::gain);
 }
 
 }

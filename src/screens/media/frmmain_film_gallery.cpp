@@ -45,11 +45,11 @@ protected:
         const QFontMetrics metrics = fontMetrics();
         QRect room = contentsRect();
         QPainter painter(this);
-        painter.setPen(taken ? look::ink : look::quiet);
+        painter.setPen(look::written(taken ? look::ink : look::quiet));
         const QString first = metrics.elidedText(file, Qt::ElideMiddle, room.width());
         painter.drawText(room, Qt::AlignVCenter, first);
         room.setLeft(room.left() + metrics.horizontalAdvance(first) + 2 * look::gap);
-        painter.setPen(look::quiet);
+        painter.setPen(look::written(look::quiet));
         if (taken && room.width() > 60)
             painter.drawText(room, Qt::AlignVCenter,
                              metrics.elidedText(path.section(u'/', 0, -2), Qt::ElideMiddle, room.width()));
