@@ -31,8 +31,6 @@ constexpr Option options[] = {
     {u"version,v", u"", u"Affiche la version de Circuidex.", false},
     {u"dossier", u"DOSSIER", u"Travaille sur les fichiers de ce dossier.", true},
     {u"liste", u"", u"Donne le nom et le titre de tous les écrans.", false},
-    {u"importer", u"ZIP", u"Importe de cette archive de F1DB les saisons nommées derrière : « --importer ZIP 2003 2004 ».", false},
-    {u"remplacer", u"", u"Avec « --importer » : remplace aussi les saisons qui existent, après une copie.", false},
     {u"exporter", u"ÉCRAN",
      u"Écrit ce que montre cet écran, nommé comme dans la liste, par exemple Form6. Avec « tout » : "
      u"tous ceux qui ont un tableau ou une courbe, chacun dans son fichier.",
@@ -43,6 +41,8 @@ constexpr Option options[] = {
      u"fichier, ou csv.",
      false},
     {u"vers", u"FICHIER", u"Le fichier à écrire, avec « tout » le dossier ; sinon la sortie standard.", false},
+    {u"importer", u"ZIP", u"Importe de cette archive de F1DB les saisons nommées derrière : « --importer ZIP 2003 2004 ».", false},
+    {u"remplacer", u"", u"Avec « --importer » : remplace aussi les saisons qui existent, après une copie.", false},
 };
 
 QStringList namesOf(const Option &option)
@@ -143,16 +143,6 @@ std::optional<int> CommandLine::run() const
     return std::nullopt;
 }
 
-int CommandLine::imported() const
-{
-    ImportOrder order{value(u"importer").toStdString(), {}, has(u"remplacer")};
-    for (const QString &year : m_parser.positionalArguments())
-        order.years.push_back(year.toStdString());
-    const auto line = [](const std::string &text) { say(QByteArray::fromStdString(text) + '\n'); };
-    const std::string failure = importSeasons(folder(), userNumbers(), order, line);
-    return failure.empty() ? exits::done : tell(QString::fromStdString(failure), exits::failed);
-}
-
 // "--format", otherwise what the file's name ends in, otherwise CSV; absent for another one.
 std::optional<Format> CommandLine::format() const
 {
@@ -209,6 +199,16 @@ int CommandLine::everything(Export &source, Format form) const
             return tell(u"« %1 » n'a pas pu être écrit."_s.arg(path), exits::failed);
     }
     return exits::done;
+}
+
+int CommandLine::imported() const
+{
+    ImportOrder order{value(u"importer").toStdString(), {}, has(u"remplacer")};
+    for (const QString &year : m_parser.positionalArguments())
+        order.years.push_back(year.toStdString());
+    const auto line = [](const std::string &text) { say(QByteArray::fromStdString(text) + '\n'); };
+    const std::string failure = importSeasons(folder(), userNumbers(), order, line);
+    return failure.empty() ? exits::done : tell(QString::fromStdString(failure), exits::failed);
 }
 
 QString CommandLine::missingFolder() const

@@ -37,11 +37,11 @@ private:
     QString fault() const; // of the words themselves; empty without one
     QString missingFolder() const; // the same of the folder
     bool wantsWindow() const;
-    int imported() const;
     std::optional<Format> format() const;
     int exported() const;
     int one(Export &source, Format format) const;
     int everything(Export &source, Format format) const;
+    int imported() const;
     QString value(const char16_t *option) const { return m_parser.value(QString::fromUtf16(option)); }
     bool has(const char16_t *option) const { return m_parser.isSet(QString::fromUtf16(option)); }
 
