@@ -70,7 +70,9 @@
     screen(frmmain)               \
     screen(raccourcis)            \
     screen(historique)            \
+    screen(importer)              \
     screen(intro)                 \
+    screen(verifier)              \
     screen(menuScreens)
 
 namespace circuidex {

@@ -16,17 +16,23 @@ bool isStored(const MainRecord &main)
     return std::filesystem::exists(main.store.folder() / ("f1" + main.season().stem() + ".ini"), error);
 }
 
-void showAnew(MainRecord &main, bool inCalendar, bool wasStored)
+}
+
+OnShow onShow(const MainRecord &main)
 {
-    if (wasStored && !isStored(main))
+    return {main.gp.text() == main.season().read(keys::gp, keys::namegp(main.Label40.text())), isStored(main)};
+}
+
+void showAnew(MainRecord &main, OnShow before)
+{
+    leaveRace(main);
+    if (before.stored && !isStored(main))
         previousSeason(main);
     else
-        inCalendar ? showSeason(main) : showGrandPrix(main);
+        before.inCalendar ? showSeason(main) : showGrandPrix(main);
     main.setScale(loadScale(main.season()));
     main.Label11.set("");
     main.overwritten.clear();
-}
-
 }
 
 std::string hindrance(MainRecord &main, Turn turn)
@@ -41,14 +47,13 @@ bool turnHistory(MainRecord &main, Turn turn)
     std::string refusal = hindrance(main, turn);
     const bool back = turn == Turn::undo;
     const std::string name = back ? main.store.history().undoable() : main.store.history().redoable();
-    const bool inCalendar = main.gp.text() == main.season().read(keys::gp, keys::namegp(main.Label40.text()));
-    const bool wasStored = isStored(main);
+    const OnShow before = onShow(main);
     if (refusal.empty()) {
         leaveRace(main); // as the file holds it until now
         refusal = back ? main.store.undo() : main.store.redo();
     }
     if (refusal.empty())
-        showAnew(main, inCalendar, wasStored);
+        showAnew(main, before);
     main.said.set(!refusal.empty() ? refusal : (back ? "Annulé : " : "Rétabli : ") + name);
     return refusal.empty();
 }

@@ -92,6 +92,8 @@ TEST_F(CommandLineTest, ExportsAllTablesAsTheScreensShowThem)
             QFile file(out + u'/' + row.name + u".json"_s);
             if (!file.open(QIODevice::ReadOnly))
                 continue;
+            if (row.name == u"Raccourcis") // tells of the screens that are open
+                continue;
             SCOPED_TRACE(row.name.toStdString() + ' ' + year);
             answer(driver, "open " + row.name.toStdString());
             answer(driver, "settle");

@@ -40,7 +40,7 @@ TEST_F(DamagedSeason, IsRestoredWhenTheUserSaysYes)
     say("start");
     EXPECT_EQ(say("messages"), question);
     EXPECT_EQ(say("get Form1.Text1"), "9") << "the main screen starts on the restored season";
-    EXPECT_EQ(content(file()), good);
+    EXPECT_EQ(content(file()).substr(0, good.size()), good) << "and what each start adds";
     EXPECT_EQ(std::distance(fs::directory_iterator(folder / "Sauvegardes"), {}), 2);
     EXPECT_EQ(say("read f12005.ini [gp] namegp0"), "Australie");
     EXPECT_EQ(say("get Form1.nonconservees"),

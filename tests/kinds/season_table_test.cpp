@@ -15,7 +15,8 @@ protected:
     {
         std::string all;
         for (const std::string &name : folder.names())
-            all += name + content(folder / name);
+            if (std::filesystem::is_regular_file(folder / name))
+                all += name + content(folder / name);
         return all;
     }
 };

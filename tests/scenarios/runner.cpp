@@ -23,7 +23,7 @@
 //     < ANSWER                        the answer that the command before must have given
 //     ~ PATTERN                       a regular expression that the answer before must match as a whole
 //
-// In all lines @server stands for the server's address and @folder for the program folder.
+// In all lines @server stands for the server's address, @folder for the program folder and @data for tests/data.
 //
 // An unexpected warning of Qt fails the scenario too.
 #include "app/driver.h"
@@ -33,6 +33,7 @@
 #include <QApplication>
 #include <QDirIterator>
 #include <QFile>
+#include <QFileInfo>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
@@ -71,6 +72,7 @@ public:
         while (!file.atEnd()) {
             m_where = QStringLiteral("%1:%2").arg(m_file).arg(++number);
             QString line = QString::fromUtf8(file.readLine()).replace(u"@folder"_qs, m_folder.path());
+            line.replace(u"@data"_qs, QFileInfo(m_file).absolutePath() + u"/../data"_qs);
             if (m_server)
                 line.replace(u"@server"_qs, m_server->address({}));
             if (line.endsWith(u'\n'))

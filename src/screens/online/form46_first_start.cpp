@@ -129,6 +129,8 @@ QWidget *Form46::withoutDownload()
     auto *season = new QWidget;
     season->setLayout(newSeason());
     offer(season, m_seasonSays);
+    offer(button(u"Command7"_s, u"Importer des saisons…"_s, [this] { context.screens.open(u"Importer"_s); }),
+          hint(u"De vraies saisons depuis 1950, de données publiques : d'un fichier ou d'Internet"_s));
     offer(button(u"Command6"_s, u"Ouvrir un dossier"_s, [this] { openFolder(); }),
           hint(u"Des saisons qui sont déjà sur cette machine : Circuidex travaillera dans ce dossier"_s));
     offer(button(u"Command3"_s, u"Commencer sans télécharger"_s, [this] { close(); }), hint(u"La saison 2005, vide"_s));

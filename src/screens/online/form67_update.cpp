@@ -36,6 +36,7 @@ private:
     QWidget *manualRoad();
     QWidget *news();
     QWidget *progress();
+    QWidget *publicData();
     Button *runButton(const QString &name, const QString &caption, UpdateRun which);
     void run(UpdateRun which);
     void followDownload();
@@ -60,6 +61,7 @@ Form67::Form67(Context &theContext, const QString &name, const QString &title, s
     side->setSpacing(look::gap);
     side->addWidget(news(), 1);
     side->addWidget(progress());
+    side->addWidget(publicData());
     columns->addLayout(side, 1);
     auto *foot = new QHBoxLayout;
     foot->addStretch(1);
@@ -203,6 +205,17 @@ QWidget *Form67::progress()
                              }),
                       0, Qt::AlignRight);
     return card(u"Progression de la Mise à Jour"_s, layout);
+}
+
+// Seasons from elsewhere, and something to check one's own against.
+QWidget *Form67::publicData()
+{
+    auto *layout = new QHBoxLayout;
+    layout->setSpacing(look::gap);
+    layout->addWidget(button(u"importer"_s, u"Importer des saisons…"_s, [this] { context.screens.open(u"Importer"_s); }));
+    layout->addWidget(button(u"verifier"_s, u"Vérifier avec des données publiques…"_s,
+                             [this] { context.screens.open(u"Verifier"_s); }));
+    return card(u"Données publiques"_s, layout);
 }
 
 Button *Form67::runButton(const QString &name, const QString &caption, UpdateRun which)

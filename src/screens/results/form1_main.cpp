@@ -366,7 +366,6 @@ void Form1::registerShortcuts()
                     press(control);
             },
             does);
-    tellKey(u"Ctrl+Z, Maj+Ctrl+Z"_s, u"Annuler, rétablir la dernière action (sur tous les écrans)"_s);
     tellKey(u"Flèche gauche, flèche droite"_s, u"Grand Prix précédent, suivant (hors des champs)"_s);
 }
 

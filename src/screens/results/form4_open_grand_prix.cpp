@@ -230,6 +230,14 @@ QWidget *Form4::standingsCard()
     layout->addWidget(styled(u"Championnat des constructeurs"_s, "hint"));
     layout->addWidget(m_teams);
     layout->addStretch(1);
+    auto *check = command(u"verifier"_s, u"Vérifier avec des données publiques…"_s, [this] {
+        if (Screen *reading = context.screens.open(u"Verifier"_s)) {
+            reading->setText(u"saison"_s, qt(m_year.text()));
+            reading->press(u"comparer"_s);
+        }
+    });
+    check->setToolTip(u"La saison à côté de celle des données publiques, course par course"_s);
+    layout->addWidget(check, 0, Qt::AlignRight);
     return card(u"Classement après ce Grand Prix"_s, layout);
 }
 

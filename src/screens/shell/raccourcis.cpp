@@ -21,7 +21,10 @@ const Screen::Key keysOfWidgets[] = {
     {u"Flèches"_s, u"Se déplacer dans un menu, un tableau, une galerie, un graphique"_s},
     {u"Échap"_s, u"Fermer la fenêtre, sauf la principale"_s},
     {u"Ctrl+Z, Maj+Ctrl+Z"_s, u"Annuler, rétablir la dernière action ; dans un champ, la dernière frappe"_s},
-    {u"Ctrl+C"_s, u"Copier les cellules choisies d'un tableau"_s},
+    {u"Ctrl+C, Maj+Ctrl+C"_s, u"Copier les cellules choisies d'un tableau, ou le tableau entier"_s},
+    {u"Maj+Ctrl+S, Maj+Ctrl+H"_s, u"Enregistrer le tableau en CSV, en HTML"_s},
+    {u"Maj+Ctrl+T, Maj+Ctrl+O"_s, u"Trier le tableau par la colonne, remettre l'ordre d'origine"_s},
+    {u"Maj+F10"_s, u"Menu du tableau ou du graphique"_s},
 };
 
 class Raccourcis : public Screen {
