@@ -227,7 +227,7 @@ void ChartView::paint(QPainter &painter, const QRectF &target) const
     const QRectF paper = scaled(m_picture.paper).adjusted(-1, -1, 1, 1);
     painter.setRenderHint(QPainter::Antialiasing, false);
     for (const ChartStroke &rule : m_picture.grid) {
-        painter.setPen(QPen(look::drawn(rule.colour), rule.width));
+        painter.setPen(QPen(look::ruled(rule.colour), rule.width));
         for (const QPolygonF &part : cutOff(inWholePixels(path(rule, scaled)), paper))
             painter.drawPolyline(part);
     }

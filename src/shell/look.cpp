@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QFont>
+#include <QPainter>
 #include <QPalette>
 #include <QRegularExpression>
 #include <QStyle>
@@ -90,6 +91,8 @@ QColor deepened(const QColor &given)
     return QColor::fromHslF(std::max(hue, 0.F), saturation * (1 - paleness), .5F - paleness * .7F, alpha);
 }
 
+constexpr QLatin1String lineMark("/*line*/"); // begins the sheet of what shows the colour of a line
+
 // In the sheet of one widget the text is to be read on the widget's ground.
 QString inAppearance(const QString &sheet)
 {
@@ -97,24 +100,26 @@ QString inAppearance(const QString &sheet)
         return sheet;
     static const QRegularExpression colours(
         u"(?<![-a-z])(?:((?:selection-)?color:)|((?:selection-)?background(?:-color)?:))?(#[0-9A-Fa-f]{6})\\b"_s);
-    const bool ofOne = sheet.count(u'{') <= 1;
-    QColor behind, text;
+    const bool ofOne = sheet.count(u'{') <= 1, ofLine = sheet.startsWith(lineMark);
+    QColor behind;
+    bool wrote = false;
     QString made;
     qsizetype done = 0;
     for (auto found = colours.globalMatch(sheet); found.hasNext();) {
         const auto match = found.next();
         const QColor given(match.captured(3));
         const bool writes = match.hasCaptured(1), lays = match.hasCaptured(2);
-        if (writes)
-            text = given;
-        else if (lays)
+        wrote |= writes;
+        if (lays)
             behind = given;
         made += sheet.mid(done, match.capturedStart() - done) + match.captured(1) + match.captured(2);
-        made += (!writes ? shown(given) : ofOne && behind.isValid() ? over(given, behind) : written(given)).name();
+        const QColor laid = ofLine ? drawn(given) : shown(given);
+        const QColor text = ofOne && behind.isValid() ? over(given, behind) : written(given);
+        made += (writes ? text : laid).name();
         done = match.capturedEnd();
     }
     made += sheet.mid(done);
-    if (ofOne && behind.isValid() && !text.isValid() && readable(behind) != written(ink))
+    if (ofOne && behind.isValid() && !wrote && readable(behind) != written(ink))
         made.insert(made.endsWith(u'}') ? made.size() - 1 : made.size(), u";color:%1;"_s.arg(readable(behind).name()));
     return made;
 }
@@ -212,10 +217,16 @@ QColor drawn(const QColor &given)
 {
     if (!darkNow || !given.isValid())
         return given;
-    const float pale = given.lightnessF();
-    const bool rule = pale > .92F || (pale > .75F && given.hslSaturationF() < .3F); // of a grid, to stand back
-    const auto colour = rule ? paired(grounds, given) : paired(inks, given);
-    return colour ? *colour : rule ? *paired(grounds, level) : lightened(given, 3);
+    for (const QColor &rule : {line, level})
+        if (given == rule)
+            return shown(given);
+    const auto colour = paired(inks, given);
+    return colour ? *colour : lightened(given, 3);
+}
+
+QColor ruled(const QColor &given)
+{
+    return darkNow && given.lightnessF() > .75F ? paired(grounds, given).value_or(shown(level)) : drawn(given);
 }
 
 QColor over(const QColor &fore, const QColor &back)
@@ -227,6 +238,18 @@ QColor over(const QColor &fore, const QColor &back)
     if (contrast(best, behind) < 4.5)
         best = contrast(Qt::white, behind) > contrast(Qt::black, behind) ? Qt::white : Qt::black;
     return best;
+}
+
+QIcon sign(const QIcon &given)
+{
+    if (!darkNow)
+        return given;
+    constexpr int side = 32; // pixels, twice what it is shown at
+    QPixmap picture = given.pixmap(side);
+    QPainter painter(&picture);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(picture.rect(), written(ink));
+    return picture;
 }
 
 void dress(QWidget &widget, const QString &sheet)
@@ -422,7 +445,7 @@ QScrollBar::add-line, QScrollBar::sub-line { width:0; height:0; }
 
 QString swatch(const QColor &colour)
 {
-    return u"background:%1;border-radius:3px"_s.arg(colour.name());
+    return lineMark + u"background:%1;border-radius:3px"_s.arg(colour.name());
 }
 
 QString legendSwatch(const QColor &colour)

@@ -2,13 +2,14 @@
 #pragma once
 // The one identity of the program: colours, font and the style sheet of all screens. A screen gets its looks from here
 // and chooses none of its own. The colours below are the given ones, which controls answer and copies carry in either
-// appearance; what is painted passes through shown, line or over.
+// appearance; what is painted passes through shown, drawn, written or over.
 #include "shell/skin.h"
 
 #include <QByteArray>
 #include <QColor>
 #include <QMargins>
 #include <QGradient>
+#include <QIcon>
 #include <QString>
 
 #include <array>
@@ -71,9 +72,12 @@ bool isDark();
 QColor shown(const QColor &given);
 QColor written(const QColor &given);
 QColor drawn(const QColor &given);
+QColor ruled(const QColor &given); // of its grid, which stands back
 // Text of a given colour on a given colour: as given where it can be read, else what is read best.
 QColor over(const QColor &fore, const QColor &back);
 inline QColor readable(const QColor &back) { return over(ink, back); }
+
+QIcon sign(const QIcon &given); // of one colour, for a button
 
 // A widget's own sheet, written in given colours.
 void dress(QWidget &widget, const QString &sheet);

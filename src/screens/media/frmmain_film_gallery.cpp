@@ -274,7 +274,7 @@ Button *FrmMain::sign(const QString &name, QStyle::StandardPixmap picture, const
                       std::function<void()> handler)
 {
     auto *made = button(name, {}, std::move(handler));
-    made->setIcon(style()->standardIcon(picture));
+    made->setIcon(look::sign(style()->standardIcon(picture)));
     made->setToolTip(tip);
     made->setFixedWidth(34);
     return made;
