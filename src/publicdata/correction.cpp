@@ -2,6 +2,7 @@
 #include "publicdata/correction.h"
 
 #include "publicdata/names.h"
+#include "publicdata/refusals.h"
 #include "publicdata/season_recording.h"
 #include "results/amending.h"
 #include "results/grid.h"
@@ -17,17 +18,6 @@
 namespace circuidex::publicdata {
 
 namespace {
-
-class Unasked : public Dialogs {
-public:
-    void message(const std::string &text) override { said = text; }
-    bool question(const std::string &) override { return false; }
-    std::optional<std::string> chooseFile(const std::string &, const std::string &, const std::string &) override
-    {
-        return std::nullopt;
-    }
-    std::string said;
-};
 
 class Correction {
 public:
@@ -93,7 +83,7 @@ private:
     std::string amend(const std::string &name, const std::function<void(results::MainRecord &)> &change,
                       results::Amendment amendment = results::Amendment::byUser)
     {
-        Unasked unasked;
+        Refusals unasked;
         results::MainRecord main(m_store, unasked);
         main.an.set(m_season.stem());
         const int gp = *m_difference.gp;

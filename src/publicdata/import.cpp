@@ -2,6 +2,7 @@
 #include "publicdata/import.h"
 
 #include "publicdata/names.h"
+#include "publicdata/refusals.h"
 #include "publicdata/season_recording.h"
 #include "publicdata/swap_in.h"
 #include "results/grid.h"
@@ -27,18 +28,6 @@ std::string fileOf(const std::string &year)
 {
     return "f1" + year + ".ini";
 }
-
-// A recording has nothing to ask here; whatever is said refuses it.
-class Refusals : public Dialogs {
-public:
-    void message(const std::string &text) override { said = text; }
-    bool question(const std::string &) override { return false; }
-    std::optional<std::string> chooseFile(const std::string &, const std::string &, const std::string &) override
-    {
-        return std::nullopt;
-    }
-    std::string said;
-};
 
 // What the archive lacks of earlier and later years; what it holds stays.
 void archivePast(Store &store, const Data &data)

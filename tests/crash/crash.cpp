@@ -14,14 +14,14 @@
 // damaged one must be there under some name, and the last start must end with the good one in its place.
 //
 // Two more are killed at each call of a simulation's start and stop, and once more while the next start stops what it
-// finds. The season must be as before or hold the whole simulated race, with the next start knowing which, and as before
-// in the end.
+// finds. The season must be as before or hold the whole simulated race, with the next start knowing which, and as
+// before in the end.
+#include "crash/killing.h"
 #include "results/amending.h"
 #include "results/new_season.h"
 #include "results/recording.h"
 #include "results/simulation.h"
 #include "store/temporary_folder.h"
-#include "store/watched_calls.h"
 
 #include <csignal>
 #include <cstdio>
@@ -42,10 +42,14 @@ class Silent : public Dialogs {
 public:
     void message(const std::string &) override { }
     bool question(const std::string &) override { return true; }
-    std::optional<std::string> chooseFile(const std::string &, const std::string &, const std::string &) override { return std::nullopt; }
+    std::optional<std::string> chooseFile(const std::string &, const std::string &, const std::string &) override
+    {
+        return std::nullopt;
+    }
 };
 
-void enter(results::MainRecord &main, const char *slot, const char *name, std::array<const char *, 8> places, const char *pole)
+void enter(results::MainRecord &main, const char *slot, const char *name, std::array<const char *, 8> places,
+           const char *pole)
 {
     main.Label40.set(slot);
     main.gp.set(name);
@@ -144,29 +148,6 @@ Course undisturbed(const fs::path &sample)
     return course;
 }
 
-// A child that works until the call of that number, then ends without another instruction. In a write, half of it is
-// done. Its status.
-int killAt(std::size_t last, const std::function<void()> &work)
-{
-    const pid_t child = ::fork();
-    if (child == 0) {
-        std::size_t count = 0;
-        const WatchedCalls watched([&](const WatchedCalls::Call &call) {
-            if (writes(call) && count++ == last) {
-                if (call.writePart)
-                    call.writePart(call.size / 2);
-                ::kill(::getpid(), SIGKILL);
-            }
-            return 0;
-        });
-        work();
-        ::_exit(0);
-    }
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    return status;
-}
-
 // A start on a damaged season, the question answered by "Oui", and what the start then writes.
 void putBack(const fs::path &folder)
 {
@@ -230,7 +211,7 @@ public:
     void atCall(std::size_t call)
     {
         const Workshop folder(m_sample);
-        count(killAt(call, [&] { work(folder.path()); }));
+        count(killAt(call, writes, [&] { work(folder.path()); }));
         if (stateOf(folder.path()) != m_course.states[m_course.atCall[call]])
             fault("call " + std::to_string(call) + ": not the state that the writes before it make");
         lookAround(folder, "call " + std::to_string(call));
@@ -244,13 +225,13 @@ public:
         fs::copy(m_sample / "f12005.ini", folder / "Sauvegardes/2005-10-09_2130");
         layDown(folder / "f12005.ini", damaged);
         const std::string where = "restoring, call " + std::to_string(call) + (twice ? ", twice" : "");
-        const int status = killAt(call, [&] { putBack(folder.path()); });
+        const int status = killAt(call, writes, [&] { putBack(folder.path()); });
         if (WIFEXITED(status))
             return false;
         count(status);
         lookAtSeason(folder, damaged, where);
         if (twice) {
-            count(killAt(call * 7 % 30, [&] { putBack(folder.path()); }));
+            count(killAt(call * 7 % 30, writes, [&] { putBack(folder.path()); }));
             lookAtSeason(folder, damaged, where);
         }
         putBack(folder.path());
@@ -267,12 +248,12 @@ public:
     {
         const Workshop folder(m_sample);
         const std::string where = "simulation, call " + std::to_string(call);
-        const int status = killAt(call, [&] { simulate(folder.path(), typed); });
+        const int status = killAt(call, writes, [&] { simulate(folder.path(), typed); });
         if (WIFEXITED(status))
             return false;
         count(status);
         lookAtSimulation(folder, where);
-        count(killAt(call * 7 % 60, [&] { stopSimulated(folder.path()); }));
+        count(killAt(call * 7 % 60, writes, [&] { stopSimulated(folder.path()); }));
         lookAtSimulation(folder, where + ", twice");
         stopSimulated(folder.path());
         if (withoutTraces(content(folder / "f12005.ini")) != withoutTraces(content(m_sample / "f12005.ini")))

@@ -8,12 +8,12 @@
 // work, and as often at moments spread over its running time, every other time again while the next start ends or takes
 // back the work. After that next start the folder must be as before, or the import whole, with a copy of what it
 // replaced; and nothing may lie about.
+#include "crash/killing.h"
 #include "publicdata/import.h"
 #include "publicdata/reading.h"
 #include "publicdata/swap_in.h"
 #include "store/history.h"
 #include "store/temporary_folder.h"
-#include "store/watched_calls.h"
 
 #include <chrono>
 #include <csignal>
@@ -128,28 +128,6 @@ bool counts(const WatchedCalls::Call &call)
     return writes(call) || call.name == "open";
 }
 
-template <typename Work>
-void killAtCall(std::size_t last, Trial &trial, Work work)
-{
-    const pid_t child = ::fork();
-    if (child == 0) {
-        std::size_t count = 0;
-        const WatchedCalls watched([&](const WatchedCalls::Call &call) {
-            if (counts(call) && count++ == last) {
-                if (call.writePart)
-                    call.writePart(call.size / 2);
-                ::kill(::getpid(), SIGKILL);
-            }
-            return 0;
-        });
-        work();
-        ::_exit(0);
-    }
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    trial.kills += WIFSIGNALED(status);
-}
-
 // Never killed when the time is 0, or when it ends before. How long it took.
 template <typename Work>
 std::chrono::microseconds runFor(std::chrono::microseconds time, Trial &trial, Work work)
@@ -190,9 +168,9 @@ int main(int argc, char **argv)
     for (std::size_t i = 0; i < kills; ++i) {
         const Workshop folder(argv[2]);
         const std::size_t call = std::min((i * calls + random() % calls) / kills, calls - 1);
-        killAtCall(call, trial, [&] { import(folder.path()); });
+        trial.kills += WIFSIGNALED(killAt(call, counts, [&] { import(folder.path()); }));
         if (i % 2 == 1)
-            killAtCall(random() % 12, trial, [&] { finishImport(folder.path()); });
+            trial.kills += WIFSIGNALED(killAt(random() % 12, counts, [&] { finishImport(folder.path()); }));
         finishImport(folder.path());
         trial.look(folder, "call " + std::to_string(call));
     }

@@ -8,6 +8,7 @@
 // calls or in the middle of a write. The next start, which is killed too each third time, must leave the files as they
 // were before or after the very step that the kill met, and undoing everything from there must bring back the folder as
 // it was at first, byte for byte. Kills are spread over the undoing and redoing; one in four meets an action.
+#include "crash/killing.h"
 #include "media/journal.h"
 #include "results/amending.h"
 #include "results/grid.h"
@@ -15,7 +16,6 @@
 #include "results/recording.h"
 #include "store/history.h"
 #include "store/temporary_folder.h"
-#include "store/watched_calls.h"
 
 #include <algorithm>
 #include <csignal>
@@ -143,40 +143,18 @@ Course undisturbed(const fs::path &sample)
     return course;
 }
 
-// True when the child was killed at the call of that number.
-bool killedAt(std::size_t last, const std::function<void()> &work)
-{
-    const pid_t child = ::fork();
-    if (child == 0) {
-        std::size_t count = 0;
-        const WatchedCalls watched([&](const WatchedCalls::Call &call) {
-            if (writes(call) && count++ == last) {
-                if (call.writePart)
-                    call.writePart(call.size / 2);
-                ::kill(::getpid(), SIGKILL);
-            }
-            return 0;
-        });
-        work();
-        ::_exit(0);
-    }
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    return WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
-}
-
 // What is wrong after a kill at that call; empty when nothing is.
 std::string fault(const fs::path &sample, const Course &course, std::size_t call, bool twice)
 {
     const Workshop folder(sample);
-    if (!killedAt(call, [&] { Sitting(folder.path()).work([] {}); }))
+    if (!WIFSIGNALED(killAt(call, writes, [&] { Sitting(folder.path()).work([] {}); })))
         return "not killed";
     const auto start = [&] {
         Store store(folder.path());
         store.keepHistory();
     };
     if (twice)
-        killedAt(call % 11, start);
+        killAt(call % 11, writes, start);
     start();
     const std::size_t step = course.atCall[call];
     const State left = stateOf(folder.path());

@@ -9,10 +9,10 @@
 // while it ends the work. After each kill every file must be the old or the new one, whole, and a new one of an archive
 // only when all of that archive was unpacked. A last undisturbed run must end with all new, the archives gone, copies
 // of what was replaced, and nothing lying about.
+#include "crash/killing.h"
 #include "online/archives.h"
 #include "online/unpacking.h"
 #include "store/temporary_folder.h"
-#include "store/watched_calls.h"
 
 #include <chrono>
 #include <csignal>
@@ -160,27 +160,6 @@ std::size_t callsOfARun()
     return count;
 }
 
-void killAtCall(const Workshop &folder, std::size_t last, Trial &trial)
-{
-    const pid_t child = ::fork();
-    if (child == 0) {
-        std::size_t count = 0;
-        const WatchedCalls watched([&](const WatchedCalls::Call &call) {
-            if (counts(call) && count++ == last) {
-                if (call.writePart)
-                    call.writePart(call.size / 2);
-                ::kill(::getpid(), SIGKILL);
-            }
-            return 0;
-        });
-        online::unpackAll(folder.path());
-        ::_exit(0);
-    }
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    trial.kills += WIFSIGNALED(status);
-}
-
 // The program itself, killed after so long; never when it ends before. How long it took.
 std::chrono::microseconds runFor(const Workshop &folder, const std::string &zip, std::chrono::microseconds time,
                                  Trial &trial)
@@ -217,7 +196,7 @@ int main(int argc, char **argv)
         const Workshop folder;
         const std::size_t call = std::min((i * calls + random() % calls) / kills, calls - 1);
         const std::string where = "call " + std::to_string(call);
-        killAtCall(folder, call, trial);
+        trial.kills += WIFSIGNALED(killAt(call, counts, [&] { online::unpackAll(folder.path()); }));
         trial.look(folder, where);
         online::unpackAll(folder.path());
         trial.lookAtEnd(folder, where);
