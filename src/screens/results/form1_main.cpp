@@ -374,8 +374,10 @@ void Form1::resizeEvent(QResizeEvent *event)
 {
     constexpr int madeFor = 768; // pixels
     Screen::resizeEvent(event);
-    if (m_display)
-        m_display->setVisible(height() >= madeFor + m_display->sizeHint().height());
+    if (!m_display)
+        return;
+    m_display->setMinimumHeight(m_display->sizeHint().height()); // its words wrap, and none is cut off
+    m_display->setVisible(height() >= madeFor + m_display->minimumHeight());
 }
 
 // Outside the fields, where they move the text cursor.
