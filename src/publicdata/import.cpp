@@ -5,6 +5,7 @@
 #include "publicdata/refusals.h"
 #include "publicdata/season_recording.h"
 #include "publicdata/swap_in.h"
+#include "results/first_steps.h"
 #include "results/grid.h"
 #include "results/simulation.h"
 #include "statistics/season_statistics.h"
@@ -106,8 +107,13 @@ bool mayDescribe(const std::string &path, const std::string &year)
 
 bool seasonExists(const Store &store, int year)
 {
-    const auto files = backups::dataFiles(store.folder().string());
-    return files.contains(fileOf(std::to_string(year)));
+    const std::string name = fileOf(std::to_string(year));
+    if (!backups::dataFiles(store.folder().string()).contains(name))
+        return false;
+    const bool begun = results::isBegun(Season(store, std::to_string(year))); // by this it is read
+    return begun || std::ranges::any_of(store.damaged(), [&](const Store::Damaged &file) {
+               return file.name == name && file.stands();
+           });
 }
 
 std::optional<Note> archiveNote(const Store &store, const Data &data)

@@ -10,7 +10,8 @@
 
 namespace circuidex::publicdata {
 
-// The user has a file of that season, whatever is in it.
+// The user has a season of that year: a file with more in it than a start of the program leaves, or one that is damaged,
+// of which nobody can tell.
 bool seasonExists(const Store &store, int year);
 
 // What the archive has no room for: it lists 61 names of Grands Prix. Absent when all fit.

@@ -55,6 +55,11 @@ std::optional<Need> firstLack(const Season &season, Need need)
     return std::nullopt;
 }
 
+bool isBegun(const Season &season)
+{
+    return has(season, Need::drivers) || has(season, Need::calendar);
+}
+
 bool hasRace(const Season &season)
 {
     return anyRace(season, [&](const std::string &name) { return season.recorded(name); });

@@ -18,6 +18,9 @@ std::optional<Need> firstLack(const Season &season, Need need);
 
 bool hasRace(const Season &season); // one at least is recorded
 
+// A driver or a race of the calendar: more than a start of the program leaves in the file of a season.
+bool isBegun(const Season &season);
+
 // The years that have a file in the program folder, the oldest first.
 std::vector<std::string> seasonsOf(const Store &store);
 

@@ -145,6 +145,18 @@ TEST(Import, IsOneUndo)
     EXPECT_EQ(files(), after);
 }
 
+TEST(Import, TakesADamagedSeasonForOneThatExists)
+{
+    const TemporaryFolder folder;
+    layDown(folder / "f11991.ini", "[ecran]\r\nresolutionX=1280\r\n"); // of a start
+    layDown(folder / "f11997.ini", std::string("PK\x03\x04") + std::string(300, '\0'));
+    Store store(folder.path());
+    store.protect();
+    EXPECT_FALSE(seasonExists(store, 1991));
+    EXPECT_TRUE(seasonExists(store, 1997));
+    EXPECT_FALSE(seasonExists(store, 2004));
+}
+
 TEST(Import, ReplacesNothingUnasked)
 {
     Desk desk;

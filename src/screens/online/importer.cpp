@@ -26,26 +26,10 @@ namespace {
 constexpr int seasonRows = 150, previewRows = 700;
 constexpr std::size_t mostDifferences = 4; // of a season that exists, told in the preview
 
-// The file may be there with nothing in it, as after a first start.
-bool holdsSomething(const Season &season)
-{
-    if (results::firstLack(season, results::Need::drivers) != results::Need::drivers || results::hasRace(season))
-        return true;
-    for (int slot = 0; slot < gpSlots; ++slot)
-        if (!season.namegp(slot).empty())
-            return true;
-    return false;
-}
-
-bool existsFilled(const Store &store, int year)
-{
-    return publicdata::seasonExists(store, year) && holdsSomething(Season(store, std::to_string(year)));
-}
-
 bool folderHasSeasons(const Store &store)
 {
     return std::ranges::any_of(results::seasonsOf(store),
-                               [&](const std::string &year) { return holdsSomething(Season(store, year)); });
+                               [&](const std::string &year) { return results::isBegun(Season(store, year)); });
 }
 
 QString plural(std::size_t count, const QString &word)
@@ -193,7 +177,8 @@ void Importer::showSeasons()
         m_seasons->set(u"saison", row, there ? QString::number(year) : QString());
         m_seasons->set(u"courses", row, of ? QString::number(of->races.size()) : QString());
         m_seasons->set(u"champion", row, champion);
-        m_seasons->set(u"dossier", row, there && existsFilled(context.store, year) ? u"existe"_s : QString());
+        m_seasons->set(u"dossier", row,
+                       there && publicdata::seasonExists(context.store, year) ? u"existe"_s : QString());
         for (const QStringView column : {u"choix", u"saison", u"courses", u"champion", u"dossier"})
             m_seasons->setBack(column, row, chosen ? std::optional(look::chosen) : std::nullopt);
     }
@@ -213,7 +198,7 @@ void Importer::toggle(int row)
 void Importer::chooseMissing()
 {
     for (const int year : m_years)
-        if (!existsFilled(context.store, year))
+        if (!publicdata::seasonExists(context.store, year))
             m_chosen.insert(year);
     planSoon();
 }
@@ -244,7 +229,7 @@ void Importer::planNext()
         m_chosen.erase(next);
         return showSeasons();
     }
-    Planned planned{*std::move(plan), existsFilled(context.store, *next), {}};
+    Planned planned{*std::move(plan), publicdata::seasonExists(context.store, *next), {}};
     if (planned.exists)
         planned.differences = differencesOf(*next);
     m_planned.emplace(*next, std::move(planned));
@@ -351,10 +336,10 @@ void Importer::start()
     m_importing.clear();
     m_replacing = false;
     for (const int year : m_chosen) {
-        if (existsFilled(context.store, year) && !mayReplace(year))
-            continue;
         const bool there = publicdata::seasonExists(context.store, year);
-        m_replacing |= there;
+        if (there && !mayReplace(year))
+            continue;
+        m_replacing |= there || context.main.season().stem() == std::to_string(year);
         seasons.push_back({m_planned.at(year).plan, there});
         m_importing.push_back(std::to_string(year));
     }
